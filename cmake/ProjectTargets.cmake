@@ -1,0 +1,34 @@
+# What every target of our own is compiled with, and how its sources are collected.
+
+# Definitions of the module's Windows: wide strings, Windows 7 and later. NOMINMAX keeps two
+# macros of windows.h off std::min and std::max.
+set(PROJECT_DEFINITIONS UNICODE _UNICODE WINVER=0x0601 _WIN32_WINNT=0x0601 NOMINMAX=)
+
+if(MSVC)
+  set(PROJECT_WARNINGS /W4 /WX /permissive- /Zc:__cplusplus /utf-8)
+else()
+  set(PROJECT_WARNINGS -Wall -Wextra -Werror)
+endif()
+
+set(WINDOWS_LIBRARIES ole32 oleaut32 uuid shlwapi shell32 comctl32 comdlg32 user32 gdi32 advapi32
+    version)
+
+# Gives the sources and resource scripts below the folders that follow the variable's name.
+function(collect_sources variable)
+  set(patterns "")
+  foreach(folder IN LISTS ARGN)
+    list(APPEND patterns ${CMAKE_SOURCE_DIR}/${folder}/*.cpp ${CMAKE_SOURCE_DIR}/${folder}/*.rc
+         ${CMAKE_SOURCE_DIR}/${folder}/*.def)
+  endforeach()
+  file(GLOB_RECURSE found CONFIGURE_DEPENDS ${patterns})
+  set(${variable} ${found} PARENT_SCOPE)
+endfunction()
+
+# Makes a target one of ours: strict warnings, the project's definitions.
+function(project_target target)
+  target_compile_definitions(${target} PRIVATE ${PROJECT_DEFINITIONS})
+  target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:${PROJECT_WARNINGS}>)
+  if(MSVC)
+    target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:/EHsc>)
+  endif()
+endfunction()

@@ -1,0 +1,102 @@
+# Checks that compile nothing to keep: `format_check`, `tidy` and `portability`. Each leaves a stamp
+# a file, so a second run looks only at what has changed. None is built by default.
+
+if(NOT CMAKE_CROSSCOMPILING)
+  return()
+endif()
+
+set(checks_folder ${CMAKE_BINARY_DIR}/checks)
+file(MAKE_DIRECTORY ${checks_folder})
+
+function(project_files variable)
+  set(patterns "")
+  foreach(extension IN LISTS ARGN)
+    foreach(folder src hostapi workbench support tests bench)
+      list(APPEND patterns ${CMAKE_SOURCE_DIR}/${folder}/*.${extension})
+    endforeach()
+  endforeach()
+  file(GLOB_RECURSE found CONFIGURE_DEPENDS ${patterns})
+  set(${variable} ${found} PARENT_SCOPE)
+endfunction()
+
+# A file's name in the checks' folder: its path below the root with dots.
+function(check_name_of file variable)
+  file(RELATIVE_PATH name ${CMAKE_SOURCE_DIR} ${file})
+  string(REPLACE "/" "." name ${name})
+  set(${variable} ${name} PARENT_SCOPE)
+endfunction()
+
+# --- format -------------------------------------------------------------------------------------
+
+find_program(CLANG_FORMAT NAMES clang-format clang-format-14)
+set(format_stamps "")
+project_files(formatted_files h cpp)
+if(CLANG_FORMAT)
+  foreach(file IN LISTS formatted_files)
+    check_name_of(${file} name)
+    set(stamp ${checks_folder}/${name}.format)
+    add_custom_command(
+      OUTPUT ${stamp}
+      COMMAND ${CLANG_FORMAT} --style=file --dry-run -Werror ${file}
+      COMMAND ${CMAKE_COMMAND} -E touch ${stamp}
+      DEPENDS ${file} ${CMAKE_SOURCE_DIR}/.clang-format
+      COMMENT "Checking the format of ${name}" VERBATIM)
+    list(APPEND format_stamps ${stamp})
+  endforeach()
+endif()
+add_custom_target(format_check DEPENDS ${format_stamps})
+
+# --- clang-tidy ---------------------------------------------------------------------------------
+
+# The definitions and include folders of the module's objects, as command-line words.
+set(project_defines ${PROJECT_DEFINITIONS})
+list(TRANSFORM project_defines PREPEND -D)
+set(module_flags -std=c++17 ${project_defines} -I ${CMAKE_SOURCE_DIR}/src
+    -I ${CMAKE_SOURCE_DIR}/hostapi -isystem ${GENERATED_FOLDER})
+set(module_order_dependency "")
+if(TARGET tessaro_client_files)
+  set(module_order_dependency tessaro_client_files)
+endif()
+
+find_program(CLANG_TIDY NAMES clang-tidy clang-tidy-14)
+# clang knows MinGW's C headers, but not where Debian keeps the C++ ones.
+set(mingw_include "")
+foreach(folder IN LISTS CMAKE_CXX_IMPLICIT_INCLUDE_DIRECTORIES)
+  if(folder MATCHES "/c\\+\\+")
+    list(APPEND mingw_include -isystem ${folder})
+  endif()
+endforeach()
+
+# Adds a target that runs clang-tidy over sources, with the compiler flags that follow them.
+function(add_tidy_target target sources)
+  set(stamps "")
+  foreach(file IN LISTS ${sources})
+    check_name_of(${file} name)
+    set(stamp ${checks_folder}/${name}.tidy)
+    add_custom_command(
+      OUTPUT ${stamp}
+      COMMAND ${CMAKE_CXX_COMPILER} ${ARGN} -MM -MF ${stamp}.d -MT ${stamp} ${file}
+      COMMAND ${CLANG_TIDY} --quiet --config-file=${CMAKE_SOURCE_DIR}/.clang-tidy ${file} --
+              --target=x86_64-w64-mingw32 ${mingw_include} ${ARGN}
+      COMMAND ${CMAKE_COMMAND} -E touch ${stamp}
+      DEPENDS ${file} ${CMAKE_SOURCE_DIR}/.clang-tidy ${module_order_dependency}
+      DEPFILE ${stamp}.d
+      COMMENT "Running clang-tidy on ${name}" VERBATIM)
+    list(APPEND stamps ${stamp})
+  endforeach()
+  add_custom_target(${target} DEPENDS ${stamps})
+endfunction()
+
+file(GLOB_RECURSE module_files CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/*.cpp)
+file(GLOB_RECURSE other_files CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/workbench/*.cpp
+     ${CMAKE_SOURCE_DIR}/support/*.cpp ${CMAKE_SOURCE_DIR}/tests/*.cpp)
+if(CLANG_TIDY)
+  add_tidy_target(tidy module_files ${module_flags})
+  add_tidy_target(tidy_others other_files ${module_flags} -I ${CMAKE_SOURCE_DIR}/workbench
+                  -I ${CMAKE_SOURCE_DIR}/tests -isystem ${CMAKE_BINARY_DIR}/json
+                  -isystem ${GOOGLETEST_FOLDER}/googletest/include)
+endif()
+
+# --- portability --------------------------------------------------------------------------------
+
+include(Portability)

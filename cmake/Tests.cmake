@@ -1,0 +1,13 @@
+# unit_tests drives the module's parts directly, workbench_tests the real .arx in the workbench.
+# Both are Windows programs; cmake/wine-run starts them.
+
+find_path(GOOGLETEST_FOLDER googletest/CMakeLists.txt PATHS /usr/src/googletest
+          NO_CMAKE_FIND_ROOT_PATH REQUIRED)
+set(BUILD_GMOCK OFF CACHE BOOL "" FORCE)
+set(INSTALL_GTEST OFF CACHE BOOL "" FORCE)
+add_subdirectory(${GOOGLETEST_FOLDER} ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
+
+enable_testing()
+if(EXISTS ${CMAKE_SOURCE_DIR}/tests/CMakeLists.txt)
+  add_subdirectory(tests)
+endif()

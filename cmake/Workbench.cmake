@@ -1,0 +1,68 @@
+# The stand-in host and the stand-in client.
+
+# JSON's header sits in the build machine's own include folder, where a cross compiler must not
+# look; a folder with nothing else leads to it.
+find_path(JSON_FOLDER nlohmann/json.hpp PATHS /usr/include NO_CMAKE_FIND_ROOT_PATH REQUIRED)
+file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/json)
+file(CREATE_LINK ${JSON_FOLDER}/nlohmann ${CMAKE_BINARY_DIR}/json/nlohmann SYMBOLIC)
+
+# A library of the workbench gives everything it defines to the others, as the host does; what it
+# was linked with stays its own.
+function(export_everything target)
+  target_link_options(${target} PRIVATE -Wl,--export-all-symbols -Wl,--exclude-libs,ALL)
+endfunction()
+
+collect_sources(core_sources workbench/core)
+if(core_sources)
+  add_library(wbcore SHARED ${core_sources})
+  project_target(wbcore)
+  export_everything(wbcore)
+  # The result-code table is the module's; both sides name a code alike.
+  if(EXISTS ${CMAKE_SOURCE_DIR}/src/vault/ResultCodeTable.cpp)
+    target_sources(wbcore PRIVATE ${CMAKE_SOURCE_DIR}/src/vault/ResultCodeTable.cpp)
+  endif()
+  target_include_directories(wbcore PUBLIC ${CMAKE_SOURCE_DIR}/workbench ${CMAKE_SOURCE_DIR}/src)
+  target_include_directories(wbcore SYSTEM PRIVATE ${CMAKE_BINARY_DIR}/json)
+  target_link_libraries(wbcore PUBLIC ${WINDOWS_LIBRARIES} PRIVATE comsupp)
+endif()
+
+collect_sources(host_sources workbench/host)
+set(program_sources ${host_sources})
+list(FILTER program_sources INCLUDE REGEX "/cadhost\\.(cpp|rc)$")
+list(FILTER host_sources EXCLUDE REGEX "/cadhost\\.(cpp|rc)$")
+if(host_sources)
+  add_library(wbhost SHARED ${host_sources})
+  project_target(wbhost)
+  export_everything(wbhost)
+  target_include_directories(wbhost PUBLIC ${CMAKE_SOURCE_DIR}/workbench)
+  target_link_libraries(wbhost PUBLIC wbcore host_interface PRIVATE comsupp)
+  if(TARGET tessaro_client_idl)
+    target_link_libraries(wbhost PRIVATE tessaro_client_idl)
+  endif()
+endif()
+
+collect_sources(client_sources workbench/client)
+if(client_sources AND TARGET tessaro_client_idl)
+  add_library(TessaroClient SHARED ${client_sources})
+  project_target(TessaroClient)
+  target_link_libraries(TessaroClient PRIVATE wbcore comsupp tessaro_client_idl)
+  # The type library and the default texts travel inside, as resources.
+  target_include_directories(TessaroClient PRIVATE ${GENERATED_FOLDER})
+  set(client_resources ${client_sources})
+  list(FILTER client_resources INCLUDE REGEX "\\.rc$")
+  file(GLOB client_texts CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/workbench/client/*.txt)
+  set_source_files_properties(${client_resources} PROPERTIES
+    OBJECT_DEPENDS "${CLIENT_TYPE_LIBRARY};${client_texts}")
+endif()
+
+if(program_sources)
+  add_executable(cadhost ${program_sources})
+  project_target(cadhost)
+  target_link_libraries(cadhost PRIVATE wbhost)
+  # It loads these two by name.
+  foreach(library TessaroAcad TessaroClient)
+    if(TARGET ${library})
+      add_dependencies(cadhost ${library})
+    endif()
+  endforeach()
+endif()

@@ -1,0 +1,29 @@
+# shellcheck shell=bash
+# Sourced by check and tour: the Debian packages that building and running need.
+
+debian_packages=(
+  cmake ninja-build g++-mingw-w64-x86-64-posix mingw-w64-tools libwine-dev wine64
+  googletest nlohmann-json3-dev clang-format clang-tidy clang-19 libc++-19-dev
+  xvfb fonts-wine fonts-dejavu-core imagemagick python3-ezdxf)
+
+# Installs what is missing; without the right to, names it and fails.
+install_missing_packages() {
+  local package missing=() as_root=()
+  for package in "${debian_packages[@]}"; do
+    [[ $(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null) == installed ]] ||
+      missing+=("$package")
+  done
+  ((${#missing[@]})) || return 0
+  if ((EUID)); then
+    if ! sudo -n true 2>/dev/null; then
+      echo "Missing Debian packages: ${missing[*]}" >&2
+      echo "Install them with: sudo apt-get install ${missing[*]}" >&2
+      return 1
+    fi
+    as_root=(sudo -n)
+  fi
+  echo "Installing ${missing[*]}"
+  "${as_root[@]}" apt-get update -qq </dev/null &&
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+      apt-get install -y -qq --no-install-recommends "${missing[@]}" </dev/null >/dev/null
+}

@@ -1,0 +1,102 @@
+# shellcheck shell=bash
+# Sourced by check, tour and run-under-wine: a display, a Wine prefix of our own and a desktop in
+# it, all ended when the script that asked for them ends.
+#
+#   wine_begin FOLDER           the prefix lives in FOLDER; made at the first use
+#   wine_run SECONDS PROGRAM... runs a Windows program with a time limit; gives its exit code
+#   wine_end                    ends the prefix's processes and the display
+#   windows_path PATH           the same file as a Windows program names it
+
+wine_display_process=
+wine_desktop_size=1280x800
+
+find_wine() {
+  local folder
+  for folder in /usr/lib/wine /usr/lib/*/wine /usr/lib/wine-*; do
+    # The `wine` wrapper insists on a 32-bit Wine; the 64-bit loader itself doesn't.
+    if [[ -x $folder/wine64 ]]; then
+      wine_loader=$folder/wine64
+      wine_server=$folder/wineserver64
+      [[ -x $wine_server ]] || wine_server=$folder/wineserver
+      return
+    fi
+  done
+  wine_loader=$(command -v wine64) && wine_server=$(command -v wineserver64 wineserver | head -n 1)
+}
+
+windows_path() {
+  printf 'Z:%s' "${1//\//\\}"
+}
+
+wine_begin() {
+  local folder=$1
+  find_wine || { echo "There is no 64-bit Wine." >&2; return 1; }
+  mkdir -p "$folder/home" || return 1
+  # Two runs in one prefix would end each other's server; the second waits.
+  exec 9>"$folder/lock"
+  flock 9
+  trap wine_end EXIT
+  trap 'exit 130' INT
+  trap 'exit 143' TERM HUP
+  export WINEPREFIX=$folder/prefix HOME=$folder/home LC_ALL=C.UTF-8
+  export WINEDEBUG=-all WINEDLLOVERRIDES='mscoree,mshtml,winemenubuilder.exe='
+  unset WAYLAND_DISPLAY WINEARCH
+  start_display "$folder" && make_prefix
+}
+
+start_display() {
+  local number=$1/display left=100
+  : >"$number"
+  Xvfb -displayfd 8 -screen 0 ${wine_desktop_size}x24 -nolisten tcp \
+    8>"$number" >/dev/null 2>&1 </dev/null 9>&- &
+  wine_display_process=$!
+  until [[ -s $number ]]; do
+    if ((left-- == 0)) || ! kill -0 $wine_display_process 2>/dev/null; then
+      echo "Xvfb doesn't start." >&2
+      return 1
+    fi
+    sleep 0.1
+  done
+  DISPLAY=:$(<"$number")
+  export DISPLAY
+}
+
+make_prefix() {
+  [[ -e $WINEPREFIX/complete ]] && return
+  rm -rf "$WINEPREFIX"
+  wine_run 300 wineboot --init >"$WINEPREFIX.log" 2>&1 &&
+    wine_settings >>"$WINEPREFIX.log" 2>&1 &&
+    timeout 60 "$wine_server" -w 9>&- &&
+    : >"$WINEPREFIX/complete" && return
+  cat "$WINEPREFIX.log" >&2
+  echo "The Wine prefix couldn't be made." >&2
+  return 1
+}
+
+wine_settings() {
+  local wine='HKCU\Software\Wine'
+  # Windows only get captions and frames inside a desktop of Wine's own.
+  wine_run 60 reg add "$wine\\Explorer" /v Desktop /d Default /f &&
+    wine_run 60 reg add "$wine\\Explorer\\Desktops" /v Default /d $wine_desktop_size /f &&
+    # A program that crashes prints its stack and ends; nobody is there to answer a box.
+    wine_run 60 reg add "$wine\\WineDbg" /v ShowCrashDialog /t REG_DWORD /d 0 /f
+}
+
+wine_run() {
+  local seconds=$1
+  shift
+  timeout --foreground --kill-after=5 "$seconds" "$wine_loader" "$@" 9>&-
+}
+
+wine_end() {
+  trap - EXIT
+  if [[ -n ${WINEPREFIX:-} && -d $WINEPREFIX ]]; then
+    timeout 30 "$wine_server" -k 9>&- 2>/dev/null
+  fi
+  if [[ -n $wine_display_process ]]; then
+    kill "$wine_display_process" 2>/dev/null
+    wait "$wine_display_process" 2>/dev/null
+    wine_display_process=
+  fi
+  exec 9>&-
+}
