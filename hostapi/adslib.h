@@ -1,0 +1,6 @@
+#pragma once
+
+#include "acedads.h"
+#include "acutmem.h"
+#include "adscodes.h"
+#include "adsdef.h"
