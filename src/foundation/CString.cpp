@@ -1,0 +1,8 @@
+#include "foundation/CString.h"
+
+#include <windows.h>
+
+bool equalIgnoringCase(const CString& left, const CString& right) {
+  return CompareStringOrdinal(left.c_str(), static_cast<int>(left.size()), right.c_str(),
+                              static_cast<int>(right.size()), TRUE) == CSTR_EQUAL;
+}

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <objbase.h>
+
+/// A level of COM on this thread for a scope, for work that the host doesn't start as a command.
+class ComScope {
+ public:
+  ComScope() : entered(SUCCEEDED(CoInitialize(nullptr))) {}
+  ComScope(const ComScope&) = delete;
+  ComScope& operator=(const ComScope&) = delete;
+  ~ComScope() {
+    if (entered) CoUninitialize();
+  }
+
+ private:
+  const bool entered;
+};

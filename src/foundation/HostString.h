@@ -1,0 +1,33 @@
+#pragma once
+
+#include <acutmem.h>
+
+#include "foundation/CString.h"
+
+/// Owner of a text that the host made for the caller.
+class HostString {
+ public:
+  HostString() = default;
+  explicit HostString(ACHAR* made) : made(made) {}
+  HostString(const HostString&) = delete;
+  HostString& operator=(const HostString&) = delete;
+  ~HostString() { free(); }
+
+  /// For an operation of the host that makes a text.
+  ACHAR*& out() {
+    free();
+    return made;
+  }
+
+  CString text() const { return textOf(made); }
+
+ private:
+  void free() {
+    if (made == nullptr) return;
+    void* buffer = made;
+    acutDelBuffer(buffer);
+    made = nullptr;
+  }
+
+  ACHAR* made = nullptr;
+};

@@ -1,0 +1,110 @@
+#include "foundation/Registry.h"
+
+#include <cstring>
+#include <vector>
+
+namespace {
+
+/// A value as it stands in the registry.
+struct RawValue {
+  DWORD type = REG_NONE;
+  std::vector<BYTE> bytes;
+};
+
+bool readRaw(HKEY key, const wchar_t* name, RawValue& value) {
+  LONG result = ERROR_MORE_DATA;
+  // The value may grow between the question for its size and the reading.
+  while (result == ERROR_MORE_DATA) {
+    DWORD size = 0;
+    if (RegQueryValueExW(key, name, nullptr, nullptr, nullptr, &size) != ERROR_SUCCESS) {
+      return false;
+    }
+    // One byte at least: without a buffer the reading would only ask for the size again.
+    value.bytes.resize(size + 1);
+    result = RegQueryValueExW(key, name, nullptr, &value.type, value.bytes.data(), &size);
+    value.bytes.resize(size);
+  }
+  return result == ERROR_SUCCESS;
+}
+
+/// The text up to its first null, which need not be there.
+CString textIn(const std::vector<BYTE>& bytes) {
+  CString text(bytes.size() / sizeof(wchar_t), L'\0');
+  std::memcpy(text.data(), bytes.data(), text.size() * sizeof(wchar_t));
+  return text.c_str();
+}
+
+bool expandVariables(CString& text) {
+  const DWORD size = ExpandEnvironmentStringsW(text.c_str(), nullptr, 0);
+  CString expanded(size, L'\0');
+  const DWORD written = ExpandEnvironmentStringsW(text.c_str(), expanded.data(), size);
+  if (written == 0 || written > size) {
+    return false;
+  }
+  text = expanded.c_str();
+  return true;
+}
+
+}  // namespace
+
+Registry::~Registry() { close(); }
+
+bool Registry::open(HKEY parent, const wchar_t* subKey, REGSAM access, bool create) {
+  close();
+  wchar_t noClass[] = L"";
+  if (create && subKey != nullptr && *subKey != 0) {
+    lastResult_ = RegCreateKeyExW(parent, subKey, 0, noClass, REG_OPTION_NON_VOLATILE, access,
+                                  nullptr, &key_, nullptr);
+  } else {
+    lastResult_ = RegOpenKeyExW(parent, subKey, 0, access, &key_);
+  }
+  if (lastResult_ != ERROR_SUCCESS) {
+    key_ = nullptr;
+  }
+  return lastResult_ == ERROR_SUCCESS;
+}
+
+void Registry::close() {
+  if (key_ != nullptr) {
+    lastResult_ = RegCloseKey(key_);
+    key_ = nullptr;
+  }
+}
+
+bool readRegistryString(const Registry& registry, const wchar_t* name, CString& text) {
+  RawValue value;
+  if (!readRaw(registry.key(), name, value) ||
+      (value.type != REG_SZ && value.type != REG_EXPAND_SZ)) {
+    return false;
+  }
+  CString read = textIn(value.bytes);
+  if (value.type == REG_EXPAND_SZ && !read.empty() && !expandVariables(read)) {
+    return false;
+  }
+  text = read;
+  return true;
+}
+
+bool readSetting(const Registry& registry, const wchar_t* name, DWORD& data) {
+  DWORD value = data;
+  DWORD size = sizeof(value);
+  if (RegQueryValueExW(registry.key(), name, nullptr, nullptr, reinterpret_cast<BYTE*>(&value),
+                       &size) != ERROR_SUCCESS) {
+    return false;
+  }
+  data = value;
+  return true;
+}
+
+bool readAddinSetting(const wchar_t* name, DWORD& data) {
+  Registry settings;
+  return settings.open(HKEY_CURRENT_USER, addinSettingsKey, KEY_READ) &&
+         readSetting(settings, name, data);
+}
+
+bool writeAddinSetting(const wchar_t* name, DWORD data) {
+  Registry settings;
+  return settings.open(HKEY_CURRENT_USER, addinSettingsKey, KEY_WRITE, true) &&
+         RegSetValueExW(settings.key(), name, 0, REG_DWORD, reinterpret_cast<const BYTE*>(&data),
+                        sizeof(data)) == ERROR_SUCCESS;
+}

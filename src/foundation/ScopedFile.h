@@ -1,0 +1,21 @@
+#pragma once
+
+#include <windows.h>
+
+/// Owner of an open file.
+class ScopedFile {
+ public:
+  /// @param handle as CreateFileW gives it, INVALID_HANDLE_VALUE for none
+  explicit ScopedFile(HANDLE handle) : handle(handle) {}
+  ScopedFile(const ScopedFile&) = delete;
+  ScopedFile& operator=(const ScopedFile&) = delete;
+  ~ScopedFile() {
+    if (*this) CloseHandle(handle);
+  }
+
+  HANDLE get() const { return handle; }
+  explicit operator bool() const { return handle != INVALID_HANDLE_VALUE; }
+
+ private:
+  const HANDLE handle;
+};

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <memory>
+
+#include "checkout/PendingCheckIn.h"
+#include "frame/ArxMfcApp.h"
+#include "tracking/DocManagerReactor.h"
+#include "tracking/DocumentEvents.h"
+#include "tracking/EditGuard.h"
+#include "tracking/EditorReactor.h"
+#include "ui/FloatWindow.h"
+#include "ui/XRefContext.h"
+#include "vault/VaultInterfaces.h"
+#include "xref/XrefList.h"
+
+/// The add-in: what it keeps between one call of the host and the next.
+class TessaroAcadApp : public ArxMfcApp, public DocumentEvents {
+ public:
+  TessaroAcadApp();
+
+  AcRx::AppRetCode initApp(void* pkt) override;
+  AcRx::AppRetCode unloadApp(void* pkt) override;
+  /// Opens the command's own level of COM on the host's main thread.
+  int beginCommand() override;
+  void endCommand() override;
+
+  void documentToBeDestroyed(AcApDocument* document) override;
+  void documentDestroyed(const ACHAR* fileName) override;
+  void documentActivated(AcApDocument* document) override;
+  void editGuardCheck(AcApDocument* document) override;
+  void saved(AcDbDatabase* database, const ACHAR* actualName) override;
+
+  /// The vault client's main object, null if the client can't be started. It lives past `unloadApp`
+  /// so that the client stays in the process for as long as the module does.
+  VaultClientPtr vaultClient;
+  std::unique_ptr<XRefContext> xrefContext;
+  std::unique_ptr<EditorReactor> editorReactor;
+  std::unique_ptr<DocManagerReactor> docManagerReactor;
+  /// The xrefs to load again when the user comes back to the drawing that holds them.
+  XrefList pendingReloads;
+  std::unique_ptr<FloatWindow> statusWindow;
+  PendingCheckIn pendingCheckIn;
+  GuardedDocuments guardedDocuments;
+};

@@ -1,0 +1,165 @@
+#include "titleblock/UpdateBlocks.h"
+
+#include <acdblmgr.h>
+#include <dbapserv.h>
+#include <dbents.h>
+#include <dblayout.h>
+#include <dbsymtb.h>
+
+#include "foundation/ArxPtr.h"
+#include "foundation/CMap.h"
+#include "foundation/DelPtr.h"
+#include "foundation/HostString.h"
+#include "titleblock/MatchTag.h"
+#include "vault/CheckedCall.h"
+#include "vault/ErrorReport.h"
+#include "vault/MessageStrings.h"
+
+namespace {
+
+/// Block table records by name, each read once and open for read until the cache goes. A name that
+/// the drawing doesn't know is kept too, with a null record.
+class BlockRecordCache {
+ public:
+  BlockRecordCache() = default;
+  BlockRecordCache(const BlockRecordCache&) = delete;
+  BlockRecordCache& operator=(const BlockRecordCache&) = delete;
+  ~BlockRecordCache();
+
+  AcDbBlockTableRecord* find(const AcDbBlockTable& blocks, const CString& name);
+
+ private:
+  using Records = CMap<CString, const CString&, AcDbBlockTableRecord*, AcDbBlockTableRecord*>;
+
+  Records records;
+};
+
+AcDbBlockTableRecord* BlockRecordCache::find(const AcDbBlockTable& blocks, const CString& name) {
+  if (const auto* known = records.lookup(name)) return known->value;
+  AcDbBlockTableRecord* record = nullptr;
+  blocks.getAt(name.c_str(), record, AcDb::kForRead);
+  records.setAt(name, record);
+  return record;
+}
+
+BlockRecordCache::~BlockRecordCache() {
+  records.forEach([](const Records::Elem& element) {
+    if (element.value) element.value->close();
+  });
+}
+
+void updateVariable(const AcDbBlockTable& blocks, BlockRecordCache& records,
+                    VaultCardVariable* variable, AcDbDatabase* database, bool currentLayoutOnly) {
+  forEachMapping(variable, [&](VaultAttributeMapping* mapping) {
+    AcDbBlockTableRecord* block = records.find(blocks, blockNameOf(mapping));
+    if (!block || !block->hasAttributeDefinitions()) return;
+    UpdateBlockReferences(*block, attributeTagOf(mapping), variable, currentLayoutOnly, database);
+  });
+}
+
+void updateAll(BlockRecordCache& records, AcDbDatabase* database, const CardVariables& variables,
+               bool currentLayoutOnly) {
+  ArxPtr<AcDbBlockTable> blocks;
+  database->getSymbolTable(blocks.out(), AcDb::kForRead);
+  if (!blocks) _com_issue_error(E_FAIL);
+  for (long index = 0; index < variables.count(); ++index) {
+    updateVariable(*blocks.get(), records, variables[index], database, currentLayoutOnly);
+  }
+}
+
+/// Name of the layout that the owner of a reference belongs to; empty for a block definition.
+CString layoutNameOf(ArxPtr<AcDbObject>& owner) {
+  const auto* block = AcDbBlockTableRecord::cast(owner.get());
+  if (!block) return {};
+  const AcDbObjectId layoutId = block->getLayoutId();
+  owner.close();
+  acdbOpenAcDbObject(owner.out(), layoutId, AcDb::kForRead);
+  const auto* layout = AcDbLayout::cast(owner.get());
+  if (!layout) return {};
+  HostString name;
+  layout->getLayoutName(name.out());
+  return name.text();
+}
+
+bool isActiveLayout(const CString& layoutName) {
+  const ACHAR* active = acdbHostApplicationServices()->layoutManager()->findActiveLayout(true);
+  return lstrcmpiW(layoutName.c_str(), active) == 0;
+}
+
+/// A value without a text form, such as that of a variable not set for the layout, is empty.
+CString valueText(const _variant_t& value) {
+  if (value.vt == VT_BSTR) return value.bstrVal ? value.bstrVal : L"";
+  try {
+    const _bstr_t text(value);
+    return static_cast<const wchar_t*>(text) ? static_cast<const wchar_t*>(text) : L"";
+  } catch (const _com_error&) {
+    return {};
+  }
+}
+
+void updateReference(AcDbBlockReference& reference, const CString& pattern,
+                     VaultCardVariable* variable, bool currentLayoutOnly, AcDbDatabase* database) {
+  ArxPtr<AcDbObject> owner;
+  if (acdbOpenAcDbObject(owner.out(), reference.ownerId(), AcDb::kForRead) != Acad::eOk) return;
+  const CString layoutName = layoutNameOf(owner);
+  if (currentLayoutOnly ? !isActiveLayout(layoutName) : layoutName.empty()) return;
+  SetAttributeValue(reference, pattern, valueText(valueFor(variable, layoutName)), database);
+}
+
+void adjustAlignment(AcDbAttribute& attribute, AcDbDatabase* database) {
+  AcDbHostApplicationServices* services = acdbHostApplicationServices();
+  AcDbDatabase* const working = services->workingDatabase();
+  services->setWorkingDatabase(database);
+  attribute.adjustAlignment(database);
+  services->setWorkingDatabase(working);
+}
+
+}  // namespace
+
+void UpdateBlocks(AppContext& app, const VaultClientLegacyPtr& client, AcDbDatabase* database,
+                  const CardVariables& variables, bool currentLayoutOnly) {
+  BlockRecordCache records;
+  try {
+    updateAll(records, database, variables, currentLayoutOnly);
+  } catch (const _com_error& error) {
+    reportBorderError(app, client, error);
+  }
+}
+
+void UpdateBlockReferences(AcDbBlockTableRecord& block, const CString& pattern,
+                           VaultCardVariable* variable, bool currentLayoutOnly,
+                           AcDbDatabase* database) {
+  DelPtr<AcDbBlockReferenceIdIterator> references;
+  block.newBlockReferenceIdIterator(references.out());
+  if (!references) return;
+  for (references->start(); !references->done(); references->step()) {
+    ArxPtr<AcDbBlockReference> reference;
+    references->getBlockReference(reference.out(), AcDb::kForWrite);
+    if (!reference) continue;
+    updateReference(*reference.get(), pattern, variable, currentLayoutOnly, database);
+  }
+}
+
+bool SetAttributeValue(AcDbBlockReference& reference, const CString& pattern, const CString& value,
+                       AcDbDatabase* database) {
+  const DelPtr<AcDbObjectIterator> attributes(reference.attributeIterator());
+  if (!attributes) return false;
+  for (attributes->start(); !attributes->done(); attributes->step()) {
+    ArxPtr<AcDbAttribute> attribute;
+    if (reference.openAttribute(attribute.out(), attributes->objectId(), AcDb::kForWrite) !=
+        Acad::eOk) {
+      return false;
+    }
+    const HostString tag(attribute->tag());
+    if (!MatchTag(tag.text(), pattern)) continue;
+    if (attribute->setTextString(value.c_str()) != Acad::eOk) return false;
+    adjustAlignment(*attribute.get(), database);
+    return true;
+  }
+  return false;
+}
+
+void reportBorderError(AppContext& app, const VaultClientLegacyPtr& client,
+                       const _com_error& error) {
+  reportComError(app, client, error, loadMessage(5, "Could not update the drawing border."));
+}

@@ -1,0 +1,286 @@
+#include "ui/FloatWindow.h"
+
+#include <acdocman.h>
+#include <aced.h>
+
+#include "foundation/CommandText.h"
+#include "foundation/ComScope.h"
+#include "foundation/FormatText.h"
+#include "foundation/Registry.h"
+#include "ui/resource.h"
+#include "vault/MessageStrings.h"
+
+namespace {
+
+constexpr UINT_PTR monitorTimer = 1;
+constexpr unsigned millisecondsPerMinute = 60000;
+
+/// Lets the dialog procedure find the instance.
+std::map<HWND, FloatWindow*> floatWindows;
+
+AcApDocument* currentDocument() { return acDocManagerPtr()->curDocument(); }
+
+void setText(HWND window, int control, const wchar_t* text) {
+  SetDlgItemTextW(window, control, text);
+}
+
+void enable(HWND window, int control, bool enabled) {
+  EnableWindow(GetDlgItem(window, control), enabled);
+}
+
+void restorePosition(HWND window) {
+  Registry settings;
+  if (!settings.open(HKEY_CURRENT_USER, addinSettingsKey, KEY_READ | KEY_WRITE, true)) return;
+  DWORD left = 0, top = 0;
+  if (!readSetting(settings, L"WndPosX", left) || !readSetting(settings, L"WndPosY", top)) return;
+  SetWindowPos(window, nullptr, static_cast<int>(left), static_cast<int>(top), 0, 0,
+               SWP_NOSIZE | SWP_NOZORDER);
+}
+
+void setTexts(HWND window) {
+  SetWindowTextW(window, loadMessage(300, "Tessaro Status"));
+  setText(window, IDC_XREFS_LATEST, loadMessage(301, "Has latest xrefs"));
+  setText(window, IDC_CHECKED_OUT_HERE, loadMessage(302, "Is checked out here"));
+  const CString versions = formatText(loadMessage(303, "Version %s/%s"), {L"-", L"-"});
+  setText(window, IDC_VERSION, versions.c_str());
+}
+
+CString versionText(int version) { return version < 1 ? L"-" : std::to_wstring(version); }
+
+UINT lockBox(LockState lockState) {
+  switch (lockState) {
+    case LockState::checkedOutHere:
+      return BST_CHECKED;
+    case LockState::checkedOutElsewhere:
+      return BST_INDETERMINATE;
+    case LockState::notCheckedOut:
+      break;
+  }
+  return BST_UNCHECKED;
+}
+
+}  // namespace
+
+FloatWindow::FloatWindow(AppContext& app, HINSTANCE instance, HWND owner)
+    : app(app), instance(instance) {
+  refreshBitmap = static_cast<HBITMAP>(
+      LoadImageW(instance, MAKEINTRESOURCEW(IDB_REFRESH), IMAGE_BITMAP, 0, 0, LR_LOADTRANSPARENT));
+  window = CreateDialogParamW(instance, MAKEINTRESOURCEW(IDD_STATUS), owner, dialogProcedure, 0);
+  floatWindows[window] = this;
+  SendDlgItemMessageW(window, IDC_REFRESH, BM_SETIMAGE, IMAGE_BITMAP,
+                      reinterpret_cast<LPARAM>(refreshBitmap));
+  state.xrefState = XrefState::unknown;
+  showXrefBox();
+  applySettings();
+}
+
+void FloatWindow::applySettings() {
+  DWORD interval = 5, show = 1;
+  Registry settings;
+  if (settings.open(HKEY_CURRENT_USER, addinSettingsKey, KEY_READ)) {
+    readSetting(settings, L"XrefMonitoringInterval", interval);
+    readSetting(settings, L"StatusWnd", show);
+  }
+  if (show && interval) {
+    Refresh();
+    intervalMinutes = interval;
+    ShowWindow(window, SW_SHOW);
+    startTimer();
+  } else {
+    StopMonitoring();
+  }
+  ShowWindow(window, show ? SW_SHOW : SW_HIDE);
+}
+
+FloatWindow::~FloatWindow() {
+  DestroyWindow(window);
+  DeleteObject(refreshBitmap);
+  floatWindows.erase(window);
+}
+
+void FloatWindow::startTimer() {
+  SetTimer(window, monitorTimer, intervalMinutes * millisecondsPerMinute, nullptr);
+}
+
+void FloatWindow::Refresh() {
+  AcApDocument* document = currentDocument();
+  if (!document || !*document->fileName()) return;
+  fillDrawingStatus(app, state, document->fileName());
+  XrefState target = XrefState::notApplicable;
+  if (!state.notInVault) {
+    KillTimer(window, monitorTimer);
+    const XrefCheck result = checkXrefs(app, *this, false);
+    // After an error the user has seen a box; the timer stays off, or it would come each period.
+    if (intervalMinutes != 0 && result != XrefCheck::failed) startTimer();
+    if (result == XrefCheck::impossible || result == XrefCheck::failed) return;
+    if (result == XrefCheck::current) target = XrefState::latest;
+    if (result == XrefCheck::outOfDate) target = XrefState::notLatest;
+  }
+  if (target != state.xrefState) SetXrefBox(target);
+  ShowStatus(false);
+  documents[document] = state;
+}
+
+void FloatWindow::DocumentActivated(AcApDocument* document) {
+  const auto known = documents.find(document);
+  if (known != documents.end()) {
+    state = known->second;
+  } else {
+    if (intervalMinutes != 0) Refresh();
+    fillDrawingStatus(app, state, document->fileName());
+    documents[document] = state;
+  }
+  if (intervalMinutes != 0) showXrefBox();
+  ShowStatus(false);
+}
+
+void FloatWindow::DocumentDestroyed(AcApDocument* document) {
+  documents.erase(document);
+  if (state.xrefState != XrefState::notApplicable) SetXrefBox(XrefState::notApplicable);
+  ShowStatus(true);
+}
+
+void FloatWindow::DocumentSaved(AcDbDatabase* database, const wchar_t* fileName) {
+  AcApDocument* saved = acDocManagerPtr()->document(database);
+  if (saved == currentDocument()) {
+    fillDrawingStatus(app, state, fileName);
+    documents[saved] = state;
+    ShowStatus(false);
+    return;
+  }
+  const FloatDocState shown = state;
+  fillDrawingStatus(app, state, fileName);
+  documents[saved] = state;
+  state = shown;
+}
+
+void FloatWindow::SetXrefsLatest() { enterXrefState(XrefState::latest); }
+
+void FloatWindow::SetXrefsUnknown() { enterXrefState(XrefState::unknown); }
+
+void FloatWindow::enterXrefState(XrefState xrefState) {
+  if (intervalMinutes == 0 || state.xrefState == xrefState) return;
+  SetXrefBox(xrefState);
+  if (AcApDocument* document = currentDocument()) documents[document] = state;
+}
+
+void FloatWindow::Configure(bool show, unsigned interval) {
+  if (show && interval != 0) {
+    if (intervalMinutes == 0) Refresh();
+    intervalMinutes = interval;
+    ShowWindow(window, SW_SHOW);
+    startTimer();
+  } else {
+    StopMonitoring();
+  }
+  ShowWindow(window, show ? SW_SHOW : SW_HIDE);
+}
+
+void FloatWindow::StopMonitoring() {
+  KillTimer(window, monitorTimer);
+  intervalMinutes = 0;
+  if (state.xrefState != XrefState::notApplicable) SetXrefBox(XrefState::notApplicable);
+  for (auto& [document, remembered] : documents) remembered.xrefState = XrefState::unknown;
+}
+
+void FloatWindow::SetXrefBox(XrefState xrefState) {
+  state.xrefState = xrefState;
+  showXrefBox();
+}
+
+void FloatWindow::showXrefBox() {
+  const UINT check = state.xrefState == XrefState::latest    ? BST_CHECKED
+                     : state.xrefState == XrefState::unknown ? BST_INDETERMINATE
+                                                             : BST_UNCHECKED;
+  CheckDlgButton(window, IDC_XREFS_LATEST, check);
+  enable(window, IDC_XREFS_LATEST, state.xrefState != XrefState::notApplicable);
+}
+
+void FloatWindow::ShowStatus(bool disable) {
+  const bool off = state.notInVault || disable;
+  for (const int control : {IDC_CHECKED_OUT_HERE, IDC_VERSION, IDC_REFRESH}) {
+    enable(window, control, !off);
+  }
+  CheckDlgButton(window, IDC_CHECKED_OUT_HERE, off ? BST_UNCHECKED : lockBox(state.lockState));
+  showVersions(off ? L"-" : versionText(state.localVersion),
+               off ? L"-" : versionText(state.latestVersion));
+}
+
+void FloatWindow::showVersions(const CString& local, const CString& latest) {
+  const CString versions = formatText(loadMessage(303, "Version: %s/%s"), {local, latest});
+  setText(window, IDC_VERSION, versions.c_str());
+}
+
+INT_PTR CALLBACK FloatWindow::dialogProcedure(HWND window, UINT message, WPARAM wParam, LPARAM) {
+  const auto known = floatWindows.find(window);
+  if (message == WM_INITDIALOG) {
+    restorePosition(window);
+    setTexts(window);
+    return 1;
+  }
+  return known == floatWindows.end() ? 0 : known->second->handle(message, wParam);
+}
+
+INT_PTR FloatWindow::handle(UINT message, WPARAM wParam) {
+  switch (message) {
+    case WM_TIMER: {
+      const ComScope com;
+      Refresh();
+      return 1;
+    }
+    case WM_COMMAND:
+      onCommand(wParam);
+      return 1;
+    case WM_CLOSE:
+      onClose();
+      return 1;
+    case WM_DESTROY:
+      onDestroy();
+      return 1;
+    case WM_ACAD_KEEPFOCUS:
+      return 1;
+    default:
+      return 0;
+  }
+}
+
+void FloatWindow::onCommand(WPARAM wParam) {
+  if (HIWORD(wParam) != BN_CLICKED) return;
+  switch (LOWORD(wParam)) {
+    case IDC_XREFS_LATEST: {
+      const ComScope com;
+      checkXrefs(app, *this, true);
+      break;
+    }
+    case IDC_CHECKED_OUT_HERE:
+      sendLockCommand();
+      break;
+    case IDC_REFRESH: {
+      const ComScope com;
+      Refresh();
+      break;
+    }
+  }
+}
+
+void FloatWindow::sendLockCommand() {
+  if (state.lockState == LockState::checkedOutElsewhere) return;
+  const bool held = state.lockState == LockState::checkedOutHere;
+  sendToCommandLine(acDocManagerPtr()->mdiActiveDocument(),
+                    commandText(app, held ? L"unlock" : L"lock"));
+}
+
+/// Closing the window is a lasting choice: it stays away until the settings bring it back.
+void FloatWindow::onClose() {
+  StopMonitoring();
+  ShowWindow(window, SW_HIDE);
+  writeAddinSetting(L"StatusWnd", 0);
+}
+
+void FloatWindow::onDestroy() {
+  KillTimer(window, monitorTimer);
+  RECT place;
+  if (!GetWindowRect(window, &place)) return;
+  writeAddinSetting(L"WndPosX", static_cast<DWORD>(place.left));
+  writeAddinSetting(L"WndPosY", static_cast<DWORD>(place.top));
+}

@@ -1,0 +1,133 @@
+#include "ui/XRefContext.h"
+
+#include <acdocman.h>
+
+#include "foundation/ComScope.h"
+#include "foundation/CommandText.h"
+#include "foundation/FormatText.h"
+#include "vault/MessageStrings.h"
+#include "xref/XrefInfo.h"
+#include "xref/XrefPaths.h"
+
+namespace {
+
+enum MenuId : UINT { checkOutId = 1, checkInId, editId, propertiesId, firstVersionId = 10 };
+
+void removeItems(HMENU menu) {
+  while (GetMenuItemCount(menu) > 0) RemoveMenu(menu, 0, MF_BYPOSITION);
+}
+
+CString versionItem(const VersionEntry& entry) {
+  const int version = entry.version;
+  if (version == 1) return formatText(loadMessage(104, "%d. <Created>"), {version});
+  if (!entry.comment.empty()) {
+    return formatText(loadMessage(106, "%d. %s"), {version, entry.comment});
+  }
+  return formatText(loadMessage(105, "%d. <No comment>"), {version});
+}
+
+}  // namespace
+
+void XrefMenuFlags::fold(CheckOutState state) {
+  switch (state) {
+    case CheckOutState::checkedOutHere:
+      canCheckOut = false;
+      break;
+    case CheckOutState::checkedOutElsewhere:
+      canCheckOut = false;
+      checkInGrayed = true;
+      break;
+    case CheckOutState::notCheckedOut:
+      canCheckIn = false;
+      break;
+    default:
+      canCheckIn = canCheckOut = inVault = false;
+      break;
+  }
+}
+
+XRefContext::XRefContext(AppContext& app)
+    : app(app), menu(CreatePopupMenu()), versionMenu(CreatePopupMenu()) {}
+
+XRefContext::~XRefContext() {
+  // The version menu may hang in the other one, which would destroy it along.
+  removeItems(menu);
+  DestroyMenu(menu);
+  DestroyMenu(versionMenu);
+}
+
+void* XRefContext::getMenuContext(const AcRxClass*, const AcDbObjectIdArray& ids) {
+  removeItems(menu);
+  const bool single = ids.length() == 1;
+  XrefMenuFlags flags;
+  std::vector<VersionEntry> versions;
+  if (!readSelection(ids, flags, single ? &versions : nullptr)) return nullptr;
+
+  addCheckOutEntry(flags);
+  if (single && flags.inVault) {
+    append(editId, 102, "Edit this Xref");
+    addVersionMenu(versions);
+    append(propertiesId, 107, "Tessaro Properties...");
+  }
+  return &menu;
+}
+
+/// @return false if one of the selected references is no xref.
+bool XRefContext::readSelection(const AcDbObjectIdArray& ids, XrefMenuFlags& flags,
+                                std::vector<VersionEntry>* versions) {
+  const ComScope com;
+  for (int index = 0; index < ids.length(); ++index) {
+    XrefInfo xref;
+    if (!readXrefReference(ids[index], xref)) return false;
+    makeAbsolute(xref.path);
+    flags.fold(readCheckOutState(app, xref.path, versions));
+  }
+  return true;
+}
+
+void XRefContext::addCheckOutEntry(const XrefMenuFlags& flags) {
+  if (!flags.inVault) return;
+  if (flags.canCheckIn) {
+    append(checkInId, 100, "Check in this Xref",
+           MF_STRING | (flags.checkInGrayed ? MF_GRAYED : MF_ENABLED));
+  } else if (flags.canCheckOut) {
+    append(checkOutId, 101, "Check out this Xref");
+  }
+}
+
+void XRefContext::addVersionMenu(const std::vector<VersionEntry>& versions) {
+  removeItems(versionMenu);
+  for (auto entry = versions.rbegin(); entry != versions.rend(); ++entry) {
+    AppendMenuW(versionMenu, MF_STRING, entry->version + firstVersionId,
+                versionItem(*entry).c_str());
+  }
+  AppendMenuW(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(versionMenu),
+              loadMessage(103, "Get Version"));
+}
+
+void XRefContext::append(UINT id, int message, const char* text, UINT flags) {
+  AppendMenuW(menu, flags, id, loadMessage(message, text));
+}
+
+void XRefContext::onCommand(Adesk::UInt32 id) {
+  CString command;
+  switch (id) {
+    case checkOutId:
+      command = L"lockxref";
+      break;
+    case checkInId:
+      command = L"unlockxref";
+      break;
+    case editId:
+      command = L"editxref";
+      break;
+    case propertiesId:
+      command = L"properties";
+      break;
+    default:
+      if (id < firstVersionId) return;
+      command = formatText(L"%s %d", {L"getxrefver2", static_cast<int>(id - firstVersionId)});
+      break;
+  }
+  sendToCommandLine(acDocManagerPtr()->mdiActiveDocument(), commandText(app, command));
+}

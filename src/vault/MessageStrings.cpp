@@ -1,0 +1,90 @@
+#include "vault/MessageStrings.h"
+
+#include <utility>
+
+#include "foundation/AppContext.h"
+#include "foundation/CString.h"
+#include "vault/VaultInterfaces.h"
+
+namespace {
+
+const wchar_t productName[] = L"Halvern Vault Manager";
+
+/// The service of the add-in's own texts. A plain pointer: the library's destructors run in no
+/// order that a holder could count on, while `releaseTextService` comes when COM is still there.
+VaultTextService* textService = nullptr;
+
+/// The file name of a module without folder and extension; without a folder it is left whole.
+CString baseName(HINSTANCE module) {
+  wchar_t path[MAX_PATH] = {};
+  CString name(path, GetModuleFileNameW(module, path, MAX_PATH));
+  const size_t backslash = name.rfind(L'\\');
+  if (backslash == CString::npos) {
+    return name;
+  }
+  name.erase(0, backslash + 1);
+  return name.substr(0, name.rfind(L'.'));
+}
+
+bool haveTextService() {
+  if (textService != nullptr) {
+    return true;
+  }
+  const AppContext* app = currentApp();
+  const HRESULT result =
+      openTextService(app != nullptr ? app->moduleInstance : nullptr, nullptr, productName);
+  return SUCCEEDED(result) && textService != nullptr;
+}
+
+}  // namespace
+
+_bstr_t loadMessage(long number, const char* defaultText) {
+  if (!haveTextService()) {
+    return defaultText;
+  }
+  BSTR text = nullptr;
+  if (FAILED(textService->text(number, &text))) {
+    return defaultText;
+  }
+  return _bstr_t(text, false);
+}
+
+_bstr_t lookupSectionText(long number, const wchar_t* defaultText, const wchar_t* section,
+                          const wchar_t* key) {
+  VaultTextServicePtr service;
+  service.CreateInstance(__uuidof(TextService), nullptr, CLSCTX_INPROC_SERVER);
+  // S_FALSE isn't good enough: the service is there then, but not this section.
+  if (!service || service->open(_bstr_t(productName), _bstr_t(section)) != S_OK) {
+    return defaultText;
+  }
+  BSTR text = nullptr;
+  service->sectionText(number, _bstr_t(key), &text);
+  return text != nullptr ? _bstr_t(text, false) : _bstr_t(defaultText);
+}
+
+HRESULT openTextService(HINSTANCE module, const wchar_t* moduleName, const wchar_t* product) {
+  if (textService != nullptr) {
+    return E_FAIL;
+  }
+  const CString name = moduleName != nullptr ? moduleName : baseName(module);
+  VaultTextServicePtr service;
+  const HRESULT created = service.CreateInstance(__uuidof(TextService), nullptr, CLSCTX_ALL);
+  if (FAILED(created)) {
+    return created;
+  }
+  textService = service.Detach();
+  const HRESULT opened = textService->open(_bstr_t(product), _bstr_t(name.c_str()));
+  return FAILED(opened) ? opened : S_OK;
+}
+
+void releaseTextService() {
+  VaultTextService* const released = std::exchange(textService, nullptr);
+  if (released == nullptr) {
+    return;
+  }
+  try {
+    released->Release();
+  } catch (const _com_error&) {
+    // The module is on its way out and has nobody left to tell.
+  }
+}

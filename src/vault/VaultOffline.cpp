@@ -1,0 +1,21 @@
+#include "foundation/SettingsLight.h"
+#include "vault/OpenVaultFile.h"
+
+bool isVaultOffline(const wchar_t* vaultName) {
+  const wchar_t offline[] = L"Offline";
+  SettingsLight settings;
+  Registry vault;
+  if (!settings.openVaultKey(
+          vaultName, vault, offline, false,
+          SettingsLight::userOnly | SettingsLight::readAccess | SettingsLight::writeAccess)) {
+    return false;
+  }
+  // Whether it is zero can be seen in either order of the bytes.
+  DWORD value = 0;
+  DWORD type = REG_NONE;
+  DWORD size = sizeof(value);
+  const LONG result = RegQueryValueExW(vault.key(), offline, nullptr, &type,
+                                       reinterpret_cast<BYTE*>(&value), &size);
+  const bool isNumber = type == REG_DWORD || type == REG_DWORD_BIG_ENDIAN;
+  return result == ERROR_SUCCESS && isNumber && size == sizeof(value) && value != 0;
+}

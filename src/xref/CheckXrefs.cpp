@@ -1,0 +1,188 @@
+#include "xref/CheckXrefs.h"
+
+#include <windows.h>
+
+#include <acdocman.h>
+#include <acedxref.h>
+#include <axlock.h>
+#include <dbapserv.h>
+
+#include <comdef.h>
+#include <map>
+#include <memory>
+#include <stdexcept>
+
+#include "foundation/AppMessageBox.h"
+#include "vault/CheckedCall.h"
+#include "vault/OpenVaultFile.h"
+#include "vault/ResultCodes.h"
+#include "xref/ModifiedDates.h"
+#include "xref/ProgressMeter.h"
+#include "xref/XrefGraph.h"
+#include "xref/XrefInfo.h"
+#include "xref/XrefPaths.h"
+#include "xref/XrefStateObserver.h"
+
+namespace {
+
+/// One check of the current drawing: as many passes over its xref graph as refreshed files bring
+/// new nested ones to light. A file looked at in an earlier pass isn't looked at again.
+class XrefChecker {
+ public:
+  XrefChecker(AppContext& app, const CString& drawingFolder, bool update)
+      : app(app), drawingFolder(drawingFolder), update(update) {}
+
+  XrefCheck run();
+
+ private:
+  void findFiles(const AcDbGraphNode& root);
+  void enterNewXref(const AcDbXrefGraphNode& node);
+  void readDates();
+  bool compareFiles(const AcDbGraphNode& root);
+  bool refreshStale();
+  bool refresh(const XrefFileRecord& record);
+
+  AppContext& app;
+  const CString drawingFolder;
+  const bool update;
+  std::map<AcDbObjectId, CString> pathOfBlock;
+  XrefFileMap files;
+  PathSet asked;
+  PathSet stalePaths;
+  std::unique_ptr<VaultViewRecord> view;
+  bool outOfDate = false;
+};
+
+XrefCheck XrefChecker::run() {
+  for (bool again = true; again;) {
+    asked.clear();
+    AcDbXrefGraph graph;
+    if (fetchXrefGraph(graph) != Acad::eOk || graph.numNodes() == 0) return XrefCheck::impossible;
+    const AcDbGraphNode& root = *graph.node(0);
+    if (root.numOut() == 0) return XrefCheck::noXrefs;
+    findFiles(root);
+    if (asked.empty()) break;
+    readDates();
+    if (!compareFiles(root)) return XrefCheck::outOfDate;
+    if (!update) return XrefCheck::current;
+    again = refreshStale();
+  }
+  return outOfDate ? XrefCheck::outOfDate : XrefCheck::current;
+}
+
+void XrefChecker::findFiles(const AcDbGraphNode& root) {
+  walkXrefs(root, [this](const AcDbXrefGraphNode& node) {
+    const auto known = pathOfBlock.find(node.btrId());
+    if (known == pathOfBlock.end()) {
+      enterNewXref(node);
+    } else if (!files[known->second].visited) {
+      asked.insert(known->second);
+    }
+    return true;
+  });
+}
+
+void XrefChecker::enterNewXref(const AcDbXrefGraphNode& node) {
+  XrefInfo xref;
+  readXrefBlock(node.btrId(), xref);
+  if (!view) openVaultViewRecord(app, view, drawingFolder);
+  CString path;
+  if (!relativeToRoot(xref.path, drawingFolder, view->rootPath, path)) return;
+  XrefFileRecord record;
+  record.name = xref.name;
+  if (!joinPath(view->rootPath, path, record.fullPath)) return;
+  pathOfBlock[node.btrId()] = path;
+  files[path] = record;
+  asked.insert(path);
+}
+
+void XrefChecker::readDates() {
+  const CString rootPath = rootFolderPath(view->client);
+  readModifiedDates(*view, buildModifiedDateBatch(rootPath, view->rootFolderId, asked), files);
+}
+
+/// @return false if a stale file has settled a check that isn't to refresh anything.
+bool XrefChecker::compareFiles(const AcDbGraphNode& root) {
+  bool settled = false;
+  walkXrefs(root, [&](const AcDbXrefGraphNode& node) {
+    if (settled) return false;
+    const auto known = pathOfBlock.find(node.btrId());
+    const CString path = known == pathOfBlock.end() ? CString() : known->second;
+    XrefFileRecord& record = files[path];
+    if (record.visited) return true;
+    switch (isOutOfDate(record)) {
+      case FileAge::unreadable:
+        return false;
+      case FileAge::outOfDate:
+        outOfDate = true;
+        settled = !update;
+        stalePaths.insert(path);
+        record.visited = true;
+        // What is nested in a stale file may change with the refresh; the next pass sees it.
+        return false;
+      case FileAge::current:
+        break;
+    }
+    record.visited = true;
+    return true;
+  });
+  return !settled;
+}
+
+/// @return true if a file was refreshed.
+bool XrefChecker::refreshStale() {
+  bool refreshed = false;
+  ProgressMeter meter(static_cast<int>(stalePaths.size()));
+  for (const CString& path : stalePaths) {
+    const XrefFileRecord& record = files[path];
+    meter.next(record.fullPath);
+    if (refresh(record)) refreshed = true;
+  }
+  stalePaths.clear();
+  return refreshed;
+}
+
+/// @return false if the vault doesn't give the file; the xref then stays unloaded.
+bool XrefChecker::refresh(const XrefFileRecord& record) {
+  acedXrefUnload(record.name.c_str(), true, nullptr);
+  VaultFolderPtr folder;
+  VaultFilePtr file;
+  const _bstr_t path(record.fullPath.c_str());
+  if (FAILED(view->client->fileFromPath(path, &folder, &file))) return false;
+  getLocalCopy(app, file, record.fullPath);
+  acedXrefReload(record.name.c_str(), true, nullptr);
+  return true;
+}
+
+XrefCheck checkLocked(AppContext& app, XrefStateObserver& observer, const CString& folder,
+                      bool update) {
+  try {
+    const XrefCheck result = XrefChecker(app, folder, update).run();
+    const bool complete = result == XrefCheck::current || result == XrefCheck::outOfDate;
+    if (update && complete) observer.SetXrefsLatest();
+    return result;
+  } catch (const ResultCode& code) {
+    return static_cast<XrefCheck>(code.value);
+  } catch (const _com_error& error) {
+    const CString text = L"Error reading xref information from database.\nCause:" +
+                         textOf(resultCodeText(error.Error()));
+    appMessageBox(text.c_str(), MB_ICONINFORMATION);
+    return XrefCheck::failed;
+  }
+}
+
+}  // namespace
+
+XrefCheck checkXrefs(AppContext& app, XrefStateObserver& observer, bool update) {
+  AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
+  if (!database) return XrefCheck::impossible;
+  CString folder;
+  try {
+    folder = currentDrawingFolder();
+  } catch (const std::exception&) {
+    return XrefCheck::impossible;
+  }
+  AcAxDocLock lock(database);
+  if (lock.lockStatus() != Acad::eOk) return XrefCheck::impossible;
+  return checkLocked(app, observer, folder, update);
+}

@@ -1,0 +1,115 @@
+#include "xref/EditXref.h"
+
+#include <windows.h>
+
+#include <acdocman.h>
+#include <acedads.h>
+#include <acedxref.h>
+
+#include <comdef.h>
+#include <memory>
+
+#include "vault/CheckedCall.h"
+#include "vault/ErrorReport.h"
+#include "vault/MessageStrings.h"
+#include "vault/OpenVaultFile.h"
+#include "xref/XrefInfo.h"
+#include "xref/XrefList.h"
+#include "xref/XrefPaths.h"
+
+namespace {
+
+enum class CheckOutNeed { none, checkOut, refused };
+
+/// The xref's file in the vault, if it is in one.
+struct EditedFile {
+  VaultClientLegacyPtr client;
+  VaultFolderLegacyPtr folder;
+  VaultFileLegacyPtr file;
+
+  CheckOutNeed need(AppContext& app);
+  void checkOutForEditing(AppContext& app);
+};
+
+CheckOutNeed EditedFile::need(AppContext& app) {
+  try {
+    if (!isCheckedOut(file)) return CheckOutNeed::checkOut;
+    if (isCheckedOutHere(file, folder)) return CheckOutNeed::none;
+    acedPrompt(loadMessage(54, "Cannot edit Xref. File is checked out elsewhere."));
+  } catch (const _com_error& error) {
+    reportComError(app, client, error, loadMessage(12, "Error getting check out data."));
+  }
+  return CheckOutNeed::refused;
+}
+
+void EditedFile::checkOutForEditing(AppContext& app) {
+  try {
+    checkOut(app, file, folder);
+  } catch (const _com_error& error) {
+    reportComError(app, client, error, loadMessage(10, "Error checking out file."));
+  }
+}
+
+/// @return false if the xref can't be edited; the user has been told.
+bool unloadForEditing(AppContext& app, const XrefInfo& xref) {
+  EditedFile vault;
+  CheckOutNeed need = CheckOutNeed::none;
+  if (openVaultFileLegacy(app, xref.path, vault.client, vault.folder, vault.file, false)) {
+    need = vault.need(app);
+    if (need == CheckOutNeed::refused) return false;
+  }
+  acedXrefUnload(xref.name.c_str(), true, nullptr);
+  if (need == CheckOutNeed::checkOut) vault.checkOutForEditing(app);
+  return true;
+}
+
+void openInApplicationContext(void* data) {
+  const std::unique_ptr<const CString> path(static_cast<const CString*>(data));
+  acDocManagerPtr()->appContextOpenDocument(path->c_str());
+}
+
+}  // namespace
+
+void editxref(AppContext& app, XrefList& pendingReloads) {
+  XrefInfo xref;
+  if (!selectXref(xref, false) || !makeAbsolute(xref.path)) return;
+  if (isOpenForEditing(app, xref.path)) {
+    acedPrompt(loadMessage(53, "An instance of this Xref is already open for editing."));
+    return;
+  }
+  if (!unloadForEditing(app, xref)) return;
+
+  auto path = std::make_unique<CString>(xref.path);
+  CharUpperW(path->data());
+  pendingReloads.add(*path, xref.name, acDocManagerPtr()->curDocument());
+  // A document's context can't open another document; the callback owns the path.
+  acDocManagerPtr()->executeInApplicationContext(openInApplicationContext, path.release());
+}
+
+bool isOpenForEditing(AppContext&, const CString& path, AcApDocument** found) {
+  const std::unique_ptr<AcApDocumentIterator> open(acDocManagerPtr()->newAcApDocumentIterator());
+  for (; !open->done(); open->step()) {
+    AcApDocument* document = open->document();
+    if (lstrcmpiW(document->fileName(), path.c_str()) != 0 || document->isReadOnly()) continue;
+    if (found) *found = document;
+    return true;
+  }
+  return false;
+}
+
+void reloadEditedXrefs(AppContext& app, XrefList& pendingReloads, AcApDocument* document) {
+  for (bool found = pendingReloads.findFirstOfDocument(document); found;
+       found = pendingReloads.findNext()) {
+    if (isOpenForEditing(app, pendingReloads.currentPath())) continue;
+    const CString name = pendingReloads.currentName();
+    pendingReloads.removeCurrent();
+    acedXrefReload(name.c_str(), true, nullptr);
+  }
+}
+
+void forgetEditedXrefs(XrefList& pendingReloads, AcApDocument* document) {
+  for (bool found = pendingReloads.findFirstOfDocument(document); found;
+       found = pendingReloads.findNext()) {
+    pendingReloads.removeCurrent();
+  }
+}

@@ -1,0 +1,66 @@
+#include "xref/GetXrefVersion.h"
+
+#include <windows.h>
+#include <shlwapi.h>
+
+#include <acedads.h>
+#include <acedxref.h>
+#include <adscodes.h>
+
+#include "vault/CheckedCall.h"
+#include "vault/ItemIdList.h"
+#include "vault/MessageStrings.h"
+#include "vault/OpenVaultFile.h"
+#include "xref/XrefGraph.h"
+#include "xref/XrefInfo.h"
+#include "xref/XrefPaths.h"
+#include "xref/XrefStateObserver.h"
+
+namespace {
+
+void fetchVersion(VaultFolderLegacy* folder, const CString& path, long version) {
+  const _bstr_t fileName(PathFindFileNameW(path.c_str()));
+  const IShellFolderPtr shellFolder = shellFolderOf(folder);
+  const ItemIdList item = parseName(shellFolder, fileName);
+  VaultFolderActionsPtr actions;
+  check(folder->QueryInterface(__uuidof(VaultFolderActions), reinterpret_cast<void**>(&actions)),
+        *folder);
+  check(actions->getVersion(0, item.get(), version), *actions);
+}
+
+}  // namespace
+
+void getxrefversion(AppContext& app, XrefStateObserver& observer, const VersionChooser& choose) {
+  XrefInfo xref;
+  if (!selectXref(xref, false) || !makeAbsolute(xref.path)) return;
+  const long version = choose(xref.path);
+  if (version != 0) getXrefVersion(app, observer, version, xref);
+}
+
+void getxrefver2(AppContext& app, XrefStateObserver& observer) {
+  XrefInfo xref;
+  if (!selectXref(xref, true)) return;
+  int version = 0;
+  if (acedGetInt(loadMessage(51, "Enter revision number: "), &version) != RTNORM) return;
+  if (makeAbsolute(xref.path)) getXrefVersion(app, observer, version, xref);
+}
+
+void getXrefVersion(AppContext& app, XrefStateObserver& observer, long version,
+                    const XrefInfo& xref) {
+  VaultClientLegacyPtr client;
+  VaultFolderLegacyPtr folder;
+  VaultFileLegacyPtr file;
+  if (!openVaultFileLegacy(app, xref.path, client, folder, file, false)) {
+    acedPrompt(L"Xref was not located in any filevault.");
+    return;
+  }
+  // Asked for the client's sake; an xref that is checked out here takes the version all the same.
+  isCheckedOutHere(file, folder);
+  std::set<CString> tree;
+  if (collectXrefTree(xref.name, tree)) {
+    for (const CString& name : tree) acedXrefUnload(name.c_str(), true, nullptr);
+    fetchVersion(folder, xref.path, version);
+    for (const CString& name : tree) acedXrefReload(name.c_str(), true, nullptr);
+  }
+  observer.SetXrefsUnknown();
+}

@@ -1,0 +1,73 @@
+#include "xref/XrefInfo.h"
+
+#include <windows.h>
+
+#include <acedads.h>
+#include <adscodes.h>
+#include <aced.h>
+#include <dbents.h>
+#include <dbsymtb.h>
+
+#include "foundation/ArxPtr.h"
+#include "vault/MessageStrings.h"
+#include "xref/SelectionSet.h"
+
+namespace {
+
+enum class Pick { none, one, failed };
+
+Pick pickImplied(AcDbObjectId& id) {
+  SelectionSet picked;
+  if (picked.get(L"I") != RTNORM) return Pick::none;
+  if (picked.length() != 1) {
+    acedPrompt(loadMessage(52, "This command only works on one object."));
+    return Pick::failed;
+  }
+  return picked.at(0, id) ? Pick::one : Pick::failed;
+}
+
+bool pickByPrompt(AcDbObjectId& id) {
+  ads_name entity;
+  ads_point where;
+  if (acedEntSel(loadMessage(50, "Select Xref: "), entity, where) != RTNORM) return false;
+  acdbGetObjectId(id, entity);
+  return true;
+}
+
+}  // namespace
+
+bool readXrefBlock(AcDbObjectId blockId, XrefInfo& info) {
+  ArxPtr<AcDbObject> object;
+  acdbOpenAcDbObject(object.out(), blockId, AcDb::kForRead);
+  const auto* block = AcDbBlockTableRecord::cast(object.get());
+  if (!block || !block->isFromExternalReference()) return false;
+  const ACHAR* name = nullptr;
+  const ACHAR* path = nullptr;
+  block->getName(name);
+  block->pathName(path);
+  info = {name ? name : L"", blockId, path ? path : L""};
+  return true;
+}
+
+bool readXrefReference(AcDbObjectId entityId, XrefInfo& info) {
+  ArxPtr<AcDbObject> object;
+  acdbOpenAcDbObject(object.out(), entityId, AcDb::kForRead);
+  const auto* reference = AcDbBlockReference::cast(object.get());
+  return reference && readXrefBlock(reference->blockTableRecord(), info);
+}
+
+bool selectXref(XrefInfo& info, bool impliedOnly) {
+  AcDbObjectId entity;
+  switch (pickImplied(entity)) {
+    case Pick::failed:
+      return false;
+    case Pick::none:
+      if (impliedOnly || !pickByPrompt(entity)) return false;
+      break;
+    case Pick::one:
+      break;
+  }
+  if (readXrefReference(entity, info)) return true;
+  acedPrompt(loadMessage(55, "Selected object must be a Xref."));
+  return false;
+}

@@ -1,0 +1,248 @@
+#include "RegistryFixture.h"
+#include "foundation/AppMessageBox.h"
+#include "foundation/Registry.h"
+#include "foundation/SettingsLight.h"
+#include "vault/OpenVaultFile.h"
+
+namespace {
+
+using RegistryTest = RegistryFixture;
+
+const std::wstring suite = suiteKey;
+const std::wstring addin = addinSettingsKey;
+
+/// The text of a value of the add-in's key, "(none)" if there is none.
+CString readText(const wchar_t* name) {
+  Registry registry;
+  EXPECT_TRUE(registry.open(HKEY_CURRENT_USER, addinSettingsKey, KEY_READ));
+  CString text = L"before";
+  if (readRegistryString(registry, name, text)) return text;
+  EXPECT_EQ(text, L"before");
+  return L"(none)";
+}
+
+/// A setting of the add-in, read over `before`.
+DWORD readNumber(const wchar_t* name, DWORD before, bool expected = true) {
+  EXPECT_EQ(readAddinSetting(name, before), expected);
+  return before;
+}
+
+/// Which of the marks "machine" and "user" the vault key that was found bears.
+CString markOf(const wchar_t* vault, const wchar_t* valueName, unsigned flags,
+               bool create = false) {
+  SettingsLight settings;
+  Registry found;
+  if (!settings.openVaultKey(vault, found, valueName, create, flags)) {
+    EXPECT_EQ(found.key(), nullptr);
+    return L"(none)";
+  }
+  CString mark = L"(no mark)";
+  readRegistryString(found, L"mark", mark);
+  return mark;
+}
+
+constexpr unsigned readOnly = SettingsLight::readAccess;
+
+}  // namespace
+
+TEST_F(RegistryTest, OpenReplacesWhatWasOpenAndKeepsTheResult) {
+  makeKey(HKEY_CURRENT_USER, L"one");
+  Registry registry;
+  EXPECT_TRUE(registry.open(HKEY_CURRENT_USER, L"one", KEY_READ));
+  EXPECT_NE(registry.key(), nullptr);
+  EXPECT_FALSE(registry.open(HKEY_CURRENT_USER, L"two", KEY_READ));
+  EXPECT_EQ(registry.key(), nullptr);
+  EXPECT_EQ(registry.lastResult(), ERROR_FILE_NOT_FOUND);
+  EXPECT_TRUE(registry.open(HKEY_CURRENT_USER, L"two\\deep", KEY_READ, true));
+  EXPECT_EQ(registry.lastResult(), ERROR_SUCCESS);
+  EXPECT_TRUE(registry.open(HKEY_CURRENT_USER, L"two", KEY_READ));
+  EXPECT_TRUE(registry.open(HKEY_CURRENT_USER, nullptr, KEY_READ, true));
+}
+
+TEST_F(RegistryTest, StringsOfEveryShape) {
+  setText(HKEY_CURRENT_USER, addin, L"plain", L"text");
+  setBytes(HKEY_CURRENT_USER, addin, L"ended", REG_SZ, L"text", 5 * sizeof(wchar_t));
+  setBytes(HKEY_CURRENT_USER, addin, L"cut", REG_SZ, L"te\0xt", 6 * sizeof(wchar_t));
+  setBytes(HKEY_CURRENT_USER, addin, L"odd", REG_SZ, L"text", 7);
+  setBytes(HKEY_CURRENT_USER, addin, L"single", REG_SZ, "x", 1);
+  setBytes(HKEY_CURRENT_USER, addin, L"nothing", REG_SZ, "", 0);
+  setBytes(HKEY_CURRENT_USER, addin, L"expandNothing", REG_EXPAND_SZ, "", 0);
+  setText(HKEY_CURRENT_USER, addin, L"", L"default");
+  setText(HKEY_CURRENT_USER, addin, L"long", std::wstring(5000, L'x'));
+  EXPECT_EQ(readText(L"plain"), L"text");
+  EXPECT_EQ(readText(L"ended"), L"text");
+  EXPECT_EQ(readText(L"cut"), L"te");
+  EXPECT_EQ(readText(L"odd"), L"tex");
+  EXPECT_EQ(readText(L"single"), L"");
+  EXPECT_EQ(readText(L"nothing"), L"");
+  EXPECT_EQ(readText(L"expandNothing"), L"");
+  EXPECT_EQ(readText(L""), L"default");
+  EXPECT_EQ(readText(L"long").size(), 5000u);
+}
+
+TEST_F(RegistryTest, StringsExpandAndOtherTypesAreNone) {
+  SetEnvironmentVariableW(L"TESSARO_TEST", std::wstring(300, L'v').c_str());
+  setText(HKEY_CURRENT_USER, addin, L"expand", L"<%TESSARO_TEST%>", REG_EXPAND_SZ);
+  setText(HKEY_CURRENT_USER, addin, L"unknown", L"%NO_SUCH_NAME%", REG_EXPAND_SZ);
+  setText(HKEY_CURRENT_USER, addin, L"plain", L"%TESSARO_TEST%");
+  setText(HKEY_CURRENT_USER, addin, L"multi", L"text", REG_MULTI_SZ);
+  setText(HKEY_CURRENT_USER, addin, L"binary", L"text", REG_BINARY);
+  setNumber(HKEY_CURRENT_USER, addin, L"number", 7);
+  EXPECT_EQ(readText(L"expand"), L"<" + std::wstring(300, L'v') + L">");
+  EXPECT_EQ(readText(L"unknown"), L"%NO_SUCH_NAME%");
+  EXPECT_EQ(readText(L"plain"), L"%TESSARO_TEST%");
+  for (const wchar_t* name : {L"multi", L"binary", L"number", L"missing"}) {
+    EXPECT_EQ(readText(name), L"(none)") << name;
+  }
+}
+
+TEST_F(RegistryTest, SettingsAreReadWhateverTheirTypeUpToFourBytes) {
+  EXPECT_EQ(readNumber(L"EditWarning", 1, false), 1u);
+  setNumber(HKEY_CURRENT_USER, addin, L"EditWarning", 0);
+  setNumber(HKEY_CURRENT_USER, addin, L"binary", 0x12345678, REG_BINARY);
+  setText(HKEY_CURRENT_USER, addin, L"text", L"AB");
+  setBytes(HKEY_CURRENT_USER, addin, L"byte", REG_BINARY, "\x02", 1);
+  setBytes(HKEY_CURRENT_USER, addin, L"nothing", REG_DWORD, "", 0);
+  const unsigned long long big = 1;
+  setBytes(HKEY_CURRENT_USER, addin, L"qword", REG_QWORD, &big, sizeof(big));
+  setText(HKEY_CURRENT_USER, addin, L"longText", L"ABC");
+  EXPECT_EQ(readNumber(L"EditWarning", 1), 0u);
+  EXPECT_EQ(readNumber(L"binary", 0), 0x12345678u);
+  EXPECT_EQ(readNumber(L"text", 0), 0x00420041u);
+  EXPECT_EQ(readNumber(L"byte", 0x01010101), 0x01010102u);
+  EXPECT_EQ(readNumber(L"nothing", 5), 5u);
+  EXPECT_EQ(readNumber(L"qword", 5, false), 5u);
+  EXPECT_EQ(readNumber(L"longText", 5, false), 5u);
+}
+
+TEST_F(RegistryTest, WritingASettingMakesItsKey) {
+  ASSERT_TRUE(writeAddinSetting(L"XrefMonitoringInterval", 0));
+  EXPECT_EQ(readNumber(L"XrefMonitoringInterval", 5), 0u);
+  setText(HKEY_CURRENT_USER, addin, L"StatusWnd", L"was text");
+  ASSERT_TRUE(writeAddinSetting(L"StatusWnd", 0xFFFFFFFF));
+  EXPECT_EQ(readNumber(L"StatusWnd", 1), 0xFFFFFFFFu);
+  DWORD type = REG_NONE;
+  ASSERT_EQ(RegGetValueW(HKEY_CURRENT_USER, addinSettingsKey, L"StatusWnd", RRF_RT_ANY, &type,
+                         nullptr, nullptr),
+            ERROR_SUCCESS);
+  EXPECT_EQ(type, static_cast<DWORD>(REG_DWORD));
+}
+
+TEST_F(RegistryTest, TitleOfTheMachineGoesBeforeTheUsers) {
+  EXPECT_EQ(productTitle(L"Tessaro"), L"Tessaro");
+  setText(HKEY_CURRENT_USER, suite, L"", L"User's");
+  EXPECT_EQ(productTitle(L"Tessaro"), L"User's");
+  setText(HKEY_LOCAL_MACHINE, suite, L"", L"Machine's");
+  EXPECT_EQ(productTitle(L"Tessaro"), L"Machine's");
+}
+
+TEST_F(RegistryTest, TitleThatIsNoneFallsThrough) {
+  const struct {
+    DWORD type;
+    std::wstring text;
+  } unusable[] = {{REG_EXPAND_SZ, L"Title"},
+                  {REG_BINARY, L"Title"},
+                  {REG_SZ, L""},
+                  {REG_SZ, std::wstring(1, L'\0')},
+                  {REG_SZ, std::wstring(513, L'x')}};
+  for (const auto& value : unusable) {
+    setText(HKEY_LOCAL_MACHINE, suite, L"", value.text, value.type);
+    setText(HKEY_CURRENT_USER, suite, L"", L"User's");
+    EXPECT_EQ(productTitle(L"Tessaro"), L"User's");
+    setText(HKEY_CURRENT_USER, suite, L"", value.text, value.type);
+    EXPECT_EQ(productTitle(L"Tessaro"), L"Tessaro");
+  }
+  setText(HKEY_LOCAL_MACHINE, suite, L"", std::wstring(512, L'x'));
+  EXPECT_EQ(productTitle(L"Tessaro").size(), 512u);
+}
+
+TEST_F(RegistryTest, StandardKeysByKind) {
+  const unsigned write = SettingsLight::readAccess | SettingsLight::writeAccess;
+  makeKey(HKEY_LOCAL_MACHINE, suite);
+  const struct {
+    int kind;
+    HKEY root;
+    std::wstring key;
+  } keys[] = {{SettingsLight::databases, HKEY_LOCAL_MACHINE, suite + L"\\Databases"},
+              {SettingsLight::vaults, HKEY_CURRENT_USER, suite + L"\\Vaults"},
+              {SettingsLight::nameSpace, HKEY_CURRENT_USER, suite + L"\\Namespace"},
+              {SettingsLight::viewSetup, HKEY_CURRENT_USER, suite + L"\\ViewSetup"},
+              {SettingsLight::userPolicy, HKEY_CURRENT_USER, policyKey},
+              {SettingsLight::machinePolicy, HKEY_LOCAL_MACHINE, policyKey}};
+  SettingsLight settings;
+  for (const auto& expected : keys) {
+    Registry opened;
+    EXPECT_FALSE(settings.openStandardKey(expected.kind, opened, false, readOnly));
+    setText(expected.root, expected.key, L"", expected.key);
+    ASSERT_TRUE(settings.openStandardKey(expected.kind, opened, false, readOnly)) << expected.kind;
+    CString mark;
+    EXPECT_TRUE(readRegistryString(opened, L"", mark));
+    EXPECT_EQ(mark, expected.key);
+    EXPECT_NE(RegSetValueExW(opened.key(), L"x", 0, REG_SZ, nullptr, 0), ERROR_SUCCESS);
+    ASSERT_TRUE(settings.openStandardKey(expected.kind, opened, false, write));
+    EXPECT_EQ(RegSetValueExW(opened.key(), L"x", 0, REG_SZ, nullptr, 0), ERROR_SUCCESS);
+  }
+  Registry opened;
+  EXPECT_FALSE(settings.openStandardKey(6, opened, true, write));
+  EXPECT_FALSE(settings.openStandardKey(-1, opened, true, write));
+}
+
+TEST_F(RegistryTest, VaultKeyFollowsTheOrderOfSearch) {
+  setText(HKEY_LOCAL_MACHINE, suite + L"\\Databases\\Both", L"mark", L"machine");
+  setText(HKEY_CURRENT_USER, suite + L"\\Vaults\\Both", L"mark", L"user");
+  setText(HKEY_CURRENT_USER, suite + L"\\Vaults\\Deep\\Name", L"mark", L"user");
+  EXPECT_EQ(markOf(L"Both", nullptr, readOnly | SettingsLight::machineOnly), L"machine");
+  EXPECT_EQ(markOf(L"Both", nullptr, readOnly | SettingsLight::userOnly), L"user");
+  EXPECT_EQ(markOf(L"Both", nullptr, readOnly | SettingsLight::machineFirst), L"machine");
+  EXPECT_EQ(markOf(L"Both", nullptr, readOnly | SettingsLight::userFirst), L"user");
+  EXPECT_EQ(markOf(L"Both", nullptr, readOnly), L"(none)");
+  EXPECT_EQ(markOf(L"Deep\\Name", nullptr, readOnly | SettingsLight::machineFirst), L"user");
+  EXPECT_EQ(markOf(L"Deep\\Name", nullptr, readOnly | SettingsLight::machineOnly), L"(none)");
+  EXPECT_EQ(markOf(L"", nullptr, readOnly | SettingsLight::userFirst), L"(none)");
+  EXPECT_EQ(markOf(nullptr, nullptr, readOnly | SettingsLight::userFirst), L"(none)");
+}
+
+TEST_F(RegistryTest, VaultKeyWithoutTheWantedValueIsPassedOver) {
+  setText(HKEY_LOCAL_MACHINE, suite + L"\\Databases\\V", L"mark", L"machine");
+  setText(HKEY_CURRENT_USER, suite + L"\\Vaults\\V", L"mark", L"user");
+  setNumber(HKEY_CURRENT_USER, suite + L"\\Vaults\\V", L"Offline", 0);
+  EXPECT_EQ(markOf(L"V", L"Offline", readOnly | SettingsLight::machineFirst), L"user");
+  EXPECT_EQ(markOf(L"V", L"Offline", readOnly | SettingsLight::machineOnly), L"(none)");
+  EXPECT_EQ(markOf(L"V", L"Missing", readOnly | SettingsLight::userFirst), L"(none)");
+}
+
+TEST_F(RegistryTest, VaultKeyNeedsTheMachinesRootAndMakesWhatItIsAskedTo) {
+  const unsigned flags = readOnly | SettingsLight::writeAccess | SettingsLight::userOnly;
+  setText(HKEY_CURRENT_USER, suite + L"\\Vaults\\V", L"mark", L"user");
+  EXPECT_EQ(markOf(L"V", nullptr, flags), L"(none)");
+  makeKey(HKEY_LOCAL_MACHINE, suite);
+  EXPECT_EQ(markOf(L"V", nullptr, flags), L"user");
+  EXPECT_EQ(markOf(L"New", nullptr, flags), L"(none)");
+  EXPECT_EQ(markOf(L"New", nullptr, flags, true), L"(no mark)");
+  EXPECT_EQ(markOf(L"New", nullptr, flags), L"(no mark)");
+}
+
+TEST_F(RegistryTest, VaultIsOfflineByANonZeroNumberOfFourBytes) {
+  makeKey(HKEY_LOCAL_MACHINE, suite);
+  const std::wstring vaults = suite + L"\\Vaults\\";
+  setNumber(HKEY_CURRENT_USER, vaults + L"on", L"Offline", 0);
+  setNumber(HKEY_CURRENT_USER, vaults + L"off", L"Offline", 2);
+  setNumber(HKEY_CURRENT_USER, vaults + L"bigEndian", L"Offline", 0x01000000, REG_DWORD_BIG_ENDIAN);
+  setNumber(HKEY_CURRENT_USER, vaults + L"bigEndianOn", L"Offline", 0, REG_DWORD_BIG_ENDIAN);
+  setText(HKEY_CURRENT_USER, vaults + L"text", L"Offline", L"1\0");
+  setNumber(HKEY_CURRENT_USER, vaults + L"binary", L"Offline", 1, REG_BINARY);
+  const unsigned long long one = 1;
+  setBytes(HKEY_CURRENT_USER, vaults + L"qword", L"Offline", REG_QWORD, &one, sizeof(one));
+  setBytes(HKEY_CURRENT_USER, vaults + L"short", L"Offline", REG_DWORD, "\x01", 1);
+  makeKey(HKEY_CURRENT_USER, vaults + L"silent");
+  setNumber(HKEY_LOCAL_MACHINE, suite + L"\\Databases\\machine", L"Offline", 1);
+  EXPECT_TRUE(isVaultOffline(L"off"));
+  EXPECT_TRUE(isVaultOffline(L"bigEndian"));
+  for (const wchar_t* vault : {L"on", L"bigEndianOn", L"text", L"binary", L"qword", L"short",
+                               L"silent", L"machine", L"missing", L""}) {
+    EXPECT_FALSE(isVaultOffline(vault)) << vault;
+  }
+  EXPECT_FALSE(isVaultOffline(nullptr));
+  setNumber(HKEY_CURRENT_USER, vaults + L"off", L"Offline", 0);
+  EXPECT_FALSE(isVaultOffline(L"off"));
+}

@@ -1,0 +1,154 @@
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <set>
+#include <string>
+
+#include "foundation/CString.h"
+#include "vault/ResultCodeTable.h"
+#include "vault/ResultCodes.h"
+#include "vault/ResultTexts.h"
+
+// The client isn't there in these tests: every text is the one that the module has itself.
+
+namespace {
+
+CString text(std::uint32_t code) { return textOf(resultCodeText(static_cast<HRESULT>(code))); }
+CString name(std::uint32_t code) { return textOf(resultCodeName(static_cast<HRESULT>(code))); }
+CString databaseText(std::uint32_t code) {
+  return textOf(databaseErrorText(static_cast<HRESULT>(code)));
+}
+
+}  // namespace
+
+TEST(ResultTextTable, EveryRowTellsSomethingAndNoCodeTwice) {
+  std::set<std::uint32_t> codes;
+  for (const ResultTexts* table : {&vaultTexts, &archiveTexts}) {
+    for (const ResultText& row : *table) {
+      EXPECT_TRUE(codes.insert(row.code).second) << std::hex << row.code;
+      const CString defaultText = row.defaultText;
+      ASSERT_FALSE(defaultText.empty()) << std::hex << row.code;
+      EXPECT_EQ(defaultText.find(L"  "), CString::npos) << std::hex << row.code;
+      EXPECT_NE(wcschr(L".?:", defaultText.back()), nullptr) << std::hex << row.code;
+      EXPECT_EQ(text(row.code).rfind(defaultText, 0), 0u) << std::hex << row.code;
+    }
+  }
+  EXPECT_EQ(codes.size(), 286u);
+}
+
+TEST(ResultTextTable, NamedCodesHaveATextBesidesTheFewThatAreWindows) {
+  const std::set<CString> withoutRow = {L"S_FVC_STARTED",
+                                        L"E_NOINTERFACE",
+                                        L"E_ACCESSDENIED",
+                                        L"E_QVT_BAD_LENGTH",
+                                        L"E_QVT_ERPMGR_ALIAS_DOES_NOT_EXIST",
+                                        L"E_QVT_GET_QVTFORMATROUTER",
+                                        L"E_QVT_SERVER_NOT_FOUND",
+                                        L"E_QVT_DATASOURCE_NOT_FOUND"};
+  std::set<std::uint32_t> codes;
+  for (const ResultTexts* table : {&vaultTexts, &archiveTexts}) {
+    for (const ResultText& row : *table) codes.insert(row.code);
+  }
+  for (const ResultCodeRow& row : resultCodeTable) {
+    EXPECT_EQ(codes.count(row.code) == 0, withoutRow.count(row.name) == 1)
+        << _bstr_t(row.name).operator const char*();
+    const CString told = text(row.code);
+    ASSERT_FALSE(told.empty());
+    EXPECT_NE(told.back(), L'\n');
+    EXPECT_EQ(name(row.code), row.name);
+  }
+}
+
+TEST(ResultCodeText, TellsSuccessAndFailureAlike) {
+  EXPECT_EQ(text(0), L"The method was successfully executed.");
+  EXPECT_EQ(text(1), L"The method was successfully executed but returned 'false'.");
+  EXPECT_EQ(text(0x80004005), text(0x8000FFFF));
+  EXPECT_EQ(text(0x80040208),
+            L"You tried to get an element from a list where the cursor is off-right.");
+  EXPECT_EQ(text(0x8004020F),
+            L"An ttempt was made to create a new file or folder with the same name as an existing "
+            L"one.");
+  EXPECT_EQ(text(0x80040206), text(0x80040221));
+  EXPECT_EQ(text(0x80040206).rfind(L"Could not open database. ", 0), 0u);
+}
+
+TEST(ResultCodeText, CodesWithATextMadeOtherwise) {
+  EXPECT_EQ(text(0x8004027D), L"E_QVT_GET_QVTFORMATROUTER");
+  EXPECT_EQ(text(0x80040220), L"The server was not found.");
+  EXPECT_EQ(text(0x80040222), L"The ODBC data source was not found.");
+  EXPECT_EQ(text(0x800402D3),
+            L"The operating system version is not supported\n"
+            L"The following is the minimum requirement:\n"
+            L"Windows XP Service Pack 2\n"
+            L"Windows Server 2003 Service Pack 1");
+  // Nothing of it is kept from one call to the next.
+  EXPECT_EQ(text(0x800402D3), text(0x800402D3));
+}
+
+TEST(ResultCodeText, RevisionControlRange) {
+  EXPECT_EQ(text(0x80040431), L"The root folder of the archive could not be created.");
+  EXPECT_EQ(text(0x80040432), L"Archive server revision control error 0 (0x080040432)");
+  EXPECT_EQ(text(0x800404C4), L"Archive server revision control error 146 (0x0800404C4)");
+  EXPECT_EQ(text(0x800404C5), L"The archive server is not a member of a domain.");
+  EXPECT_EQ(name(0x80040431), L"E_FVC_CANT_CREATE_ROOT_FOLDER");
+  EXPECT_EQ(name(0x80040432), L"E_FVC_RCE_ERR_0");
+  EXPECT_EQ(name(0x800404C4), L"E_FVC_RCE_ERR_146");
+  EXPECT_EQ(name(0x800404C5), L"E_FVC_NOT_DOMAIN_MEMBER");
+}
+
+TEST(ResultCodeText, WinINetRange) {
+  EXPECT_EQ(text(0x80072EE0), L"A WinINet error occured (code=12000).");
+  EXPECT_EQ(text(0x80072EE7), L"The server name could not be resolved.");
+  EXPECT_EQ(text(0x80072EFD), L"The attempt to connect to the server failed.");
+  EXPECT_EQ(text(0x80072EFE), L"The connection with the server has been terminated.");
+  EXPECT_EQ(text(0x80072EFF), L"The connection with the server has been reset.");
+  EXPECT_EQ(text(0x80072F83), L"The Internet connection has been lost");
+  EXPECT_EQ(text(0x80072F8F), L"A WinINet error occured (code=12175).");
+  for (const std::uint32_t outside : {0x80072EDFu, 0x80072F90u}) {
+    EXPECT_EQ(text(outside).find(L"WinINet error occured"), CString::npos);
+    EXPECT_FALSE(text(outside).empty());
+  }
+}
+
+TEST(ResultCodeText, OtherCodesAreInWindowsWords) {
+  const CString fileNotFound = text(0x80070002);
+  EXPECT_EQ(fileNotFound, text(0x80070002));
+  EXPECT_EQ(fileNotFound.find_first_of(L"\r\n"), CString::npos);
+  EXPECT_GT(fileNotFound.size(), 5u);
+  EXPECT_EQ(fileNotFound.find(L"Unknown error"), CString::npos);
+  EXPECT_EQ(text(0x80040242), L"IDispatch error #66");
+  EXPECT_EQ(text(0x8004029D), L"IDispatch error #157");
+  EXPECT_EQ(text(0x80047FFF), L"IDispatch error #32255");
+  EXPECT_EQ(text(0xA1234567), L"Unknown error 0xA1234567");
+  EXPECT_EQ(text(0x20000001), L"Unknown error 0x20000001");
+  // Its message has a place for the name of a file.
+  EXPECT_EQ(text(0x800700C1).find(L"Unknown error"), CString::npos);
+}
+
+TEST(ResultCodeName, NumberStandsForAMissingName) {
+  EXPECT_EQ(name(0x80040206), L"E_QVT_CANT_OPEN_DATABASE");
+  EXPECT_EQ(name(0x80040221), L"E_QVT_CANT_OPEN_DATABASE");
+  EXPECT_EQ(name(0x80070057), L"E_INVALIDARG");
+  EXPECT_EQ(name(0x8004024D), L"0x8004024D");
+  EXPECT_EQ(name(2), L"0x2");
+}
+
+TEST(DescribeResultCode, FillsOnlyWhatIsWanted) {
+  _bstr_t toldText, toldName;
+  describeResultCode(E_QVT_FILE_NOT_FOUND, &toldText, &toldName);
+  EXPECT_STREQ(toldText, L"The file could not be found.");
+  EXPECT_STREQ(toldName, L"E_QVT_FILE_NOT_FOUND");
+  toldText = toldName = L"before";
+  describeResultCode(E_QVT_FILE_NOT_FOUND, nullptr, nullptr);
+  describeResultCode(E_QVT_KEY_NOT_FOUND, nullptr, &toldName);
+  EXPECT_STREQ(toldText, L"before");
+  EXPECT_STREQ(toldName, L"E_QVT_KEY_NOT_FOUND");
+}
+
+TEST(DatabaseErrorText, OtherCodesAreAnAccessError) {
+  EXPECT_EQ(databaseText(0x80040206), L"The database could not be opened.");
+  EXPECT_EQ(databaseText(0x80040221), L"The database could not be opened.");
+  EXPECT_EQ(databaseText(0x80040220), L"The server was not found.");
+  EXPECT_EQ(databaseText(0x80040222), L"The ODBC data source was not found.");
+  EXPECT_EQ(databaseText(0), text(0x80040207));
+}

@@ -1,0 +1,167 @@
+#include <gtest/gtest.h>
+
+#include <windows.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "xref/ModifiedDates.h"
+#include "xref/XrefList.h"
+#include "xref/XrefPaths.h"
+
+namespace {
+
+AcApDocument* document(int number) {
+  static char keys[4];
+  return reinterpret_cast<AcApDocument*>(&keys[number]);
+}
+
+struct RelativeCase {
+  const wchar_t* stored;
+  const wchar_t* drawingFolder;
+  const wchar_t* expected;  // null: outside
+};
+
+TEST(XrefPaths, NamesAFileRelativeToTheRootOfTheView) {
+  const RelativeCase cases[] = {
+      {L"Grid.dwg", L"C:\\View\\Site\\", L"\\Site\\Grid.dwg"},
+      {L"..\\Other\\Part.dwg", L"C:\\View\\Site\\", L"\\Other\\Part.dwg"},
+      {L"..\\Other\\Part.dwg", L"C:\\View\\", nullptr},
+      {L"..\\View\\Part.dwg", L"C:\\View\\", L"\\Part.dwg"},
+      {L".\\Part.dwg", L"C:\\View\\", L"\\Part.dwg"},
+      {L"c:\\view\\Part.dwg", L"C:\\View\\", L"\\Part.dwg"},
+      {L"D:\\View\\Part.dwg", L"C:\\View\\", nullptr},
+      {L"C:\\Viewer\\Part.dwg", L"C:\\View\\", nullptr},
+      {L"\\\\server\\share\\Part.dwg", L"C:\\View\\", nullptr},
+      {L"O'Neil drain 5%.dwg", L"C:\\View\\", L"\\O'Neil drain 5%.dwg"},
+      {L"Gr\u00fcn\\\u6c34.dwg", L"C:\\View\\", L"\\Gr\u00fcn\\\u6c34.dwg"},
+  };
+  for (const RelativeCase& each : cases) {
+    CString relative = L"untouched";
+    const bool inside = relativeToRoot(each.stored, each.drawingFolder, L"C:\\View", relative);
+    EXPECT_EQ(inside, each.expected != nullptr) << each.stored;
+    if (each.expected) {
+      EXPECT_EQ(relative, each.expected);
+    }
+  }
+}
+
+TEST(XrefPaths, TakesViewsOnSharesAndWholeDrives) {
+  CString relative;
+  ASSERT_TRUE(relativeToRoot(L"Sub\\Part.dwg", L"\\\\server\\share\\View\\",
+                             L"\\\\server\\share\\View", relative));
+  EXPECT_EQ(relative, L"\\Sub\\Part.dwg");
+  CString full;
+  ASSERT_TRUE(joinPath(L"\\\\server\\share\\View", relative, full));
+  EXPECT_EQ(full, L"\\\\server\\share\\View\\Sub\\Part.dwg");
+}
+
+TEST(XrefPaths, RefusesPathsThatDontFit) {
+  const CString folder = L"C:\\View\\";
+  for (const size_t length : {240u, 251u, 252u, 300u, 40000u}) {
+    const CString name(length, L'x');
+    const bool fits = folder.size() + length < MAX_PATH;
+    CString relative, absolute = name, base = folder;
+    EXPECT_EQ(relativeToRoot(name, folder, L"C:\\View", relative), fits) << length;
+    EXPECT_EQ(makeAbsolute(absolute, &base), fits) << length;
+    EXPECT_EQ(absolute, fits ? folder + name : name) << length;
+    relativeToRoot(folder + name, folder, L"C:\\View", relative);
+  }
+}
+
+TEST(XrefPaths, MakesStoredPathsAbsolute) {
+  CString base = L"C:\\View\\Site\\";
+  CString path = L"..\\Xrefs\\Grid.dwg";
+  EXPECT_TRUE(makeAbsolute(path, &base));
+  EXPECT_EQ(path, L"C:\\View\\Xrefs\\Grid.dwg");
+  path = L"D:\\Elsewhere\\Grid.dwg";
+  EXPECT_TRUE(makeAbsolute(path, &base));
+  EXPECT_EQ(path, L"D:\\Elsewhere\\Grid.dwg");
+  path.clear();
+  EXPECT_FALSE(makeAbsolute(path, &base));
+}
+
+TEST(XrefList, GoesOnBehindARemovedRow) {
+  XrefList list;
+  list.add(L"C:\\A", L"oldest", document(0));
+  list.add(L"C:\\B", L"other", document(1));
+  list.add(L"C:\\C", L"middle", document(0));
+  list.add(L"C:\\D", L"newest", document(0));
+  std::vector<CString> met;
+  for (bool found = list.findFirstOfDocument(document(0)); found; found = list.findNext()) {
+    met.push_back(list.currentName());
+    if (met.back() != L"middle") list.removeCurrent();
+  }
+  EXPECT_EQ(met, (std::vector<CString>{L"newest", L"middle", L"oldest"}));
+  EXPECT_FALSE(list.findNext());
+  ASSERT_TRUE(list.findFirstOfDocument(document(0)));
+  EXPECT_EQ(list.currentName(), L"middle");
+  EXPECT_FALSE(list.findNext());
+  ASSERT_TRUE(list.findFirstOfPath(L"c:\\b"));
+  list.removeCurrent();
+  EXPECT_EQ(list.currentPath(), L"C:\\C");
+  EXPECT_FALSE(list.findFirstOfDocument(document(1)));
+  EXPECT_TRUE(list.currentName().empty());
+}
+
+TEST(ModifiedDates, BuildsTheStatementsForAllFiles) {
+  EXPECT_EQ(buildModifiedDateBatch(L"C:\\No such view", -3, {L"\\A.dwg", L"\\O'Sub\\O'Neil.dwg"}),
+            L"Exec Doc_Init_GMDM_Temp\n"
+            L"Exec Doc_Pop_GMDM_Temp 'A.dwg', '\\'\n"
+            L"Exec Doc_Pop_GMDM_Temp 'O''Neil.dwg', '\\O''Sub\\'\n"
+            L"Exec Doc_GetModifiedDateMultiple '00000000-0000-0000-0000-000000000000', -3\n"
+            L"Exec Doc_Cleanup_GMDM_Temp");
+}
+
+class FileOnDisk {
+ public:
+  FileOnDisk() : path(std::filesystem::temp_directory_path() / L"tessaro-date.dwg") {
+    std::ofstream(path) << "x";
+  }
+  ~FileOnDisk() { std::filesystem::remove(path); }
+
+  void writeTime(WORD second, WORD milliseconds) const {
+    const SYSTEMTIME time = {2009, 3, 0, 29, 10, 0, second, milliseconds};
+    FILETIME fileTime;
+    ASSERT_TRUE(SystemTimeToFileTime(&time, &fileTime));
+    HANDLE file =
+        CreateFileW(path.c_str(), FILE_WRITE_ATTRIBUTES, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    EXPECT_TRUE(SetFileTime(file, nullptr, nullptr, &fileTime));
+    CloseHandle(file);
+  }
+
+  const std::filesystem::path path;
+};
+
+FileAge ageAgainst(const FileOnDisk& file, WORD vaultSecond, bool inVault = true,
+                   bool exempt = false) {
+  const SYSTEMTIME time = {2009, 3, 0, 29, 10, 0, vaultSecond, 0};
+  XrefFileRecord record;
+  SystemTimeToFileTime(&time, &record.vaultDate);
+  record.inVault = inVault;
+  record.exempt = exempt;
+  record.fullPath = file.path.wstring();
+  return isOutOfDate(record);
+}
+
+TEST(ModifiedDates, ComparesAtTheGrainOfTwoSeconds) {
+  const FileOnDisk file;
+  file.writeTime(3, 400);
+  EXPECT_EQ(ageAgainst(file, 2), FileAge::current);
+  EXPECT_EQ(ageAgainst(file, 3), FileAge::outOfDate);
+  EXPECT_EQ(ageAgainst(file, 4), FileAge::outOfDate);
+  EXPECT_EQ(ageAgainst(file, 0), FileAge::outOfDate);
+  EXPECT_EQ(ageAgainst(file, 0, false), FileAge::current);
+  EXPECT_EQ(ageAgainst(file, 0, true, true), FileAge::current);
+}
+
+TEST(ModifiedDates, AFileThatCantBeOpenedIsUnreadable) {
+  const FileOnDisk file;
+  HANDLE locked =
+      CreateFileW(file.path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+  EXPECT_EQ(ageAgainst(file, 0, false), FileAge::unreadable);
+  CloseHandle(locked);
+  EXPECT_EQ(isOutOfDate(XrefFileRecord()), FileAge::unreadable);
+}
+
+}  // namespace

@@ -1,0 +1,143 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <string>
+
+#include "core/Accounts.h"
+#include "core/Condition.h"
+#include "core/Faults.h"
+#include "core/Store.h"
+#include "core/Transcript.h"
+#include "vault/VaultInterfaces.h"
+
+// MinGW's comdef.h declares none for Windows' own interfaces.
+#ifndef _MSC_VER
+_COM_SMARTPTR_TYPEDEF(IUnknown, __uuidof(IUnknown));
+_COM_SMARTPTR_TYPEDEF(IDispatch, __uuidof(IDispatch));
+_COM_SMARTPTR_TYPEDEF(IErrorInfo, __uuidof(IErrorInfo));
+#endif
+
+/// The stand-in client, registered and reached as the module reaches it, over a store with one
+/// vault, "Plant", whose view holds Plan.dxf and Sub\O'Neil.dxf. At the end of each test everything
+/// that the client handed out has to be back.
+class ClientTest : public testing::Test {
+ protected:
+  static constexpr HRESULT permissionDenied = static_cast<HRESULT>(0x80040203);
+  static constexpr HRESULT notLoggedIn = static_cast<HRESULT>(0x80040204);
+  static constexpr HRESULT fileNotFound = static_cast<HRESULT>(0x80040213);
+  static constexpr HRESULT keyNotFound = static_cast<HRESULT>(0x8004022B);
+  static constexpr HRESULT invalidQuery = static_cast<HRESULT>(0x80040230);
+
+  void SetUp() override {
+    ASSERT_TRUE(library) << "TessaroClient.dll lies beside the program";
+    CoInitialize(nullptr);
+    removeFolder();
+    std::filesystem::create_directories(view / L"Sub");
+    wb::Transcript::instance().clear();
+    wb::clearFaults();
+    wb::clientCondition() = {};
+    ASSERT_EQ(call("DllRegisterServer"), S_OK);
+    wb::store().open(folder / L"store");
+    wb::store().createVault(L"Plant", view.wstring());
+    add(L"Plan.dxf", "plan");
+    add(L"Sub\\O'Neil.dxf", "detail");
+    firstTicket = wb::nextTicket();
+  }
+
+  void TearDown() override {
+    if (!library) return;
+    for (const auto& left : wb::outstanding(firstTicket)) {
+      ADD_FAILURE() << "not given back: " << std::string(left.label.begin(), left.label.end());
+    }
+    EXPECT_EQ(call("DllCanUnloadNow"), S_OK);
+    wb::clearFaults();
+    wb::clientCondition() = {};
+    wb::store().close();
+    EXPECT_EQ(call("DllUnregisterServer"), S_OK);
+    CoUninitialize();
+    FreeLibrary(library);
+    removeFolder();
+  }
+
+  HRESULT call(const char* function) const {
+    using Function = HRESULT(STDAPICALLTYPE*)();
+    const auto address = reinterpret_cast<void*>(GetProcAddress(library, function));
+    return address ? reinterpret_cast<Function>(address)() : E_NOINTERFACE;
+  }
+
+  std::wstring path(const wchar_t* name) const { return (view / name).wstring(); }
+
+  void add(const wchar_t* name, const char* content) {
+    const std::filesystem::path source = folder / L"source";
+    std::ofstream(source, std::ios::binary) << content;
+    wb::store().add(path(name), source, L"engineer", L"");
+  }
+
+  template <class Pointer>
+  static Pointer create(REFCLSID id = __uuidof(VaultMain)) {
+    IUnknownPtr object;
+    EXPECT_EQ(object.CreateInstance(id, nullptr, CLSCTX_SERVER | CLSCTX_INPROC_HANDLER), S_OK);
+    EXPECT_EQ(OleRun(object), S_OK);
+    return object;
+  }
+
+  static VaultClientPtr loggedIn() {
+    const auto client = create<VaultClientPtr>();
+    EXPECT_EQ(client->login(_bstr_t(L"Plant"), 0), S_OK);
+    return client;
+  }
+
+  void open(VaultFolderPtr& inFolder, VaultFilePtr& file, const wchar_t* name) {
+    const auto client = loggedIn();
+    ASSERT_EQ(client->fileFromPath(_bstr_t(path(name).c_str()), &inFolder, &file), S_OK);
+  }
+
+  void openLegacy(VaultFolderLegacyPtr& inFolder, VaultFileLegacyPtr& file, const wchar_t* name) {
+    const VaultClientLegacyPtr client = loggedIn();
+    ASSERT_EQ(client->fileFromPath(_bstr_t(path(name).c_str()), &inFolder, &file), S_OK);
+  }
+
+  /// The text that an operation gives.
+  static _bstr_t text(const std::function<HRESULT(BSTR*)>& operation) {
+    BSTR result = nullptr;
+    EXPECT_EQ(operation(&result), S_OK);
+    return _bstr_t(result, false);
+  }
+
+  static bool told(std::wstring_view text) {
+    for (const std::wstring& line : wb::Transcript::instance().lines()) {
+      if (line.find(text) != std::wstring::npos) return true;
+    }
+    return false;
+  }
+
+  const std::filesystem::path folder =
+      std::filesystem::temp_directory_path() / L"workbench-tests" / L"client";
+  const std::filesystem::path view = folder / L"view";
+
+  wb::Ticket firstTicket = 0;
+
+ private:
+  static HMODULE loadLibrary() {
+    wchar_t file[MAX_PATH];
+    GetModuleFileNameW(nullptr, file, MAX_PATH);
+    const auto client = std::filesystem::path(file).replace_filename(L"TessaroClient.dll");
+    return LoadLibraryW(client.c_str());
+  }
+
+  /// What the vault put into the view is read-only, which Windows doesn't remove.
+  void removeFolder() const {
+    namespace fs = std::filesystem;
+    if (!fs::exists(folder)) return;
+    for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+      SetFileAttributesW(entry.path().c_str(), FILE_ATTRIBUTE_NORMAL);
+    }
+    fs::remove_all(folder);
+  }
+
+  const HMODULE library = loadLibrary();
+};

@@ -1,0 +1,249 @@
+#include "host/Answers.h"
+
+#include <commctrl.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "BareSession.h"
+#include "core/Transcript.h"
+
+namespace {
+
+struct ControlSpec {
+  WORD type;  // of the predefined classes: 0x80 button, 0x81 edit, 0x82 static, 0x83 list box
+  DWORD style;
+  WORD id;
+  const wchar_t* text;
+};
+
+/// A dialog template in memory.
+class DialogTemplate {
+ public:
+  DialogTemplate(const wchar_t* title, const std::vector<ControlSpec>& controls) {
+    number(WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME, 2);
+    number(0, 2);
+    number(controls.size(), 1);
+    for (const int measure : {10, 10, 120, 80}) number(static_cast<size_t>(measure), 1);
+    number(0, 1);
+    number(0, 1);
+    text(title);
+    int top = 2;
+    for (const ControlSpec& control : controls) {
+      if (words.size() % 2) words.push_back(0);
+      number(control.style | WS_CHILD | WS_VISIBLE, 2);
+      number(0, 2);
+      for (const int measure : {2, top, 60, 12}) number(static_cast<size_t>(measure), 1);
+      number(control.id, 1);
+      number(0xFFFF, 1);
+      number(control.type, 1);
+      text(control.text);
+      number(0, 1);
+      top += 14;
+    }
+  }
+
+  INT_PTR run(HWND owner, DLGPROC procedure, void* argument) const {
+    return DialogBoxIndirectParamW(GetModuleHandleW(nullptr),
+                                   reinterpret_cast<const DLGTEMPLATE*>(words.data()), owner,
+                                   procedure, reinterpret_cast<LPARAM>(argument));
+  }
+
+ private:
+  void number(size_t value, int count) {
+    for (; count > 0; --count, value >>= 16) words.push_back(static_cast<WORD>(value));
+  }
+  void text(const wchar_t* value) {
+    do {
+      words.push_back(static_cast<WORD>(*value));
+    } while (*value++);
+  }
+
+  alignas(DWORD) std::vector<WORD> words;
+};
+
+constexpr WORD button = 0x80;
+constexpr WORD edit = 0x81;
+constexpr WORD label = 0x82;
+constexpr WORD listBox = 0x83;
+
+/// What a test's dialog does on a command; the control's id is given.
+using OnCommand = std::function<void(HWND, int)>;
+
+INT_PTR CALLBACK dialogProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_INITDIALOG) {
+    SetWindowLongPtrW(dialog, DWLP_USER, lParam);
+    (*reinterpret_cast<OnCommand*>(lParam))(dialog, 0);
+    return TRUE;
+  }
+  auto* onCommand = reinterpret_cast<OnCommand*>(GetWindowLongPtrW(dialog, DWLP_USER));
+  if (message != WM_COMMAND || !onCommand) return FALSE;
+  (*onCommand)(dialog, LOWORD(wParam));
+  return TRUE;
+}
+
+INT_PTR runDialog(const DialogTemplate& dialog, OnCommand onCommand, HWND owner = nullptr) {
+  return dialog.run(owner, dialogProcedure, &onCommand);
+}
+
+std::wstring textOf(HWND dialog, int id) {
+  wchar_t text[200] = L"";
+  GetDlgItemTextW(dialog, id, text, 200);
+  return text;
+}
+
+int ask(UINT flags = MB_YESNO | MB_ICONQUESTION) {
+  return wb::watchedMessageBox(nullptr, L"Line one\nline \"two\"", L"Tessaro", flags);
+}
+
+class AnswersTest : public ::testing::Test {
+ protected:
+  bool lastLineHolds(const wchar_t* text) const {
+    return session.transcript().back().find(text) != std::wstring::npos;
+  }
+
+  BareSession session;
+  wb::Answers& answers = wb::Answers::instance();
+};
+
+TEST_F(AnswersTest, BoxesTakeTheQueuedAnswersInOrderAndAreToldInFull) {
+  answers.queue(L"no");
+  answers.queue(L"yes");
+  answers.queue(L"ok");
+  answers.queue(L"close");
+  EXPECT_EQ(IDNO, ask());
+  EXPECT_EQ(
+      L"box: flags=MB_YESNO|MB_ICONQUESTION title=\"Tessaro\" "
+      L"text=\"Line one\\nline \\\"two\\\"\" answer=no",
+      session.transcript().back());
+  EXPECT_EQ(IDYES, ask());
+  EXPECT_EQ(IDOK, ask(MB_OK | MB_ICONINFORMATION));
+  EXPECT_TRUE(lastLineHolds(L"flags=MB_OK|MB_ICONINFORMATION "));
+  EXPECT_EQ(IDCANCEL, ask(MB_YESNOCANCEL | MB_DEFBUTTON3));
+  EXPECT_TRUE(answers.unused().empty());
+  EXPECT_EQ(0u, answers.unanswered());
+}
+
+TEST_F(AnswersTest, UnansweredBoxIsAnErrorAndClosesInTheWayThatChangesLeast) {
+  EXPECT_EQ(IDCANCEL, ask(MB_YESNOCANCEL));
+  EXPECT_EQ(IDNO, ask(MB_YESNO));
+  EXPECT_EQ(IDOK, ask(MB_OK));
+  EXPECT_EQ(3u, answers.unanswered());
+  EXPECT_EQ(3, session.count(L"error: box without an answer: flags="));
+  EXPECT_EQ(3, session.count(L"box: flags="));
+}
+
+TEST_F(AnswersTest, AnswerThatTheBoxHasNoButtonForIsAnError) {
+  answers.queue(L"yes");
+  EXPECT_EQ(IDOK, ask(MB_OK));
+  EXPECT_TRUE(session.told(L"error: box can't be answered, it has no button \"yes\":"));
+  answers.queue(L"close");
+  EXPECT_EQ(IDNO, ask(MB_YESNO));
+  EXPECT_EQ(2u, answers.unanswered());
+}
+
+TEST_F(AnswersTest, DialogIsFilledCheckedAndClosedThroughItsControls) {
+  const DialogTemplate dialog(L"Check in", {{label, 0, 900, L"Comment"},
+                                            {edit, ES_MULTILINE, 1201, L"old text"},
+                                            {button, BS_AUTOCHECKBOX, 1202, L"Keep"},
+                                            {listBox, LBS_NOTIFY, 1203, L""},
+                                            {button, BS_PUSHBUTTON, IDOK, L"OK"},
+                                            {button, BS_PUSHBUTTON, IDCANCEL, L"Cancel"}});
+  std::wstring comment;
+  bool checked = false;
+  LRESULT row = -1;
+  answers.prepare(wb::FillControl{1201, L"Walls moved"});
+  answers.prepare(wb::CheckControl{1202, true});
+  answers.prepare(wb::SelectRow{2, false});
+  answers.queue(L"ok");
+  const INT_PTR result = runDialog(dialog, [&](HWND window, int id) {
+    if (id == 0) {
+      for (const wchar_t* line : {L"one", L"two"}) {
+        SendDlgItemMessageW(window, 1203, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(line));
+      }
+    } else if (id == IDOK || id == IDCANCEL) {
+      comment = textOf(window, 1201);
+      checked = IsDlgButtonChecked(window, 1202) == BST_CHECKED;
+      row = SendDlgItemMessageW(window, 1203, LB_GETCURSEL, 0, 0);
+      EndDialog(window, id);
+    }
+  });
+  EXPECT_EQ(IDOK, result);
+  EXPECT_EQ(L"Walls moved", comment);
+  EXPECT_TRUE(checked);
+  EXPECT_EQ(1, row);
+  EXPECT_TRUE(session.told(L"dialog: \"Check in\" 1201=\"Walls moved\" 1202=on row=2 answer=ok"));
+}
+
+TEST_F(AnswersTest, BoxOverADialogTakesTheNextAnswerAndTheDialogTheOneAfter) {
+  const DialogTemplate dialog(
+      L"Outer", {{button, BS_PUSHBUTTON, 5, L"Ask"}, {button, BS_PUSHBUTTON, IDOK, L"OK"}});
+  int inner = 0;
+  answers.queue(L"5");
+  answers.queue(L"yes");
+  answers.queue(L"ok");
+  const INT_PTR result = runDialog(dialog, [&](HWND window, int id) {
+    if (id == 5) inner = wb::watchedMessageBox(window, L"Sure?", L"Inner", MB_YESNO);
+    if (id == IDOK) EndDialog(window, id);
+  });
+  EXPECT_EQ(IDOK, result);
+  EXPECT_EQ(IDYES, inner);
+  EXPECT_EQ(0u, answers.unanswered());
+}
+
+TEST_F(AnswersTest, DialogWithoutControlsTakesNoAnswerAndTheOneOnTopOfItDoes) {
+  const DialogTemplate runner(L"Dialog", {});
+  const DialogTemplate checkIn(L"Check in", {{button, BS_PUSHBUTTON, IDOK, L"OK"},
+                                             {button, BS_PUSHBUTTON, IDCANCEL, L"Cancel"}});
+  constexpr int runVerb = 1000;
+  INT_PTR inner = 0;
+  answers.queue(L"cancel");
+  const INT_PTR result = runDialog(runner, [&](HWND window, int id) {
+    if (id == 0) PostMessageW(window, WM_COMMAND, runVerb, 0);
+    if (id != runVerb) return;
+    inner = runDialog(
+        checkIn,
+        [](HWND top, int pressed) {
+          if (pressed) EndDialog(top, pressed);
+        },
+        window);
+    EndDialog(window, 1);
+  });
+  EXPECT_EQ(1, result);
+  EXPECT_EQ(IDCANCEL, inner);
+  ASSERT_EQ(2u, session.transcript().size()) << "only the two dialogs are told";
+  EXPECT_EQ(L"dialog: \"Dialog\" (no controls)", session.transcript()[0]);
+  EXPECT_EQ(L"dialog: \"Check in\" answer=cancel", session.transcript()[1]);
+}
+
+TEST_F(AnswersTest, DialogThatRefusesToCloseEndsAnyway) {
+  const DialogTemplate dialog(L"Stubborn", {{button, BS_PUSHBUTTON, IDOK, L"OK"}});
+  int presses = 0;
+  answers.queue(L"ok");
+  EXPECT_EQ(0, runDialog(dialog, [&](HWND, int id) { presses += id == IDOK; }));
+  EXPECT_EQ(2, presses) << "the answer, and the gentle closing";
+  EXPECT_TRUE(session.told(L"error: dialog without an answer: \"Stubborn\""));
+}
+
+TEST_F(AnswersTest, StepThatCantBeDoneIsAnErrorThatNamesIt) {
+  const DialogTemplate dialog(
+      L"Small", {{edit, WS_DISABLED, 7, L""}, {button, BS_PUSHBUTTON, IDCANCEL, L"Cancel"}});
+  const OnCommand onCommand = [](HWND window, int id) {
+    if (id) EndDialog(window, id);
+  };
+  answers.prepare(wb::FillControl{99, L"x"});
+  answers.queue(L"cancel");
+  EXPECT_EQ(IDCANCEL, runDialog(dialog, onCommand));
+  EXPECT_TRUE(session.told(L"error: dialog can't be answered, it has no control 99: \"Small\""));
+  answers.prepare(wb::FillControl{7, L"x"});
+  answers.queue(L"cancel");
+  EXPECT_EQ(IDCANCEL, runDialog(dialog, onCommand));
+  EXPECT_TRUE(session.told(L"its control 7 is disabled"));
+  answers.queue(L"cancel", {wb::SelectRow{1, false}});
+  EXPECT_EQ(IDCANCEL, runDialog(dialog, onCommand));
+  EXPECT_TRUE(session.told(L"it has no list"));
+}
+
+}  // namespace

@@ -1,0 +1,265 @@
+#include "ClientTest.h"
+
+#include <vector>
+
+namespace {
+
+TEST_F(ClientTest, LookupTellsWhyAFileIsNotGiven) {
+  const auto client = create<VaultClientPtr>();
+  const _bstr_t plan(path(L"plan.DXF").c_str());
+  VaultFolderPtr inFolder;
+  VaultFilePtr file;
+  EXPECT_EQ(client->fileFromPath(plan, &inFolder, &file), notLoggedIn);
+  EXPECT_EQ(client->login(_bstr_t(L"Elsewhere"), 0), static_cast<HRESULT>(0x800404CD));
+
+  const _bstr_t vault = text([&](BSTR* out) { return client->vaultNameFromPath(plan, out); });
+  EXPECT_EQ(std::wstring(vault), L"Plant");
+  BSTR none = nullptr;
+  EXPECT_EQ(client->vaultNameFromPath(_bstr_t(L"C:\\elsewhere.dxf"), &none), keyNotFound);
+
+  ASSERT_EQ(client->login(vault, 0), S_OK);
+  EXPECT_EQ(client->fileFromPath(_bstr_t(path(L"New.dxf").c_str()), &inFolder, &file),
+            fileNotFound);
+  wb::store().setDenied(path(L"Plan.dxf"), true);
+  EXPECT_EQ(client->fileFromPath(plan, &inFolder, &file), permissionDenied);
+  EXPECT_FALSE(inFolder || file);
+
+  ASSERT_EQ(client->fileFromPath(_bstr_t(path(L"Sub").c_str()), &inFolder, &file), S_OK);
+  EXPECT_TRUE(inFolder);
+  EXPECT_FALSE(file) << "a folder has no file";
+  const _bstr_t root = text([&](BSTR* out) { return client->rootFolderPath(out); });
+  EXPECT_EQ(std::wstring(root), view.wstring() + L"\\");
+}
+
+TEST_F(ClientTest, BothGenerationsSeeTheSameCheckOut) {
+  VaultFolderPtr inFolder;
+  VaultFilePtr file;
+  open(inFolder, file, L"Plan.dxf");
+  VaultFolderLegacyPtr legacyFolder;
+  VaultFileLegacyPtr legacyFile;
+  openLegacy(legacyFolder, legacyFile, L"Plan.dxf");
+  long id = 0;
+  const VaultObjectPtr named = inFolder;
+  ASSERT_EQ(named->id(&id), S_OK);
+  EXPECT_EQ(id, 1) << "the view's root";
+
+  VaultObjectPtr holder;
+  EXPECT_EQ(file->checkedOutBy(&holder), S_OK);
+  EXPECT_FALSE(holder);
+  EXPECT_EQ(file->checkOut(id + 1, 0, 0), static_cast<HRESULT>(0x80040214));
+  ASSERT_EQ(legacyFile->checkOut(legacyFolder, 0), S_OK);
+
+  VARIANT_BOOL here = VARIANT_FALSE, held = VARIANT_FALSE;
+  EXPECT_EQ(legacyFile->isCheckedOutHere(id, &here), S_OK);
+  EXPECT_EQ(legacyFile->isCheckedOut(nullptr, nullptr, nullptr, &held), S_OK);
+  EXPECT_TRUE(here && held);
+  EXPECT_EQ(legacyFile->isCheckedOutHere(id + 1, &here), S_OK);
+  EXPECT_FALSE(here);
+  ASSERT_EQ(file->checkedOutBy(&holder), S_OK);
+  EXPECT_EQ(std::wstring(text([&](BSTR* out) { return holder->name(out); })), L"engineer");
+  EXPECT_EQ(std::wstring(text([&](BSTR* out) { return file->checkedOutOnComputer(out); })),
+            wb::Store::thisComputer());
+  EXPECT_FALSE(GetFileAttributesW(path(L"Plan.dxf").c_str()) & FILE_ATTRIBUTE_READONLY);
+  EXPECT_EQ(file->checkOut(id, 0, 0), static_cast<HRESULT>(0x80040211)) << "held already";
+}
+
+TEST_F(ClientTest, VersionsComeInOrderAndCanBeFetched) {
+  std::ofstream(folder / L"next", std::ios::binary) << "plan, changed";
+  wb::store().addVersion(path(L"Plan.dxf"), folder / L"next", L"erika", L"moved the door");
+  VaultFolderLegacyPtr inFolder;
+  VaultFileLegacyPtr file;
+  openLegacy(inFolder, file, L"Plan.dxf");
+  VaultVersionListPtr versions;
+  VaultPositionPtr position;
+  ASSERT_EQ(file->versionList(&versions), S_OK);
+  ASSERT_EQ(versions->firstPosition(&position), S_OK);
+  std::vector<std::wstring> found;
+  for (long end = 0; position->isNull(&end) == S_OK && !end;) {
+    long number = 0;
+    BSTR comment = nullptr;
+    ASSERT_EQ(versions->nextVersion(position, &number, &comment, nullptr, nullptr), S_OK);
+    found.push_back(std::to_wstring(number) + L":" + std::wstring(_bstr_t(comment, false)));
+  }
+  EXPECT_EQ(found, (std::vector<std::wstring>{L"1:", L"2:moved the door"}));
+  long number = 0;
+  BSTR comment = nullptr;
+  EXPECT_EQ(versions->nextVersion(position, &number, &comment, nullptr, nullptr),
+            static_cast<HRESULT>(0x80040208));
+
+  const IShellFolderPtr shell = inFolder;
+  const VaultFolderActionsPtr actions = inFolder;
+  LPITEMIDLIST item = nullptr;
+  wchar_t unknown[] = L"New.dxf", name[] = L"plan.dxf";
+  EXPECT_EQ(shell->ParseDisplayName(nullptr, nullptr, unknown, nullptr, &item, nullptr),
+            HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND));
+  ASSERT_EQ(shell->ParseDisplayName(nullptr, nullptr, name, nullptr, &item, nullptr), S_OK);
+  EXPECT_EQ(actions->getVersion(0, item, 2), S_OK);
+  EXPECT_EQ(std::filesystem::file_size(path(L"Plan.dxf")), 13u);
+  EXPECT_TRUE(FAILED(actions->getVersion(0, item, 3)));
+  EXPECT_EQ(actions->getVersion(0, item, 1), S_OK);
+  EXPECT_EQ(std::filesystem::file_size(path(L"Plan.dxf")), 4u);
+  CoTaskMemFree(item);
+}
+
+TEST_F(ClientTest, CardGivesValuesAndMappings) {
+  const std::wstring plan = path(L"Plan.dxf");
+  wb::store().setCardValue(plan, L"Title", L"Model", {L"text", L"Pump house"});
+  wb::store().setCardValue(plan, L"Title", L"Layout1", {L"integer", L"12"});
+  wb::store().addMapping(plan, L"Title", {L"BORDER", L"TITLE"});
+  VaultFolderLegacyPtr inFolder;
+  VaultFileLegacyPtr file;
+  openLegacy(inFolder, file, L"Plan.dxf");
+  VaultCardDataPtr card;
+  ASSERT_EQ(file->cardData(_bstr_t(L""), &card), S_OK);
+  long folderId = 0, count = 0;
+  VaultCardVariable** variables = nullptr;
+  inFolder->id(&folderId);
+  ASSERT_EQ(card->cardVariables(folderId, &count, &variables), S_OK);
+  ASSERT_EQ(count, 1);
+  const VaultCardVariablePtr title(variables[0], false);
+  CoTaskMemFree(variables);
+
+  _variant_t model, layout, missing;
+  EXPECT_EQ(title->valueForConfiguration(_bstr_t(L"Model"), &model), S_OK);
+  EXPECT_EQ(title->valueForConfiguration(_bstr_t(L"Layout1"), &layout), S_OK);
+  EXPECT_EQ(title->valueForConfiguration(_bstr_t(L"Layout2"), &missing), S_OK);
+  EXPECT_EQ(std::wstring(_bstr_t(model)), L"Pump house");
+  EXPECT_TRUE(V_VT(&layout) == VT_I4 && V_I4(&layout) == 12);
+  EXPECT_EQ(V_VT(&missing), VT_NULL);
+
+  VaultPositionPtr position;
+  VaultAttributeMappingPtr mapping;
+  ASSERT_EQ(title->firstMapping(&position), S_OK);
+  ASSERT_EQ(title->nextMapping(position, &mapping), S_OK);
+  EXPECT_EQ(std::wstring(text([&](BSTR* out) { return mapping->blockName(out); })), L"BORDER");
+  EXPECT_EQ(std::wstring(text([&](BSTR* out) { return mapping->attributeTag(out); })), L"TITLE");
+  long end = 0;
+  EXPECT_EQ(position->isNull(&end), S_OK);
+  EXPECT_TRUE(end);
+}
+
+TEST_F(ClientTest, FaultsLeaveOutsEmptyAndChangeNothing) {
+  const auto client = loggedIn();
+  wb::failOperation(L"VaultClient.fileFromPath", fileNotFound);
+  VaultFolder* noFolder = reinterpret_cast<VaultFolder*>(1);
+  VaultFile* noFile = reinterpret_cast<VaultFile*>(1);
+  EXPECT_EQ(client->fileFromPath(_bstr_t(path(L"Plan.dxf").c_str()), &noFolder, &noFile),
+            fileNotFound);
+  EXPECT_TRUE(noFolder == nullptr && noFile == nullptr);
+
+  VaultFolderPtr inFolder;
+  VaultFilePtr file;
+  open(inFolder, file, L"Plan.dxf");
+  wb::failOperation(L"checkOut", E_FAIL);
+  EXPECT_EQ(file->checkOut(1, 0, 0), E_FAIL);
+  EXPECT_FALSE(wb::store().find(path(L"Plan.dxf"))->holder);
+  EXPECT_TRUE(told(L"client: VaultFile.checkOut(folder=1, parent=none, flags=0) -> E_FAIL"));
+  EXPECT_EQ(file->isCheckedOut(nullptr), E_POINTER);
+
+  wb::failOperation(L"QueryInterface.VaultRootFolderAccess", E_NOINTERFACE);
+  EXPECT_FALSE(VaultRootFolderAccessPtr(client));
+  EXPECT_TRUE(VaultRootFolderAccessPtr(client));
+  wb::failOperation(L"CoCreateInstance.Main", E_OUTOFMEMORY);
+  IUnknownPtr object;
+  EXPECT_EQ(object.CreateInstance(__uuidof(VaultMain)), E_OUTOFMEMORY);
+  EXPECT_FALSE(object);
+}
+
+TEST_F(ClientTest, AccountsTellEveryReferenceAndText) {
+  const auto left = [this] {
+    std::vector<std::wstring> labels;
+    for (const auto& entry : wb::outstanding(firstTicket)) labels.push_back(entry.label);
+    return labels;
+  };
+  {
+    VaultFolderPtr inFolder;
+    VaultFilePtr file;
+    open(inFolder, file, L"Plan.dxf");
+    inFolder.Release();
+    const VaultObjectPtr named = file;
+    BSTR name = nullptr;
+    ASSERT_EQ(named->name(&name), S_OK);
+    EXPECT_EQ(left(), (std::vector<std::wstring>{L"VaultFile \"Plan.dxf\"",
+                                                 L"VaultFile \"Plan.dxf\"", L"BSTR \"Plan.dxf\""}));
+    SysFreeString(name);
+    EXPECT_EQ(left().size(), 2u);
+    EXPECT_EQ(call("DllCanUnloadNow"), S_FALSE);
+  }
+  EXPECT_TRUE(left().empty());
+}
+
+TEST_F(ClientTest, CallsByNameReachTheSameOperations) {
+  const auto client = loggedIn();
+  const IDispatchPtr dispatch = client;
+  const auto invoke = [](IDispatch* object, const wchar_t* name, std::vector<_variant_t> arguments,
+                         VARIANT* result) {
+    auto member = const_cast<LPOLESTR>(name);
+    DISPID id = 0;
+    const HRESULT known = object->GetIDsOfNames(IID_NULL, &member, 1, LOCALE_USER_DEFAULT, &id);
+    if (FAILED(known)) return known;
+    DISPPARAMS parameters = {arguments.data(), nullptr, static_cast<UINT>(arguments.size()), 0};
+    return object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, result,
+                          nullptr, nullptr);
+  };
+  const _variant_t plan(path(L"Plan.dxf").c_str());
+  _variant_t vault, version;
+  EXPECT_EQ(invoke(dispatch, L"vaultNameFromPath", {plan}, &vault), S_OK);
+  EXPECT_EQ(std::wstring(_bstr_t(vault)), L"Plant");
+  EXPECT_EQ(invoke(dispatch, L"vaultNameFromPath", {}, &vault), DISP_E_BADPARAMCOUNT);
+  EXPECT_EQ(invoke(dispatch, L"deleteVault", {}, &vault), DISP_E_UNKNOWNNAME);
+
+  VaultFolderPtr inFolder;
+  VaultFilePtr file;
+  open(inFolder, file, L"Plan.dxf");
+  EXPECT_EQ(invoke(file, L"localVersion", {_variant_t(1L)}, &version), S_OK);
+  EXPECT_EQ(V_I4(&version), 1);
+  EXPECT_EQ(invoke(file, L"checkOut", {_variant_t(0L), _variant_t(0L), _variant_t(1L)}, nullptr),
+            S_OK);
+  EXPECT_TRUE(wb::store().find(path(L"Plan.dxf"))->holder);
+}
+
+TEST_F(ClientTest, TextsComeInTheLanguageThatTheClientIsSetTo) {
+  const auto service = create<VaultTextServicePtr>(__uuidof(TextService));
+  BSTR none = nullptr;
+  EXPECT_EQ(service->text(62, &none), static_cast<HRESULT>(0x80040201)) << "not open";
+  const auto number = [&](long id) {
+    return std::wstring(text([&](BSTR* out) { return service->text(id, out); }));
+  };
+  const _bstr_t product(L"Halvern Vault Manager");
+  ASSERT_EQ(service->open(product, _bstr_t(L"TessaroAcad")), S_OK);
+  EXPECT_TRUE(wb::outstanding(firstTicket).front().kept) << "a product keeps its service";
+  {
+    const auto other = create<VaultTextServicePtr>(__uuidof(TextService));
+    EXPECT_EQ(other->open(product, _bstr_t(L"Database")), S_OK);
+    EXPECT_FALSE(wb::outstanding(firstTicket).back().kept);
+    EXPECT_EQ(other->open(product, _bstr_t(L"Unheard of")), S_FALSE);
+  }
+  EXPECT_EQ(number(50), L"Select Xref: ");
+  EXPECT_EQ(service->text(999, &none), keyNotFound);
+
+  const auto language = folder / L"language.txt";
+  std::ofstream(language, std::ios::binary)
+      << "# comment\r\n\r\nTessaroAcad;;62='%s' auschecken?\\nJa/Nein\\s\r\n"
+         "QvtInterface;ErrorCodes;21=Datei \xC3\xBC"
+         "ber Bord.\n";
+  wb::clientCondition().language = language;
+  EXPECT_EQ(number(62), L"'%s' auschecken?\nJa/Nein ");
+  EXPECT_EQ(number(50), L"Select Xref: ") << "English where the language has none";
+  ASSERT_EQ(service->open(product, _bstr_t(L"QvtInterface")), S_OK);
+  const _bstr_t key(L"ErrorCodes");
+  EXPECT_EQ(std::wstring(text([&](BSTR* out) { return service->sectionText(21, key, out); })),
+            L"Datei \x00FC"
+            L"ber Bord.");
+  EXPECT_EQ(service->sectionText(999, key, &none), S_OK);
+  EXPECT_EQ(none, nullptr);
+  const auto client = create<VaultClientPtr>();
+  EXPECT_EQ(std::wstring(text([&](BSTR* out) { return client->errorText(fileNotFound, 0, out); })),
+            L"Datei \x00FC"
+            L"ber Bord.");
+
+  std::ofstream(language, std::ios::binary) << "TessaroAcad;62=damaged\n";
+  EXPECT_EQ(service->text(62, &none), E_FAIL);
+  EXPECT_TRUE(told(L"line 1 isn't of the form"));
+}
+
+}  // namespace

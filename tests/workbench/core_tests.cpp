@@ -1,0 +1,149 @@
+#include <windows.h>
+
+#include <gtest/gtest.h>
+#include <objbase.h>
+#include <oleauto.h>
+
+#include "core/Accounts.h"
+#include "core/Faults.h"
+#include "core/ResultNames.h"
+#include "core/Text.h"
+#include "core/Transcript.h"
+#include "vault/ResultCodeTable.h"
+
+namespace {
+
+std::wstring labelsSince(wb::Ticket since) {
+  std::wstring labels;
+  for (const wb::Outstanding& one : wb::outstanding(since)) {
+    labels += one.kind + L":" + one.label + (one.kept ? L"(kept) " : L" ");
+  }
+  return labels;
+}
+
+TEST(Accounts, StringsAndTaskMemoryAreBackWhenTheirReceiverFreesThem) {
+  const wb::Ticket since = wb::nextTicket();
+  const BSTR freed = SysAllocString(L"freed");
+  BSTR grown = SysAllocString(L"grown");
+  const BSTR lost = SysAllocString(L"lost");
+  void* array = CoTaskMemAlloc(64);
+  wb::handOutMemory(freed, L"string", L"freed");
+  wb::handOutMemory(grown, L"string", L"grown");
+  wb::handOutMemory(lost, L"string", L"lost");
+  wb::handOutMemory(array, L"memory", L"array");
+  wb::handOutMemory(nullptr, L"string", L"null");
+  EXPECT_EQ(L"string:freed string:grown string:lost memory:array ", labelsSince(since));
+
+  SysFreeString(freed);
+  EXPECT_TRUE(SysReAllocString(&grown, std::wstring(5000, L'x').c_str()));
+  SysFreeString(grown);
+  CoTaskMemFree(array);
+  EXPECT_EQ(L"string:lost ", labelsSince(since));
+
+  SysFreeString(lost);
+  EXPECT_EQ(L"", labelsSince(since));
+}
+
+TEST(Accounts, WhatIsKeptStaysOutstandingUntilItIsBack) {
+  const wb::Ticket since = wb::nextTicket();
+  const wb::Ticket service = wb::handOut(L"com", L"service");
+  wb::keepBeyondCommand(service);
+  const wb::Ticket command = wb::nextTicket();
+  wb::giveBack(wb::handOut(L"com", L"file"));
+  EXPECT_EQ(L"com:service(kept) ", labelsSince(since));
+  EXPECT_EQ(L"", labelsSince(command));
+  wb::giveBack(service);
+  EXPECT_EQ(L"", labelsSince(since));
+}
+
+class Faults : public testing::Test {
+ protected:
+  Faults() { reset(); }
+  ~Faults() override { reset(); }
+  static void reset() {
+    wb::clearFaults();
+    wb::resetCalls();
+  }
+};
+
+TEST_F(Faults, OneFaultHitsOneCallAfterThoseItLetsThrough) {
+  wb::failOperation(L"VaultFile.checkOut", E_ACCESSDENIED, 1);
+  EXPECT_EQ(S_OK, wb::takeFault(L"VaultFile.checkOut"));
+  EXPECT_EQ(S_OK, wb::takeFault(L"VaultFileLegacy.checkOut"));
+  EXPECT_EQ(E_ACCESSDENIED, wb::takeFault(L"VaultFile.checkOut"));
+  EXPECT_EQ(S_OK, wb::takeFault(L"VaultFile.checkOut"));
+  EXPECT_EQ(3u, wb::callCount(L"VaultFile.checkOut"));
+  EXPECT_EQ(4u, wb::callCount(L"checkOut"));
+}
+
+TEST_F(Faults, AnOperationWithoutInterfaceMatchesAllAndAlwaysLastsUntilCleared) {
+  wb::failOperation(L"login", E_FAIL, 0, true);
+  EXPECT_EQ(E_FAIL, wb::takeFault(L"VaultClient.login"));
+  EXPECT_EQ(E_FAIL, wb::takeFault(L"VaultClientLegacy.login"));
+  EXPECT_EQ(S_OK, wb::takeFault(L"VaultClient.relogin"));
+  wb::clearFaults();
+  EXPECT_EQ(S_OK, wb::takeFault(L"VaultClient.login"));
+}
+
+class TranscriptTest : public testing::Test {
+ protected:
+  TranscriptTest() { transcript.clear(); }
+  ~TranscriptTest() override { transcript.clear(); }
+  std::wstring told(const std::wstring& detail) {
+    wb::tell(L"file", detail);
+    return transcript.lines().back();
+  }
+  wb::Transcript& transcript = wb::Transcript::instance();
+};
+
+TEST_F(TranscriptTest, FoldersAreWrittenByTheLongestNameThatStandsThere) {
+  transcript.alias(L"C:\\Work\\", L"<work>");
+  transcript.alias(L"C:\\Work\\Plant", L"<view>");
+  EXPECT_EQ(L"file: <view>\\A.dwg", told(L"c:/WORK/plant\\A.dwg"));
+  EXPECT_EQ(L"file: <work>, <work>\\B and <view>",
+            told(L"C:\\Work, c:/work\\B and C:\\Work/Plant"));
+  EXPECT_EQ(L"file: C:\\Workbench and <work>\\Plant2", told(L"C:\\Workbench and C:\\Work\\Plant2"));
+}
+
+TEST_F(TranscriptTest, AnEventIsOneLineAndIsFoundSinceTheMarkOnly) {
+  wb::tell(L"box", L"first\r\nsecond");
+  EXPECT_EQ(std::vector<std::wstring>{L"box: first\\r\\nsecond"}, transcript.lines());
+  EXPECT_EQ(L"\"a\\nb \\\"c\\\" \\e\\t\\r C:\\\"", wb::quoted(L"a\nb \"c\" \x1B\t\r C:\\"));
+  transcript.mark();
+  EXPECT_FALSE(transcript.holdsSinceMark(L"second"));
+  wb::tell(L"box", L"third");
+  EXPECT_TRUE(transcript.holdsSinceMark(L"box: thi"));
+}
+
+TEST_F(TranscriptTest, OnlyErrorsAndLeaksFailARun) {
+  wb::tell(L"box", L"error: not one");
+  EXPECT_FALSE(transcript.failed());
+  wb::tell(L"leak", L"one string");
+  EXPECT_TRUE(transcript.failed());
+  transcript.clear();
+  EXPECT_FALSE(transcript.failed());
+}
+
+TEST(ResultNames, NamesAndNumbersFindTheirWayBack) {
+  for (const ResultCodeRow& row : resultCodeTable) {
+    const auto code = static_cast<HRESULT>(row.code);
+    EXPECT_EQ(row.name, wb::resultName(code));
+    const bool secondOfItsName = row.code == 0x80040221;
+    EXPECT_EQ(secondOfItsName ? static_cast<HRESULT>(0x80040206) : code,
+              wb::resultFromName(row.name));
+  }
+  EXPECT_EQ(L"0x80040292", wb::resultName(static_cast<HRESULT>(0x80040292)));
+  EXPECT_EQ(static_cast<HRESULT>(0x80040292), wb::resultFromName(L"0x80040292"));
+  for (const wchar_t* wrong : {L"", L"E_QVT_NONE", L"0x1FFFFFFFF", L"12 and more"}) {
+    EXPECT_EQ(std::nullopt, wb::resultFromName(wrong)) << wb::toUtf8(wrong);
+  }
+}
+
+TEST(Text, WideTextSurvivesUtf8AndWhatIsBrokenIsReplaced) {
+  const std::wstring text = L"Grundri\u00DF \u56FE\u7EB8 \xD83D\xDCD0";
+  EXPECT_EQ(text, wb::fromUtf8(wb::toUtf8(text)));
+  EXPECT_EQ(std::string("a\xEF\xBF\xBD"), wb::toUtf8(std::wstring(L"a\xD83D")));
+  EXPECT_EQ(L"", wb::fromUtf8(""));
+}
+
+}  // namespace

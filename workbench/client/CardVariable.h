@@ -1,0 +1,12 @@
+#pragma once
+
+#include "TessaroClient.h"
+#include "client/ComObject.h"
+#include "core/StoreRecords.h"
+
+namespace wb {
+
+/// A variable of a data card, as it was when the card was read.
+Owned<VaultCardVariable> cardVariableObject(const CardVariable& variable);
+
+}  // namespace wb

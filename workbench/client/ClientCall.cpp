@@ -1,0 +1,179 @@
+#include "client/ClientCall.h"
+
+#include <new>
+
+#include "client/Bstr.h"
+#include "client/Owned.h"
+#include "client/Results.h"
+#include "core/Condition.h"
+#include "core/Faults.h"
+#include "core/ResultNames.h"
+#include "core/Store.h"
+#include "core/Text.h"
+#include "core/Transcript.h"
+
+namespace wb {
+namespace {
+
+/// Hands a text to the caller as the thread's error object. Without one the caller still has the
+/// result code, so a failure here is left at that.
+void setErrorText(const std::wstring& text) {
+  ICreateErrorInfo* created = nullptr;
+  if (FAILED(CreateErrorInfo(&created))) return;
+  const Owned<ICreateErrorInfo> creation(created);
+  std::wstring description = text;
+  creation->SetDescription(description.data());
+  IErrorInfo* info = nullptr;
+  if (FAILED(creation->QueryInterface(IID_IErrorInfo, reinterpret_cast<void**>(&info)))) return;
+  const Owned<IErrorInfo> errorInfo(info);
+  SetErrorInfo(0, info);
+}
+
+std::wstring memoryLabel(const wchar_t* what, const std::wstring& content) {
+  return what + (L" " + content);
+}
+
+std::wstring variantText(const VARIANT& value) {
+  switch (V_VT(&value)) {
+    case VT_EMPTY:
+      return L"empty";
+    case VT_NULL:
+      return L"null";
+    case VT_BSTR:
+      return wb::quoted(textOf(V_BSTR(&value)));
+    case VT_I4:
+      return std::to_wstring(V_I4(&value));
+    case VT_R8:
+      return std::to_wstring(V_R8(&value));
+    case VT_DATE:
+      return out::describe(V_DATE(&value));
+    case VT_BOOL:
+      return out::describe(V_BOOL(&value));
+    default:
+      return L"VARIANT of type " + std::to_wstring(V_VT(&value));
+  }
+}
+
+}  // namespace
+
+ClientCall& ClientCall::argument(const wchar_t* name, const std::wstring& value) {
+  if (!arguments.empty()) arguments += L", ";
+  arguments += name + (L"=" + value);
+  return *this;
+}
+
+ClientCall& ClientCall::with(const wchar_t* name, long value) {
+  return argument(name, std::to_wstring(value));
+}
+
+ClientCall& ClientCall::with(const wchar_t* name, const wchar_t* text) {
+  // A null BSTR is an empty text.
+  return argument(name, quoted(text ? text : L""));
+}
+
+ClientCall& ClientCall::with(const wchar_t* name, const VARIANT& value) {
+  return argument(name, variantText(value));
+}
+
+ClientCall& ClientCall::code(const wchar_t* name, HRESULT value) {
+  return argument(name, resultName(value));
+}
+
+ClientCall& ClientCall::window(const wchar_t* name, long handle) {
+  const auto mainHandle = static_cast<long>(reinterpret_cast<LONG_PTR>(mainWindow()));
+  if (handle == 0) return argument(name, L"none");
+  return argument(name, handle == mainHandle ? L"main" : L"window");
+}
+
+ClientCall& ClientCall::object(const wchar_t* name, IUnknown* object) {
+  if (!object) nullArgument = true;
+  return argument(name, out::describe(object));
+}
+
+HRESULT ClientCall::run(const std::function<HRESULT()>& body) {
+  const HRESULT fault = takeFault(operation);
+  const HRESULT result = fault != S_OK ? fault : nullArgument ? E_POINTER : guarded(body);
+  tellResult(result);
+  return result;
+}
+
+HRESULT ClientCall::runVoid(const std::function<void()>& body) {
+  return run([&body] {
+    body();
+    return S_OK;
+  });
+}
+
+HRESULT ClientCall::guarded(const std::function<HRESULT()>& body) const {
+  SetErrorInfo(0, nullptr);
+  try {
+    return body();
+  } catch (const ClientFailure& failure) {
+    if (!failure.text.empty()) setErrorText(failure.text);
+    return failure.code;
+  } catch (const StoreError& failure) {
+    return failure.code();
+  } catch (const std::bad_alloc&) {
+    return E_OUTOFMEMORY;
+  } catch (const std::exception& failure) {
+    tell(L"client", std::wstring(operation) + L" stopped: " + fromUtf8(failure.what()));
+    return E_FAIL;
+  }
+}
+
+void ClientCall::tellResult(HRESULT result) const {
+  std::wstring line = operation + (L"(" + arguments) + L") -> " + resultName(result);
+  if (SUCCEEDED(result)) {
+    const wchar_t* separator = L" ";
+    for (const Out& out : outs) {
+      const bool named = out.name && outs.size() > 1;
+      line += separator + (named ? out.name + std::wstring(L"=") : L"= ") + out.describe();
+      separator = L", ";
+    }
+  }
+  tell(L"client", line);
+}
+
+namespace out {
+
+void empty(BSTR* target) { *target = nullptr; }
+void empty(VARIANT* target) { VariantInit(target); }
+void empty(long* target) { *target = 0; }
+void empty(VARIANT_BOOL* target) { *target = VARIANT_FALSE; }
+void empty(DATE* target) { *target = 0; }
+void empty(LPITEMIDLIST* target) { *target = nullptr; }
+
+std::wstring describe(BSTR value) {
+  if (!value) return L"null";
+  const std::wstring text = quoted(std::wstring_view(value, SysStringLen(value)));
+  handOutMemory(value, L"string", memoryLabel(L"BSTR", text));
+  return text;
+}
+
+std::wstring describe(const VARIANT& value) {
+  return V_VT(&value) == VT_BSTR ? describe(V_BSTR(&value)) : variantText(value);
+}
+
+std::wstring describe(long value) { return std::to_wstring(value); }
+
+std::wstring describe(VARIANT_BOOL value) { return value ? L"true" : L"false"; }
+
+// Told without its value: two runs are to tell the same.
+std::wstring describe(DATE) { return L"a date"; }
+
+std::wstring describe(LPITEMIDLIST value) {
+  if (!value) return L"null";
+  handOutMemory(value, L"memory", L"item id list");
+  return L"item";
+}
+
+std::wstring describe(const LiveObject* value) { return value ? value->label() : L"null"; }
+
+std::wstring describeArray(const void* array) {
+  if (!array) return L"null";
+  handOutMemory(array, L"memory", L"array of interfaces");
+  return L"array";
+}
+
+}  // namespace out
+}  // namespace wb

@@ -1,0 +1,127 @@
+#include "client/FileObject.h"
+
+#include "client/Bstr.h"
+#include "client/ClientCall.h"
+#include "client/Results.h"
+
+namespace wb {
+namespace {
+
+std::wstring textOf(const VARIANT& value) {
+  if (V_VT(&value) != VT_BSTR) throw ClientFailure(E_INVALIDARG);
+  return wb::textOf(V_BSTR(&value));
+}
+
+}  // namespace
+
+FileState FileState::of(const StoredVault& vault, const StoredFile& file) {
+  FileState state;
+  state.id = file.id;
+  state.name = file.name();
+  state.path = Store::localPath(vault, file);
+  return state;
+}
+
+const StoredFile& FileState::file() const {
+  const StoredFile* found = store().find(path);
+  if (!found) throw ClientFailure(result::fileNotFound);
+  return *found;
+}
+
+bool FileState::isHeldHere(long inFolder) const {
+  const auto& holder = file().holder;
+  return holder && holder->folderId == inFolder &&
+         lstrcmpiW(holder->user.c_str(), Store::thisUser().c_str()) == 0 &&
+         lstrcmpiW(holder->computer.c_str(), Store::thisComputer().c_str()) == 0;
+}
+
+void FileState::checkOutTo(long folder) const {
+  file();
+  if (folder != folderId()) throw ClientFailure(result::folderNotFound);
+  store().checkOut(path);
+}
+
+STDMETHODIMP FilePart::getLocalCopy(LONG parentWindow, LONG reserved, VARIANT path, LONG flag,
+                                    BSTR* localPath) {
+  return ClientCall(L"VaultFile.getLocalCopy")
+      .window(L"parent", parentWindow)
+      .with(L"reserved", reserved)
+      .with(L"path", path)
+      .with(L"flag", flag)
+      .out(localPath)
+      .runVoid([&] {
+        if (lstrcmpiW(textOf(path).c_str(), state.path.c_str()) != 0) {
+          throw ClientFailure(E_INVALIDARG);
+        }
+        const bool wanted = flag == 1 || store().localVersion(state.file(), state.folderId()) == 0;
+        if (wanted) store().fetch(state.path, state.file().latest().number);
+        *localPath = newBstr(state.path);
+      });
+}
+
+STDMETHODIMP FilePart::checkOut(LONG folderId, LONG parentWindow, LONG flags) {
+  return ClientCall(L"VaultFile.checkOut")
+      .with(L"folder", folderId)
+      .window(L"parent", parentWindow)
+      .with(L"flags", flags)
+      .runVoid([&] { state.checkOutTo(folderId); });
+}
+
+STDMETHODIMP FilePart::currentState(VaultObject** workflowState) {
+  return ClientCall(L"VaultFile.currentState").out(workflowState).runVoid([&] {
+    const std::wstring name = state.file().state;
+    *workflowState = namedObject(L"state", {idOfName(name), name}).release();
+  });
+}
+
+STDMETHODIMP FilePart::isCheckedOut(VARIANT_BOOL* result) {
+  return ClientCall(L"VaultFile.isCheckedOut").out(result).runVoid([&] {
+    *result = state.file().holder ? VARIANT_TRUE : VARIANT_FALSE;
+  });
+}
+
+STDMETHODIMP FilePart::checkedOutBy(VaultObject** user) {
+  return ClientCall(L"VaultFile.checkedOutBy").out(user).runVoid([&] {
+    const auto& holder = state.file().holder;
+    if (holder) *user = namedObject(L"user", {idOfName(holder->user), holder->user}).release();
+  });
+}
+
+STDMETHODIMP FilePart::checkedOutOnComputer(BSTR* computer) {
+  return ClientCall(L"VaultFile.checkedOutOnComputer").out(computer).runVoid([&] {
+    const auto& holder = state.file().holder;
+    *computer = newBstr(holder ? holder->computer : std::wstring());
+  });
+}
+
+STDMETHODIMP FilePart::latestVersion(LONG* version) {
+  return ClientCall(L"VaultFile.latestVersion").out(version).runVoid([&] {
+    *version = state.file().latest().number;
+  });
+}
+
+STDMETHODIMP FilePart::checkedOutInPath(BSTR* path) {
+  return ClientCall(L"VaultFile.checkedOutInPath").out(path).runVoid([&] {
+    const auto& holder = state.file().holder;
+    *path = newBstr(holder ? holder->folder : std::wstring());
+  });
+}
+
+STDMETHODIMP FilePart::checkedOutInFolderId(LONG* folderId) {
+  return ClientCall(L"VaultFile.checkedOutInFolderId").out(folderId).runVoid([&] {
+    const auto& holder = state.file().holder;
+    *folderId = holder ? holder->folderId : 0;
+  });
+}
+
+STDMETHODIMP FilePart::localVersion(VARIANT folderId, LONG* version) {
+  return ClientCall(L"VaultFile.localVersion").with(L"folder", folderId).out(version).runVoid([&] {
+    if (V_VT(&folderId) != VT_I4) throw ClientFailure(E_INVALIDARG);
+    *version = store().localVersion(state.file(), V_I4(&folderId));
+  });
+}
+
+FileObject::FileObject(const FileState& state)
+    : ComObject(namedLabel(L"VaultFile", state.name), state) {}
+
+}  // namespace wb

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <windows.h>
+
+#include <filesystem>
+#include <optional>
+
+namespace wb {
+
+/// The condition of the stand-in client, set by a script and read by the client.
+struct ClientCondition {
+  int major = 5;  ///< the version that the client says it has
+  int minor = 3;
+  std::optional<std::filesystem::path> language;  ///< texts of a second language
+};
+
+ClientCondition& clientCondition();
+
+/// The host's main window, which the client's events call "main".
+void setMainWindow(HWND window);
+HWND mainWindow();
+
+}  // namespace wb

@@ -1,0 +1,59 @@
+#include "core/Faults.h"
+
+#include <map>
+#include <vector>
+
+namespace wb {
+
+namespace {
+
+struct Fault {
+  std::wstring operation;
+  HRESULT code;
+  unsigned letThrough;
+  bool always;
+};
+
+std::vector<Fault> faults;
+std::map<std::wstring, unsigned, std::less<>> calls;
+
+bool names(std::wstring_view pattern, std::wstring_view operation) {
+  if (pattern.find(L'.') != std::wstring_view::npos) return pattern == operation;
+  const size_t point = operation.rfind(L'.');
+  return point != std::wstring_view::npos && operation.substr(point + 1) == pattern;
+}
+
+}  // namespace
+
+void failOperation(std::wstring operation, HRESULT code, unsigned after, bool always) {
+  faults.push_back({std::move(operation), code, after, always});
+}
+
+void clearFaults() { faults.clear(); }
+
+HRESULT takeFault(std::wstring_view operation) {
+  ++calls[std::wstring(operation)];
+  for (auto fault = faults.begin(); fault != faults.end(); ++fault) {
+    if (!names(fault->operation, operation)) continue;
+    if (fault->letThrough > 0) {
+      --fault->letThrough;
+      continue;
+    }
+    const HRESULT code = fault->code;
+    if (!fault->always) faults.erase(fault);
+    return code;
+  }
+  return S_OK;
+}
+
+unsigned callCount(std::wstring_view operation) {
+  unsigned count = 0;
+  for (const auto& [name, number] : calls) {
+    if (names(operation, name)) count += number;
+  }
+  return count;
+}
+
+void resetCalls() { calls.clear(); }
+
+}  // namespace wb

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <string_view>
+
+namespace wb {
+
+/// Lets an operation of the client fail. Operations are named "Interface.operation"; the operation
+/// alone stands for that of every interface.
+/// @param code what the call answers.
+/// @param after calls that are let through first.
+/// @param always every call after those fails, not only the first.
+void failOperation(std::wstring operation, HRESULT code, unsigned after = 0, bool always = false);
+
+/// Takes all faults back.
+void clearFaults();
+
+/// Counts a call of an operation.
+/// @return S_OK, or the code that this call has to fail with.
+HRESULT takeFault(std::wstring_view operation);
+
+/// Calls of an operation since resetCalls().
+unsigned callCount(std::wstring_view operation);
+void resetCalls();
+
+}  // namespace wb

@@ -1,0 +1,30 @@
+#include "core/ResultNames.h"
+
+#include <cwchar>
+#include <iterator>
+
+#include "vault/ResultCodeTable.h"
+
+namespace wb {
+
+std::wstring resultName(HRESULT result) {
+  for (const ResultCodeRow& row : resultCodeTable) {
+    if (row.code == static_cast<std::uint32_t>(result)) return row.name;
+  }
+  wchar_t number[11];
+  std::swprintf(number, std::size(number), L"0x%08lX", static_cast<unsigned long>(result));
+  return number;
+}
+
+std::optional<HRESULT> resultFromName(std::wstring_view name) {
+  for (const ResultCodeRow& row : resultCodeTable) {
+    if (name == row.name) return static_cast<HRESULT>(row.code);
+  }
+  const std::wstring text(name);
+  wchar_t* end = nullptr;
+  const unsigned long long number = std::wcstoull(text.c_str(), &end, 0);
+  if (text.empty() || *end || number > 0xFFFFFFFFull) return std::nullopt;
+  return static_cast<HRESULT>(number);
+}
+
+}  // namespace wb

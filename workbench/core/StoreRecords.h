@@ -1,0 +1,90 @@
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace wb {
+
+/// Compares names and paths as Windows' file systems do: by their characters, ignoring case, and by
+/// no language's rules.
+/// @return CSTR_LESS_THAN, CSTR_EQUAL or CSTR_GREATER_THAN
+inline int compareNames(std::wstring_view left, std::wstring_view right) {
+  return CompareStringOrdinal(left.data(), static_cast<int>(left.size()), right.data(),
+                              static_cast<int>(right.size()), TRUE);
+}
+
+inline bool equalNames(std::wstring_view left, std::wstring_view right) {
+  return compareNames(left, right) == CSTR_EQUAL;
+}
+
+struct LessIgnoringCase {
+  bool operator()(const std::wstring& left, const std::wstring& right) const {
+    return compareNames(left, right) == CSTR_LESS_THAN;
+  }
+};
+
+struct StoredVersion {
+  long number = 0;
+  std::wstring user;
+  std::wstring comment;
+  std::uint64_t date = 0;  ///< FILETIME, in whole two seconds
+  std::wstring archive;    ///< name of the content's file in the archive
+};
+
+struct Holder {
+  std::wstring user;
+  std::wstring computer;
+  std::wstring folder;
+  long folderId = 0;
+};
+
+/// The value of a card variable in one configuration.
+struct CardValue {
+  std::wstring type;  ///< name of its automation type, such as "text" or "null"
+  std::wstring text;
+};
+
+/// Where a card variable's value goes in a drawing.
+struct CardMapping {
+  std::wstring block;
+  std::wstring tag;
+};
+
+struct CardVariable {
+  std::wstring name;
+  std::map<std::wstring, CardValue, LessIgnoringCase> values;  ///< by configuration
+  std::vector<CardMapping> mappings;
+};
+
+struct StoredFile {
+  long id = 0;
+  std::wstring path;  ///< below the view's root, with a backslash in front
+  std::vector<StoredVersion> versions;
+  std::optional<Holder> holder;
+  std::wstring state = L"Work in progress";
+  bool exempt = false;
+  bool denied = false;
+  std::map<long, long> localVersions;  ///< by folder id
+  std::vector<CardVariable> card;
+
+  const StoredVersion& latest() const { return versions.back(); }
+  std::wstring name() const { return path.substr(path.rfind(L'\\') + 1); }
+};
+
+struct StoredVault {
+  std::wstring name;
+  std::wstring root;                                           ///< without a trailing backslash
+  std::wstring viewId;                                         ///< GUID in braces
+  std::map<std::wstring, long, LessIgnoringCase> folderIds;    ///< by "computer|folder"
+  std::map<std::wstring, StoredFile, LessIgnoringCase> files;  ///< by path below the root
+
+  static constexpr long rootFolderId = 1;
+};
+
+}  // namespace wb

@@ -1,0 +1,30 @@
+#include <acdblmgr.h>
+#include <dbapserv.h>
+
+#include "host/Drawing.h"
+#include "host/RxClasses.h"
+
+WB_DEFINE_RX_CLASS(AcDbLayoutManager, AcRxObject)
+
+namespace {
+
+class LayoutManager : public AcDbLayoutManager {
+ public:
+  const ACHAR* findActiveLayout(bool allowModel) override {
+    const AcDbDatabase* working = acdbHostApplicationServices()->workingDatabase();
+    const wb::Drawing* drawing = wb::Drawing::of(working);
+    if (!drawing) return nullptr;
+    found = allowModel ? drawing->currentLayout() : drawing->currentSheet();
+    return found.c_str();
+  }
+
+ private:
+  std::wstring found;
+};
+
+}  // namespace
+
+AcDbLayoutManager* AcDbHostApplicationServices::layoutManager() const {
+  static LayoutManager manager;
+  return &manager;
+}

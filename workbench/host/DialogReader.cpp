@@ -1,0 +1,176 @@
+#include "host/DialogReader.h"
+
+#include <cwchar>
+#include <iterator>
+
+namespace wb {
+namespace {
+
+struct NamedButton {
+  const wchar_t* name;
+  int id;
+};
+
+constexpr NamedButton namedButtons[] = {
+    {L"ok", IDOK},         {L"cancel", IDCANCEL}, {L"abort", IDABORT}, {L"retry", IDRETRY},
+    {L"ignore", IDIGNORE}, {L"yes", IDYES},       {L"no", IDNO},
+};
+
+bool sameText(std::wstring_view a, std::wstring_view b) {
+  return CompareStringOrdinal(a.data(), static_cast<int>(a.size()), b.data(),
+                              static_cast<int>(b.size()), TRUE) == CSTR_EQUAL;
+}
+
+bool isPushButton(HWND control) {
+  if (!sameText(windowClass(control), L"Button")) return false;
+  switch (GetWindowLongPtrW(control, GWL_STYLE) & BS_TYPEMASK) {
+    case BS_PUSHBUTTON:
+    case BS_DEFPUSHBUTTON:
+    case BS_OWNERDRAW:
+      return true;
+    default:
+      return false;
+  }
+}
+
+bool isUsable(HWND control) {
+  const std::wstring type = windowClass(control);
+  if (sameText(type, L"Static")) return false;
+  return !sameText(type, L"Button") ||
+         (GetWindowLongPtrW(control, GWL_STYLE) & BS_TYPEMASK) != BS_GROUPBOX;
+}
+
+struct ControlSearch {
+  int id;
+  HWND found;
+};
+
+BOOL CALLBACK matchControl(HWND window, LPARAM argument) {
+  auto& search = *reinterpret_cast<ControlSearch*>(argument);
+  if (GetDlgCtrlID(window) != search.id) return TRUE;
+  search.found = window;
+  return FALSE;
+}
+
+}  // namespace
+
+std::wstring windowTitle(HWND window) {
+  std::wstring text(static_cast<size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+  text.resize(
+      static_cast<size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
+  return text;
+}
+
+std::wstring windowClass(HWND window) {
+  wchar_t name[256] = L"";
+  const int length = GetClassNameW(window, name, static_cast<int>(std::size(name)));
+  return std::wstring(name, static_cast<size_t>(length));
+}
+
+bool isDialogWindow(HWND window) {
+  return windowClass(window) == L"#32770" && (GetWindowLongPtrW(window, GWL_STYLE) & WS_CHILD) == 0;
+}
+
+bool looksModal(HWND dialog) {
+  const HWND owner = GetWindow(dialog, GW_OWNER);
+  return owner == nullptr || !IsWindowEnabled(owner);
+}
+
+bool hasControls(HWND dialog) {
+  for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+    if (isUsable(child)) return true;
+  }
+  return false;
+}
+
+std::wstring messageBoxText(HWND dialog) {
+  constexpr int lastBoxButton = 11;  // IDCONTINUE
+  std::wstring text;
+  for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+    if (isUsable(child)) {
+      const int id = GetDlgCtrlID(child);
+      if (!isPushButton(child) || id < IDOK || id > lastBoxButton) return {};
+    } else if ((GetWindowLongPtrW(child, GWL_STYLE) & SS_TYPEMASK) != SS_ICON) {
+      text = windowTitle(child);
+    }
+  }
+  return text;
+}
+
+std::vector<HWND> pushButtons(HWND dialog) {
+  std::vector<HWND> buttons;
+  for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+    if (isPushButton(child) && (GetWindowLongPtrW(child, GWL_STYLE) & WS_VISIBLE)) {
+      buttons.push_back(child);
+    }
+  }
+  return buttons;
+}
+
+HWND findControl(HWND dialog, int id) {
+  if (const HWND direct = GetDlgItem(dialog, id)) return direct;
+  ControlSearch search{id, nullptr};
+  EnumChildWindows(dialog, matchControl, reinterpret_cast<LPARAM>(&search));
+  return search.found;
+}
+
+HWND findButton(HWND dialog, std::wstring_view name) {
+  for (const NamedButton& button : namedButtons) {
+    if (!sameText(name, button.name)) continue;
+    const HWND found = GetDlgItem(dialog, button.id);
+    if (found && (GetWindowLongPtrW(found, GWL_STYLE) & WS_VISIBLE)) return found;
+    // A box with nothing but OK may carry it under IDCANCEL, so that Escape closes it.
+    const std::vector<HWND> all = pushButtons(dialog);
+    if (button.id == IDOK && all.size() == 1 && !messageBoxText(dialog).empty()) return all[0];
+    return nullptr;
+  }
+  wchar_t* end = nullptr;
+  const std::wstring text(name);
+  const long id = std::wcstol(text.c_str(), &end, 10);
+  return text.empty() || *end ? nullptr : findControl(dialog, static_cast<int>(id));
+}
+
+HWND leastButton(HWND dialog) {
+  if (const HWND cancel = findButton(dialog, L"cancel")) return cancel;
+  if (const HWND no = findButton(dialog, L"no")) return no;
+  const std::vector<HWND> all = pushButtons(dialog);
+  return all.size() == 1 ? all[0] : nullptr;
+}
+
+std::wstring buttonName(int id) {
+  for (const NamedButton& button : namedButtons) {
+    if (button.id == id) return button.name;
+  }
+  return std::to_wstring(id);
+}
+
+std::wstring messageBoxFlags(UINT flags) {
+  static constexpr const wchar_t* kinds[] = {
+      L"MB_OK",    L"MB_OKCANCEL",    L"MB_ABORTRETRYIGNORE", L"MB_YESNOCANCEL",
+      L"MB_YESNO", L"MB_RETRYCANCEL", L"MB_CANCELTRYCONTINUE"};
+  static constexpr const wchar_t* icons[] = {nullptr, L"MB_ICONERROR", L"MB_ICONQUESTION",
+                                             L"MB_ICONWARNING", L"MB_ICONINFORMATION"};
+  static constexpr const wchar_t* defaults[] = {nullptr, L"MB_DEFBUTTON2", L"MB_DEFBUTTON3",
+                                                L"MB_DEFBUTTON4"};
+  std::wstring text;
+  UINT rest = flags;
+  const auto name = [&](UINT mask, unsigned shift, const wchar_t* const* names, size_t count) {
+    const UINT value = (flags & mask) >> shift;
+    if (value >= count) return;
+    rest &= ~mask;
+    if (!names[value]) return;
+    if (!text.empty()) text += L'|';
+    text += names[value];
+  };
+  name(MB_TYPEMASK, 0, kinds, std::size(kinds));
+  name(MB_ICONMASK, 4, icons, std::size(icons));
+  name(MB_DEFMASK, 8, defaults, std::size(defaults));
+  if (rest) {
+    wchar_t number[16];
+    std::swprintf(number, std::size(number), L"0x%X", rest);
+    text += (text.empty() ? L"" : L"|") + std::wstring(number);
+  }
+  return text;
+}
+
+}  // namespace wb

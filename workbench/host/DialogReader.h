@@ -1,0 +1,47 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace wb {
+
+/// Whether the window is a top-level window of the system's dialog class, as message boxes are too.
+bool isDialogWindow(HWND window);
+
+/// Whether a dialog runs its own message loop: such a one has disabled its owner. One without an
+/// owner counts as modal.
+bool looksModal(HWND dialog);
+
+/// Whether it has anything a person could use: a button, a field, a list.
+bool hasControls(HWND dialog);
+
+std::wstring windowTitle(HWND window);
+std::wstring windowClass(HWND window);
+
+/// The text of a message box: a dialog of texts and of a message box's own buttons alone. Empty for
+/// any other dialog.
+std::wstring messageBoxText(HWND dialog);
+
+/// The push buttons that can be seen, in tab order.
+std::vector<HWND> pushButtons(HWND dialog);
+
+/// The control with that id anywhere below the dialog, null if there is none.
+HWND findControl(HWND dialog, int id);
+
+/// The button that an answer names: yes, no, ok, cancel, abort, retry, ignore or a control's
+/// number. Null if the dialog hasn't got it.
+HWND findButton(HWND dialog, std::wstring_view name);
+
+/// The button that changes least: Cancel, else No, else the only one. Null if there is none such.
+HWND leastButton(HWND dialog);
+
+/// "yes" for IDYES and so on; the number for any other id.
+std::wstring buttonName(int id);
+
+/// MB_... names joined by `|`, for the flags of a message box.
+std::wstring messageBoxFlags(UINT flags);
+
+}  // namespace wb

@@ -1,0 +1,99 @@
+#include <windows.h>
+
+#include "core/Transcript.h"
+#include "host/DialogReader.h"
+#include "host/Directives.h"
+#include "host/ImportWatch.h"
+
+namespace wb {
+namespace {
+
+constexpr int xrefBox = 1005;
+constexpr int lockBox = 1006;
+constexpr int versionText = 1007;
+constexpr int refreshButton = 1021;
+constexpr UINT_PTR monitorTimer = 1;
+
+BOOL CALLBACK matchStatusWindow(HWND window, LPARAM argument) {
+  if (!isDialogWindow(window)) return TRUE;
+  for (const int id : {xrefBox, lockBox, versionText, refreshButton}) {
+    if (!GetDlgItem(window, id)) return TRUE;
+  }
+  *reinterpret_cast<HWND*>(argument) = window;
+  return FALSE;
+}
+
+/// By its controls: the title is in the language of the client.
+HWND statusWindow() {
+  HWND found = nullptr;
+  EnumThreadWindows(GetCurrentThreadId(), matchStatusWindow, reinterpret_cast<LPARAM>(&found));
+  if (!found) throw ScriptError(L"there is no status window");
+  return found;
+}
+
+/// Posted, so that the host's own message loop delivers it as it does for a person.
+void post(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (!PostMessageW(window, message, wParam, lParam)) {
+    throw ScriptError(L"the status window's queue is full");
+  }
+}
+
+void tick(ScriptContext&, Arguments& arguments) {
+  arguments.end();
+  const HWND window = statusWindow();
+  if (!watchedTimer(window, monitorTimer)) {
+    throw ScriptError(L"the status window's timer isn't running");
+  }
+  post(window, WM_TIMER, monitorTimer, 0);
+}
+
+void click(ScriptContext&, Arguments& arguments) {
+  const HWND window = statusWindow();
+  if (arguments.take(L"close")) {
+    arguments.end();
+    return post(window, WM_SYSCOMMAND, SC_CLOSE, 0);
+  }
+  const int id = arguments.number();
+  arguments.end();
+  const HWND control = GetDlgItem(window, id);
+  if (!control) arguments.fail(L"the status window has no control " + std::to_wstring(id));
+  if (!IsWindowEnabled(control)) {
+    throw ScriptError(L"the control " + std::to_wstring(id) + L" is disabled");
+  }
+  post(control, BM_CLICK, 0, 0);
+}
+
+std::wstring boxState(HWND window, int id) {
+  const HWND box = GetDlgItem(window, id);
+  static constexpr const wchar_t* states[] = {L"off", L"on", L"undetermined"};
+  const LRESULT state = SendMessageW(box, BM_GETCHECK, 0, 0);
+  return std::to_wstring(id) + L'=' + states[state <= BST_INDETERMINATE ? state : 0] +
+         (IsWindowEnabled(box) ? L"" : L" disabled");
+}
+
+void show(ScriptContext&, Arguments& arguments) {
+  arguments.end();
+  const HWND window = statusWindow();
+  const HWND version = GetDlgItem(window, versionText);
+  const auto timer = watchedTimer(window, monitorTimer);
+  tell(L"window",
+       wb::quoted(windowTitle(window)) + (IsWindowVisible(window) ? L" shown, " : L" hidden, ") +
+           boxState(window, xrefBox) + L", " + boxState(window, lockBox) + L", " +
+           std::to_wstring(versionText) + L'=' + wb::quoted(windowTitle(version)) +
+           (IsWindowEnabled(version) ? L"" : L" disabled") + L", " +
+           std::to_wstring(refreshButton) +
+           (IsWindowEnabled(GetDlgItem(window, refreshButton)) ? L" enabled" : L" disabled") +
+           L", timer=" + (timer ? std::to_wstring(*timer) : std::wstring(L"off")));
+}
+
+}  // namespace
+
+std::vector<Directive> windowDirectives() {
+  return {
+      {L"tick", L"@tick", tick, false},
+      {L"click", L"@click ID, or @click close", click, false},
+      {L"window", L"@window", show, true},
+  };
+}
+
+}  // namespace wb

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <windows.h>
+
+#include <filesystem>
+#include <memory>
+#include <string>
+
+namespace wb {
+
+struct HandleCloser {
+  using pointer = HANDLE;
+  void operator()(HANDLE handle) const { CloseHandle(handle); }
+};
+using FileHandle = std::unique_ptr<HANDLE, HandleCloser>;
+
+/// Opens a file for reading, with the others' rights as in CreateFileW; null with the Windows error
+/// in `failure`.
+FileHandle openToRead(const std::filesystem::path& path, DWORD share, DWORD& failure);
+
+/// Reads all of a file. False with the Windows error in `failure`.
+bool readAll(HANDLE file, std::string& bytes, DWORD& failure);
+
+/// Puts `bytes` in the file's place: written beside it, to the disk, and then renamed. False with
+/// a clear `error`; the old file is as it was then.
+bool replaceFile(const std::filesystem::path& path, const std::string& bytes, std::wstring& error);
+
+/// What a Windows error on a file means.
+std::wstring fileErrorText(DWORD code);
+
+}  // namespace wb

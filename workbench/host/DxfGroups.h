@@ -1,0 +1,74 @@
+#pragma once
+
+#include <cstddef>
+#include <map>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace wb {
+
+/// The text of an ASCII DXF file as its groups, each a line with a code and a line with a value.
+/// What isn't changed keeps its bytes, down to blanks and line ends.
+class DxfGroups {
+ public:
+  /// Takes the file's bytes. False, with the reason and the line, if they aren't a complete ASCII
+  /// DXF file: binary, cut off, without group codes.
+  bool parse(std::string bytes, std::wstring& error);
+
+  size_t size() const { return groups.size(); }
+  int code(size_t index) const { return groups[index].code; }
+  /// The value in the file's own encoding, without the line end; a change is seen at once.
+  std::string_view value(size_t index) const;
+  /// The same without the blanks around it, for names and numbers.
+  std::string_view word(size_t index) const;
+  int number(size_t index) const;
+  bool is(size_t index, int code, std::string_view word) const {
+    return groups[index].code == code && this->word(index) == word;
+  }
+  /// Line of the file, from 1, that the group begins at.
+  size_t lineOf(size_t index) const { return index * 2 + 1; }
+
+  /// Changes a value. `value` has no line end and is in the file's encoding.
+  void replace(size_t index, std::string value);
+  /// Adds a group before another one, with that one's line ends, or changes what was added there
+  /// under that code. It isn't counted as a group.
+  void addBefore(size_t index, int code, std::string value);
+  /// What was added there; empty if nothing was.
+  std::string_view added(size_t index, int code) const;
+  /// Leaves the groups from `begin` to before `end` out of the file.
+  void remove(size_t begin, size_t end);
+
+  /// The whole file as it is now.
+  std::string bytes() const;
+
+ private:
+  struct Group {
+    int code;
+    size_t begin;  ///< of the line with the code
+    size_t value;
+    size_t valueEnd;
+    size_t end;
+  };
+  struct Line {
+    size_t begin;
+    size_t textEnd;
+    size_t end;
+  };
+  Line lineAt(size_t position) const;
+  bool readGroups(size_t position, std::wstring& error);
+  void appendAdditions(size_t index, std::string& result) const;
+
+  std::string original;
+  char lineEnd = '\n';
+  std::vector<Group> groups;
+  std::map<size_t, std::string> replaced;
+  std::map<std::pair<size_t, int>, std::string> additions;
+  std::map<size_t, size_t> removed;  // begin to end
+};
+
+/// The text without blanks and tabs around it.
+std::string_view trimmed(std::string_view text);
+
+}  // namespace wb

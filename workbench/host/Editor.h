@@ -1,0 +1,27 @@
+#pragma once
+
+#include <aced.h>
+
+#include <string>
+
+#include "host/ReactorList.h"
+
+namespace wb {
+
+/// The source of the editor's events.
+class Editor : public AcEditor {
+ public:
+  void addReactor(AcRxEventReactor* reactor) override { reactors.add(reactor); }
+  void removeReactor(AcRxEventReactor* reactor) override { reactors.remove(reactor); }
+
+  void saveComplete(AcDbDatabase* database, const std::wstring& name) {
+    reactors.each(L"saveComplete",
+                  [&](auto& reactor) { reactor.saveComplete(database, name.c_str()); });
+  }
+  void dropOf(HMODULE module) { reactors.dropOf(module); }
+
+ private:
+  ReactorList<AcRxEventReactor> reactors{L"AcEditorReactor"};
+};
+
+}  // namespace wb

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <windows.h>
+
+#include <dbapserv.h>
+
+#include <deque>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/Accounts.h"
+
+namespace wb {
+
+/// Chooses files: the applications' callbacks first, then what the user picks in the dialog. The
+/// dialog itself isn't shown, its answers are queued beforehand.
+class FileSelection {
+ public:
+  static FileSelection& instance();
+
+  /// The flags that the editor passes for its own dialogs.
+  static constexpr int openFlags = 0x41102;
+  static constexpr int saveFlags = 0x40001;
+
+  /// Nothing stands for Cancel.
+  void queuePick(std::optional<std::wstring> pick) { picks.push_back(std::move(pick)); }
+  /// Asks for a file on the editor's own behalf; nothing if the user cancelled.
+  std::optional<std::wstring> choose(int flags, const wchar_t* prompt, bool& readOnly);
+
+  bool addCallback(const ACHAR* name, SELECTFILEPROC proc, bool asPrimary);
+  bool removeCallback(const ACHAR* name, SELECTFILEPROC proc);
+  std::vector<SELECTFILEPROC> callbacks() const;
+  /// The dialog.
+  Acad::ErrorStatus pick(short* userCancel, ACHAR*& chosenPath, int flags);
+
+  void dropOf(HMODULE module);
+  void clear();
+
+ private:
+  struct Callback {
+    std::wstring name;
+    SELECTFILEPROC proc;
+    Ticket ticket;
+  };
+  std::vector<Callback> registered;
+  std::deque<std::optional<std::wstring>> picks;
+};
+
+}  // namespace wb

@@ -1,0 +1,38 @@
+#include "host/Guarded.h"
+
+#include <windows.h>
+
+#include <comdef.h>
+#include <cxxabi.h>
+
+#include <exception>
+#include <typeinfo>
+
+#include "core/Text.h"
+#include "core/Transcript.h"
+
+namespace wb {
+
+std::wstring describeCurrentException() {
+  try {
+    throw;
+  } catch (const _com_error& error) {
+    wchar_t text[16];
+    wsprintfW(text, L"0x%08X", static_cast<unsigned>(error.Error()));
+    return text;
+  } catch (const std::exception& error) {
+    return L"\"" + fromUtf8(error.what()) + L"\"";
+  } catch (int value) {
+    return L"of the value " + std::to_wstring(value);
+  } catch (...) {
+    const std::type_info* type = abi::__cxa_current_exception_type();
+    return L"of the type " + fromUtf8(type ? type->name() : "unknown");
+  }
+}
+
+void tellUncaught(std::wstring_view what) {
+  tell(L"command",
+       std::wstring(what) + L" ended by an uncaught error " + describeCurrentException());
+}
+
+}  // namespace wb

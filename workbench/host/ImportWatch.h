@@ -1,0 +1,28 @@
+#pragma once
+
+#include <windows.h>
+
+#include <optional>
+
+namespace wb {
+
+/// Watches what a loaded module asks of Windows, by its import address table: boxes, settings,
+/// files, COM initialisations, images, menus, timers, modeless dialogs. Every call goes through to
+/// Windows with the same arguments and result. Writes to the registry are told as `reg` lines,
+/// boxes as `box` lines; keys, files, images, menus, timers and windows are accounted
+/// (core/Accounts.h). To be called after the module is mapped and before its first message. What
+/// its static constructors did isn't seen, so its static destructors mustn't be either: see
+/// unwatchImports().
+void watchImports(HMODULE module);
+
+/// Puts the module's import table back. To be called just before FreeLibrary.
+void unwatchImports(HMODULE module);
+
+/// CoInitialize calls of the watched module less its CoUninitialize calls. A command that leaves by
+/// an exception keeps one.
+int apartmentBalance();
+
+/// The period in milliseconds of a timer that a watched module has set and not taken away.
+std::optional<UINT> watchedTimer(HWND window, UINT_PTR id);
+
+}  // namespace wb

@@ -1,0 +1,129 @@
+#include "host/LoadRecord.h"
+
+#include <windows.h>
+
+#include <appinfo.h>
+#include <rxregsvc.h>
+
+#include "core/Transcript.h"
+
+namespace {
+
+constexpr wchar_t applicationsKey[] = L"Software\\Workbench\\Applications";
+
+class Key {
+ public:
+  Key(const std::wstring& path, REGSAM access, bool create = false) {
+    status = create ? RegCreateKeyExW(HKEY_CURRENT_USER, path.c_str(), 0, nullptr, 0, access,
+                                      nullptr, &key, nullptr)
+                    : RegOpenKeyExW(HKEY_CURRENT_USER, path.c_str(), 0, access, &key);
+  }
+  Key(const Key&) = delete;
+  Key& operator=(const Key&) = delete;
+  ~Key() {
+    if (status == ERROR_SUCCESS) RegCloseKey(key);
+  }
+
+  LSTATUS status;
+  HKEY key = nullptr;
+};
+
+std::wstring pathOf(const std::wstring& name) {
+  return std::wstring(applicationsKey) + L"\\" + name;
+}
+
+AcadApp::ErrorStatus toStatus(LSTATUS status) {
+  switch (status) {
+    case ERROR_SUCCESS:
+      return AcadApp::eOk;
+    case ERROR_FILE_NOT_FOUND:
+      return AcadApp::eKeyNotFound;
+    case ERROR_ACCESS_DENIED:
+      return AcadApp::eRegAccessDenied;
+    default:
+      return AcadApp::eUnknownError;
+  }
+}
+
+// A name is one level of the registry.
+bool isName(const std::wstring& name) {
+  return !name.empty() && name.size() < 256 && name.find(L'\\') == std::wstring::npos;
+}
+
+}  // namespace
+
+class AcadAppInfo::Fields {
+ public:
+  std::wstring name, module;
+  DWORD reason = 0;
+};
+
+AcadAppInfo::AcadAppInfo() : fields(new Fields) {}
+AcadAppInfo::~AcadAppInfo() { delete fields; }
+
+void AcadAppInfo::setAppName(const ACHAR* appName) { fields->name = appName ? appName : L""; }
+
+void AcadAppInfo::setModuleName(const ACHAR* moduleName) {
+  fields->module = moduleName ? moduleName : L"";
+}
+
+void AcadAppInfo::setLoadReason(AcadApp::LoadReasons reason) {
+  fields->reason = static_cast<DWORD>(reason);
+}
+
+AcadApp::ErrorStatus AcadAppInfo::writeToRegistry(bool, bool) {
+  if (!isName(fields->name)) return AcadApp::eInvalidKey;
+  if (fields->module.empty()) return AcadApp::eInvalidValue;
+  const Key record(pathOf(fields->name), KEY_SET_VALUE, true);
+  LSTATUS status = record.status;
+  if (status == ERROR_SUCCESS) {
+    status = RegSetValueExW(record.key, L"LOADER", 0, REG_SZ,
+                            reinterpret_cast<const BYTE*>(fields->module.c_str()),
+                            static_cast<DWORD>((fields->module.size() + 1) * sizeof(wchar_t)));
+  }
+  if (status == ERROR_SUCCESS) {
+    status = RegSetValueExW(record.key, L"LOADCTRLS", 0, REG_DWORD,
+                            reinterpret_cast<const BYTE*>(&fields->reason), sizeof(DWORD));
+  }
+  if (status == ERROR_SUCCESS) {
+    wb::tell(L"reg", L"load record " + fields->name + L" = " + fields->module + L", reason " +
+                         std::to_wstring(fields->reason));
+  }
+  return toStatus(status);
+}
+
+AcadApp::ErrorStatus acrxUnregisterApp(const ACHAR* name, bool) {
+  if (!name || !isName(name)) return AcadApp::eInvalidKey;
+  const LSTATUS status = RegDeleteTreeW(HKEY_CURRENT_USER, pathOf(name).c_str());
+  if (status == ERROR_SUCCESS) wb::tell(L"reg", std::wstring(L"load record ") + name + L" deleted");
+  return toStatus(status);
+}
+
+namespace wb {
+
+std::vector<std::wstring> filesToLoadAtStart() {
+  std::vector<std::wstring> files;
+  const Key list(applicationsKey, KEY_READ);
+  if (list.status != ERROR_SUCCESS) return files;
+  for (DWORD index = 0;; ++index) {
+    wchar_t name[256];
+    DWORD length = 256;
+    if (RegEnumKeyExW(list.key, index, name, &length, nullptr, nullptr, nullptr, nullptr) !=
+        ERROR_SUCCESS) {
+      return files;
+    }
+    wchar_t file[MAX_PATH];
+    DWORD size = sizeof file, reason = 0, reasonSize = sizeof reason;
+    if (RegGetValueW(list.key, name, L"LOADER", RRF_RT_REG_SZ, nullptr, file, &size) ==
+            ERROR_SUCCESS &&
+        RegGetValueW(list.key, name, L"LOADCTRLS", RRF_RT_REG_DWORD, nullptr, &reason,
+                     &reasonSize) == ERROR_SUCCESS &&
+        (reason & AcadApp::kOnAutoCADStartup) != 0 && (reason & AcadApp::kLoadDisabled) == 0) {
+      files.push_back(file);
+    }
+  }
+}
+
+void clearLoadRecord() { RegDeleteTreeW(HKEY_CURRENT_USER, applicationsKey); }
+
+}  // namespace wb

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <filesystem>
+
+namespace wb {
+
+/// Makes `folder` an empty folder that bears the mark of a session's work folder. One that exists
+/// is emptied only if it bears that mark; one with anything else in it raises std::runtime_error
+/// and stays as it is. With `keep` a marked folder keeps what it holds.
+void prepareWorkFolder(const std::filesystem::path& folder, bool keep);
+
+}  // namespace wb
