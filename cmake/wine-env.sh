@@ -62,11 +62,14 @@ start_display() {
 }
 
 make_prefix() {
+  # The loader finds Wine's own fonts only inside the prefix: among them the one whose letters are
+  # the signs on the buttons of a caption.
   [[ -e $WINEPREFIX/complete ]] && return
   rm -rf "$WINEPREFIX"
   wine_run 300 wineboot --init >"$WINEPREFIX.log" 2>&1 &&
     wine_settings >>"$WINEPREFIX.log" 2>&1 &&
     timeout 60 "$wine_server" -w 9>&- &&
+    cp /usr/share/wine/fonts/*.ttf "$WINEPREFIX/drive_c/windows/Fonts/" &&
     : >"$WINEPREFIX/complete" && return
   cat "$WINEPREFIX.log" >&2
   echo "The Wine prefix couldn't be made." >&2

@@ -5,6 +5,7 @@
 #include "core/Text.h"
 #include "core/Transcript.h"
 #include "host/Directives.h"
+#include "host/Host.h"
 #include "host/Screenshot.h"
 #include "host/Session.h"
 
@@ -43,6 +44,8 @@ void expectNo(ScriptContext&, Arguments& arguments) {
 }
 
 void shot(ScriptContext&, Arguments& arguments) {
+  // What waits to be drawn or raised is drawn first.
+  Host::instance().pumpMessages();
   const std::wstring problem = savePicture(windowsPath(arguments.textUntil()));
   if (!problem.empty()) throw ScriptError(problem);
 }

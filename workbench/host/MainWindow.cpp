@@ -14,6 +14,14 @@ namespace {
 
 constexpr wchar_t windowClass[] = L"WorkbenchMainWindow";
 constexpr int commandLineHeight = 96;
+constexpr UINT raiseOwnedMessage = WM_APP;
+
+BOOL CALLBACK raiseIfOwned(HWND window, LPARAM owner) {
+  if (IsWindowVisible(window) && GetWindow(window, GW_OWNER) == reinterpret_cast<HWND>(owner)) {
+    SetWindowPos(window, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  }
+  return TRUE;
+}
 
 }  // namespace
 
@@ -84,6 +92,13 @@ LRESULT CALLBACK MainWindow::procedure(HWND handle, UINT message, WPARAM wParam,
   switch (message) {
     case WM_SIZE:
       if (self) self->layOut();
+      return 0;
+    case WM_ACTIVATE:
+      if (LOWORD(wParam) != WA_INACTIVE) PostMessageW(handle, raiseOwnedMessage, 0, 0);
+      return DefWindowProcW(handle, message, wParam, lParam);
+    case raiseOwnedMessage:
+      // Windows keeps a window's floating ones above it; Wine's desktop loses them behind it.
+      EnumThreadWindows(GetCurrentThreadId(), raiseIfOwned, reinterpret_cast<LPARAM>(handle));
       return 0;
     case WM_CLOSE:
       // The documents decide: the loop that runs the editor ends it when it finds the wish.

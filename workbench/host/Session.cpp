@@ -125,6 +125,8 @@ void Session::end() {
   Answers::instance().stop();
   store().close();
   resetClient();
+  // Nothing of the session stays behind in the registry for programs that come after it.
+  if (state->client.isThere()) state->client.remove();
 }
 
 bool Session::load() { return Host::instance().loadModule(state->options.module); }
