@@ -70,7 +70,6 @@ class FloatWindow : public XrefStateObserver {
   FloatDocState state;
   unsigned intervalMinutes = 0;
   HWND window = nullptr;
-  HINSTANCE instance;
   HBITMAP refreshBitmap = nullptr;
   std::map<AcApDocument*, FloatDocState> documents;
 };
