@@ -40,6 +40,8 @@ if(OBJECTARX_SDK OR EXISTS ${CMAKE_SOURCE_DIR}/workbench/host)
   project_target(TessaroAcad)
   target_include_directories(TessaroAcad PRIVATE ${CMAKE_SOURCE_DIR}/src)
   set_target_properties(TessaroAcad PROPERTIES SUFFIX ".arx")
+  set_source_files_properties(${CMAKE_SOURCE_DIR}/src/ui/TessaroAcad.rc PROPERTIES
+    OBJECT_DEPENDS ${CMAKE_SOURCE_DIR}/src/ui/refresh.bmp)
   target_link_libraries(TessaroAcad PRIVATE tessaro_objects)
   if(NOT OBJECTARX_SDK)
     target_link_libraries(TessaroAcad PRIVATE wbhost)

@@ -66,13 +66,13 @@ int TessaroAcadApp::beginCommand() {
 void TessaroAcadApp::endCommand() { CoUninitialize(); }
 
 void TessaroAcadApp::documentToBeDestroyed(AcApDocument* document) {
-  forgetEditedXrefs(pendingReloads, document);
+  onDocumentToBeDestroyed(*this, pendingReloads, document);
   guardedDocuments.erase(document);
   statusWindow->DocumentDestroyed(document);
 }
 
 void TessaroAcadApp::documentActivated(AcApDocument* document) {
-  reloadEditedXrefs(*this, pendingReloads, document);
+  onDocumentActivated(*this, pendingReloads, document);
   statusWindow->DocumentActivated(document);
 }
 

@@ -36,9 +36,10 @@ class BlockRecordCache {
 
 AcDbBlockTableRecord* BlockRecordCache::find(const AcDbBlockTable& blocks, const CString& name) {
   if (const auto* known = records.lookup(name)) return known->value;
-  AcDbBlockTableRecord* record = nullptr;
+  // The place comes first: what is opened is in it from then on.
+  records.setAt(name, nullptr);
+  AcDbBlockTableRecord*& record = records.lookup(name)->value;
   blocks.getAt(name.c_str(), record, AcDb::kForRead);
-  records.setAt(name, record);
   return record;
 }
 

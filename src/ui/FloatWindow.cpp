@@ -3,6 +3,8 @@
 #include <acdocman.h>
 #include <aced.h>
 
+#include <algorithm>
+
 #include "foundation/CommandText.h"
 #include "foundation/ComScope.h"
 #include "foundation/FormatText.h"
@@ -13,7 +15,7 @@
 namespace {
 
 constexpr UINT_PTR monitorTimer = 1;
-constexpr unsigned millisecondsPerMinute = 60000;
+constexpr unsigned long long millisecondsPerMinute = 60000;
 
 /// Lets the dialog procedure find the instance.
 std::map<HWND, FloatWindow*> floatWindows;
@@ -61,8 +63,8 @@ UINT lockBox(LockState lockState) {
 
 }  // namespace
 
-FloatWindow::FloatWindow(AppContext& app, HINSTANCE instance, HWND owner)
-    : app(app), instance(instance) {
+FloatWindow::FloatWindow(AppContext& app, HINSTANCE instance, HWND owner) : app(app) {
+  // On a disabled button Windows shows all of the picture that isn't white, so its ground must be.
   refreshBitmap = static_cast<HBITMAP>(
       LoadImageW(instance, MAKEINTRESOURCEW(IDB_REFRESH), IMAGE_BITMAP, 0, 0, LR_LOADTRANSPARENT));
   window = CreateDialogParamW(instance, MAKEINTRESOURCEW(IDD_STATUS), owner, dialogProcedure, 0);
@@ -76,20 +78,9 @@ FloatWindow::FloatWindow(AppContext& app, HINSTANCE instance, HWND owner)
 
 void FloatWindow::applySettings() {
   DWORD interval = 5, show = 1;
-  Registry settings;
-  if (settings.open(HKEY_CURRENT_USER, addinSettingsKey, KEY_READ)) {
-    readSetting(settings, L"XrefMonitoringInterval", interval);
-    readSetting(settings, L"StatusWnd", show);
-  }
-  if (show && interval) {
-    Refresh();
-    intervalMinutes = interval;
-    ShowWindow(window, SW_SHOW);
-    startTimer();
-  } else {
-    StopMonitoring();
-  }
-  ShowWindow(window, show ? SW_SHOW : SW_HIDE);
+  readAddinSetting(L"XrefMonitoringInterval", interval);
+  readAddinSetting(L"StatusWnd", show);
+  Configure(show != 0, interval);
 }
 
 FloatWindow::~FloatWindow() {
@@ -99,7 +90,10 @@ FloatWindow::~FloatWindow() {
 }
 
 void FloatWindow::startTimer() {
-  SetTimer(window, monitorTimer, intervalMinutes * millisecondsPerMinute, nullptr);
+  // Windows takes a longer period for a very short one.
+  constexpr unsigned long long longest = USER_TIMER_MAXIMUM;
+  const auto period = std::min(intervalMinutes * millisecondsPerMinute, longest);
+  SetTimer(window, monitorTimer, static_cast<UINT>(period), nullptr);
 }
 
 void FloatWindow::Refresh() {

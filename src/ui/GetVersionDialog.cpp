@@ -74,7 +74,7 @@ void GetVersionDialog::addColumns() {
 
 void GetVersionDialog::addVersions() {
   std::vector<VersionEntry> versions;
-  readCheckOutState(app, path, &versions);
+  readCheckOutStateOrTell(app, path, &versions);
   HWND list = GetDlgItem(window, IDC_VERSIONS);
   int row = 0;
   for (auto entry = versions.rbegin(); entry != versions.rend(); ++entry) {

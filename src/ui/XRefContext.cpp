@@ -17,11 +17,23 @@ void removeItems(HMENU menu) {
   while (GetMenuItemCount(menu) > 0) RemoveMenu(menu, 0, MF_BYPOSITION);
 }
 
+/// A text that a menu shows as it is: "&" marks a mnemonic there, a tab starts a column of its own
+/// and a line end would stand as a box.
+CString menuText(const CString& text) {
+  CString shown;
+  for (size_t at = 0; at < text.size(); ++at) {
+    if (text[at] == L'\r' && at + 1 < text.size() && text[at + 1] == L'\n') continue;
+    if (text[at] == L'&') shown += L'&';
+    shown += text[at] < L' ' ? L' ' : text[at];
+  }
+  return shown;
+}
+
 CString versionItem(const VersionEntry& entry) {
   const int version = entry.version;
   if (version == 1) return formatText(loadMessage(104, "%d. <Created>"), {version});
   if (!entry.comment.empty()) {
-    return formatText(loadMessage(106, "%d. %s"), {version, entry.comment});
+    return formatText(loadMessage(106, "%d. %s"), {version, menuText(entry.comment)});
   }
   return formatText(loadMessage(105, "%d. <No comment>"), {version});
 }
@@ -80,7 +92,7 @@ bool XRefContext::readSelection(const AcDbObjectIdArray& ids, XrefMenuFlags& fla
     XrefInfo xref;
     if (!readXrefReference(ids[index], xref)) return false;
     makeAbsolute(xref.path);
-    flags.fold(readCheckOutState(app, xref.path, versions));
+    flags.fold(readCheckOutStateOrTell(app, xref.path, versions));
   }
   return true;
 }

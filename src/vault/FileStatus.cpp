@@ -92,6 +92,10 @@ void fill(const FileStatus& wanted, VaultFile& file, VaultFolder* folder) {
   }
 }
 
+void tellFailure(const _com_error& error) {
+  appMessageBox(resultCodeText(error.Error()), MB_ICONINFORMATION);
+}
+
 void appendVersions(VaultFileLegacy& file, std::vector<VersionEntry>& versions) {
   VaultVersionListPtr list;
   check(file.versionList(&list), file);
@@ -129,7 +133,7 @@ bool readFileStatus(AppContext& app, const CString& path, const FileStatus& want
     fill(wanted, *file, folder);
     return true;
   } catch (const _com_error& error) {
-    appMessageBox(resultCodeText(error.Error()), MB_ICONINFORMATION);
+    tellFailure(error);
     return false;
   }
 }
@@ -155,4 +159,14 @@ CheckOutState readCheckOutState(AppContext& app, const CString& path,
     appendVersions(*file, *versions);
   }
   return state;
+}
+
+CheckOutState readCheckOutStateOrTell(AppContext& app, const CString& path,
+                                      std::vector<VersionEntry>* versions) {
+  try {
+    return readCheckOutState(app, path, versions);
+  } catch (const _com_error& error) {
+    tellFailure(error);
+    return notInVault;
+  }
 }

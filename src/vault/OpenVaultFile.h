@@ -93,6 +93,11 @@ struct VersionEntry {
 CheckOutState readCheckOutState(AppContext& app, const CString& path,
                                 std::vector<VersionEntry>* versions);
 
+/// The same for a window or a menu of the host's, which no exception may leave: a failure is told
+/// to the user and counts as notInVault; versions that were read before it stay.
+CheckOutState readCheckOutStateOrTell(AppContext& app, const CString& path,
+                                      std::vector<VersionEntry>* versions);
+
 /// What is wanted of a file. Null leaves a value out, and the client isn't asked for it then.
 struct FileStatus {
   CString* fileName = nullptr;

@@ -97,7 +97,7 @@ bool isOpenForEditing(AppContext&, const CString& path, AcApDocument** found) {
   return false;
 }
 
-void reloadEditedXrefs(AppContext& app, XrefList& pendingReloads, AcApDocument* document) {
+void onDocumentActivated(AppContext& app, XrefList& pendingReloads, AcApDocument* document) {
   for (bool found = pendingReloads.findFirstOfDocument(document); found;
        found = pendingReloads.findNext()) {
     if (isOpenForEditing(app, pendingReloads.currentPath())) continue;
@@ -107,7 +107,7 @@ void reloadEditedXrefs(AppContext& app, XrefList& pendingReloads, AcApDocument* 
   }
 }
 
-void forgetEditedXrefs(XrefList& pendingReloads, AcApDocument* document) {
+void onDocumentToBeDestroyed(AppContext&, XrefList& pendingReloads, AcApDocument* document) {
   for (bool found = pendingReloads.findFirstOfDocument(document); found;
        found = pendingReloads.findNext()) {
     pendingReloads.removeCurrent();

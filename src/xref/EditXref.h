@@ -16,7 +16,7 @@ void editxref(AppContext& app, XrefList& pendingReloads);
 bool isOpenForEditing(AppContext& app, const CString& path, AcApDocument** found = nullptr);
 
 /// Loads again the xrefs of the activated parent whose windows have gone.
-void reloadEditedXrefs(AppContext& app, XrefList& pendingReloads, AcApDocument* document);
+void onDocumentActivated(AppContext& app, XrefList& pendingReloads, AcApDocument* document);
 
 /// Forgets the xrefs of a parent that is going away.
-void forgetEditedXrefs(XrefList& pendingReloads, AcApDocument* document);
+void onDocumentToBeDestroyed(AppContext&, XrefList& pendingReloads, AcApDocument* document);

@@ -23,8 +23,9 @@ void fetchVersion(VaultFolderLegacy* folder, const CString& path, long version) 
   const IShellFolderPtr shellFolder = shellFolderOf(folder);
   const ItemIdList item = parseName(shellFolder, fileName);
   VaultFolderActionsPtr actions;
-  check(folder->QueryInterface(__uuidof(VaultFolderActions), reinterpret_cast<void**>(&actions)),
-        *folder);
+  check(
+      shellFolder->QueryInterface(__uuidof(VaultFolderActions), reinterpret_cast<void**>(&actions)),
+      *shellFolder);
   check(actions->getVersion(0, item.get(), version), *actions);
 }
 

@@ -2,6 +2,8 @@
 
 #include <shlwapi.h>
 
+#include <iterator>
+
 #include "foundation/ScopedFile.h"
 #include "vault/CheckedCall.h"
 #include "vault/OpenVaultFile.h"
@@ -33,9 +35,9 @@ CString viewIdText(const CString& rootPath) {
   GUID id{};
   if (!readViewIdentifier(rootPath, 1, id)) id = GUID{};
   wchar_t text[39];
-  swprintf_s(text, L"%08lX-%04X-%04X-%02X%02X-%02X%02X%02X%02X%02X%02X", id.Data1, id.Data2,
-             id.Data3, id.Data4[0], id.Data4[1], id.Data4[2], id.Data4[3], id.Data4[4], id.Data4[5],
-             id.Data4[6], id.Data4[7]);
+  swprintf_s(text, std::size(text), L"%08lX-%04X-%04X-%02X%02X-%02X%02X%02X%02X%02X%02X", id.Data1,
+             id.Data2, id.Data3, id.Data4[0], id.Data4[1], id.Data4[2], id.Data4[3], id.Data4[4],
+             id.Data4[5], id.Data4[6], id.Data4[7]);
   return text;
 }
 

@@ -1,14 +1,11 @@
 #include <gtest/gtest.h>
 
-#include "BoxWatch.h"
-#include "checkout/PendingCheckIn.h"
-#include "checkout/Unlock.h"
-#include "foundation/AppContext.h"
+#include <string>
+#include <vector>
+
 #include "vault/RunMenuCmd.h"
 
 namespace {
-
-using Texts = std::vector<std::wstring>;
 
 /// One file's shell folder and its menu in one object, which lives on the stack.
 class FakeFolder : public IShellFolder, public IContextMenu {
@@ -107,20 +104,4 @@ TEST(RunVerb, EndsQuietlyAtTheFirstFailure) {
   EXPECT_EQ(refusing.references, 0);
 
   EXPECT_NO_THROW(runVerb(nullptr, IShellFolderPtr(), L"plan.dwg", L"Unlock"));
-}
-
-TEST(CheckInNote, OnlyItsOwnDocumentGoesOn) {
-  BoxWatch boxes;
-  AppContext& app = *currentApp();
-  PendingCheckIn note;
-  note.checkInPath = L"C:\\view\\plan.dwg";
-  onDocumentDestroyed(app, note, L"C:\\view\\other.dwg");
-  EXPECT_TRUE(BoxWatch::texts.empty());
-
-  note.checkInPending = true;
-  onDocumentDestroyed(app, note, L"C:\\view\\other.dwg");
-  EXPECT_EQ(BoxWatch::texts, Texts{L"File name mismatch when checking in document. Aborting."});
-  EXPECT_FALSE(note.checkInPending);
-  onDocumentDestroyed(app, note, L"C:\\view\\plan.dwg");
-  EXPECT_EQ(BoxWatch::texts.size(), 1u);
 }

@@ -117,7 +117,11 @@ STDMETHODIMP FilePart::checkedOutInFolderId(LONG* folderId) {
 STDMETHODIMP FilePart::localVersion(VARIANT folderId, LONG* version) {
   return ClientCall(L"VaultFile.localVersion").with(L"folder", folderId).out(version).runVoid([&] {
     if (V_VT(&folderId) != VT_I4) throw ClientFailure(E_INVALIDARG);
-    *version = store().localVersion(state.file(), V_I4(&folderId));
+    const long local = store().localVersion(state.file(), V_I4(&folderId));
+    // The user may have deleted the copy of this folder; of others there is only the record.
+    const bool isGone = V_I4(&folderId) == state.folderId() &&
+                        GetFileAttributesW(state.path.c_str()) == INVALID_FILE_ATTRIBUTES;
+    *version = local < 1 || isGone ? noVersion : local;
   });
 }
 

@@ -24,7 +24,8 @@ struct OpenDialog {
   HWND window = nullptr;
   std::wstring box;  ///< what its box line says, if it came through watchedMessageBox()
   bool hasNoControls = false;
-  bool busy = false;  ///< a step or a click in it hasn't returned yet
+  bool busy = false;     ///< a step or a click in it hasn't returned yet
+  bool covered = false;  ///< another one was open on top of it
   unsigned looks = 0;
   unsigned closings = 0;
 };
@@ -64,7 +65,11 @@ struct Answers::State {
     dialogs.erase(std::remove_if(dialogs.begin(), dialogs.end(),
                                  [&](const OpenDialog& d) { return d.window == window; }),
                   dialogs.end());
-    if (dialogs.empty() && listener) KillTimer(listener, lookTimer);
+    if (!dialogs.empty()) {
+      dialogs.back().covered = true;
+    } else if (listener) {
+      KillTimer(listener, lookTimer);
+    }
   }
 
   void created(HWND window);
@@ -214,7 +219,8 @@ void Answers::State::look() {
   ++top.looks;
   const bool ready = IsWindowVisible(top.window) && IsWindowEnabled(top.window);
   if (!ready && top.looks < patience) return;
-  if (!looksModal(top.window)) return forget(HWND(top.window));
+  // A box that closed on top may have enabled the owner that both have.
+  if (!top.covered && !looksModal(top.window)) return forget(HWND(top.window));
   answer(top.window);
 }
 

@@ -27,7 +27,9 @@ struct ClickControl {
 struct TakePicture {
   std::wstring file;
 };  ///< Windows path
-using AnswerStep = std::variant<FillControl, CheckControl, SelectRow, ClickControl, TakePicture>;
+struct TellTexts {};  ///< tells the texts of its controls as a `dialog` line
+using AnswerStep =
+    std::variant<FillControl, CheckControl, SelectRow, ClickControl, TakePicture, TellTexts>;
 
 /// What the person at the screen does at one box or dialog: the steps in order, then the button.
 struct Answer {

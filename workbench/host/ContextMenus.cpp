@@ -4,6 +4,9 @@
 
 #include <algorithm>
 
+#include "host/CommandRunner.h"
+#include "host/DbObjects.h"
+#include "host/Guarded.h"
 #include "host/Host.h"
 #include "host/Names.h"
 
@@ -17,6 +20,45 @@ Adesk::Boolean acedRemoveObjectContextMenu(const AcRxClass* pClass, AcEdUIContex
 }
 
 namespace wb {
+namespace {
+
+// "&&" shows one "&"; a single one only marks the letter behind it.
+std::wstring shownText(const std::wstring& text) {
+  std::wstring shown;
+  for (size_t at = 0; at < text.size(); ++at) {
+    if (text[at] == L'&' && ++at == text.size()) break;
+    shown += text[at];
+  }
+  return shown;
+}
+
+std::wstring itemText(HMENU menu, UINT position) {
+  const int length = GetMenuStringW(menu, position, nullptr, 0, MF_BYPOSITION);
+  std::wstring text(static_cast<size_t>(std::max(length, 0)) + 1, L'\0');
+  GetMenuStringW(menu, position, text.data(), static_cast<int>(text.size()), MF_BYPOSITION);
+  text.resize(text.size() - 1);
+  return shownText(text);
+}
+
+void readMenu(HMENU menu, const std::wstring& submenu, AcEdUIContext* context,
+              std::vector<MenuItem>& items) {
+  const int count = GetMenuItemCount(menu);
+  for (int position = 0; position < count; ++position) {
+    MENUITEMINFOW info{};
+    info.cbSize = sizeof(info);
+    info.fMask = MIIM_ID | MIIM_STATE | MIIM_SUBMENU | MIIM_FTYPE;
+    if (!GetMenuItemInfoW(menu, static_cast<UINT>(position), TRUE, &info)) continue;
+    if (info.fType & MFT_SEPARATOR) continue;
+    const std::wstring text = itemText(menu, static_cast<UINT>(position));
+    items.push_back({text, submenu, info.hSubMenu ? 0 : info.wID, (info.fState & MFS_GRAYED) != 0,
+                     info.hSubMenu != nullptr, context});
+    if (info.hSubMenu) {
+      readMenu(info.hSubMenu, submenu.empty() ? text : submenu + L" > " + text, context, items);
+    }
+  }
+}
+
+}  // namespace
 
 bool ContextMenus::add(const AcRxClass* entityClass, AcEdUIContext* context,
                        const void* application) {
@@ -37,6 +79,7 @@ bool ContextMenus::remove(const AcRxClass* entityClass, AcEdUIContext* context) 
   if (found == entries.end()) return false;
   giveBack(found->ticket);
   entries.erase(found);
+  closeMenuOf(context);
   return true;
 }
 
@@ -52,6 +95,58 @@ void ContextMenus::dropOf(HMODULE module) {
   entries.erase(std::remove_if(entries.begin(), entries.end(),
                                [&](const Entry& one) { return isOfModule(module, one.context); }),
                 entries.end());
+  open.erase(std::remove_if(open.begin(), open.end(),
+                            [&](const MenuItem& item) { return isOfModule(module, item.context); }),
+             open.end());
+}
+
+void ContextMenus::closeMenuOf(const AcEdUIContext* context) {
+  open.erase(std::remove_if(open.begin(), open.end(),
+                            [&](const MenuItem& item) { return item.context == context; }),
+             open.end());
+}
+
+std::vector<AcEdUIContext*> ContextMenus::contextsForAll(const AcDbObjectIdArray& ids) const {
+  std::vector<AcEdUIContext*> common;
+  for (int index = 0; index < ids.length(); ++index) {
+    const AcDbObjectImp* entity = AcDbObjectImp::find(ids[index]);
+    const auto contexts =
+        entity ? contextsFor(entity->object()->isA()) : std::vector<AcEdUIContext*>();
+    if (index == 0) common = contexts;
+    common.erase(std::remove_if(common.begin(), common.end(),
+                                [&](AcEdUIContext* one) {
+                                  return std::find(contexts.begin(), contexts.end(), one) ==
+                                         contexts.end();
+                                }),
+                 common.end());
+  }
+  return common;
+}
+
+void ContextMenus::rightClick(const AcDbObjectIdArray& ids) {
+  open.clear();
+  clicked_ = ids;
+  if (ids.length() == 0) return;
+  const AcRxClass* entityClass = AcDbObjectImp::find(ids[0])->object()->isA();
+  const Ticket since = nextTicket();
+  for (AcEdUIContext* context : contextsForAll(ids)) {
+    runGuarded(L"a right-click menu", [&] {
+      const auto* menu = static_cast<HMENU*>(context->getMenuContext(entityClass, ids));
+      if (!menu) return;
+      context->OnUpdateMenu();
+      readMenu(*menu, {}, context, open);
+    });
+  }
+  Host::instance().runner().tellLeaks(since, false);
+}
+
+void ContextMenus::choose(const MenuItem& item) {
+  AcEdUIContext* const context = item.context;
+  const UINT id = item.id;
+  open.clear();
+  const Ticket since = nextTicket();
+  runGuarded(L"an item of a right-click menu", [&] { context->onCommand(id); });
+  Host::instance().runner().tellLeaks(since, false);
 }
 
 }  // namespace wb

@@ -2,11 +2,22 @@
 
 #include <aced.h>
 
+#include <string>
 #include <vector>
 
 #include "core/Accounts.h"
 
 namespace wb {
+
+/// One item of an open right-click menu, as the person reads it.
+struct MenuItem {
+  std::wstring text;     ///< without the marks of the letters to press
+  std::wstring submenu;  ///< of the popup it stands in, "A > B" for one in another; else empty
+  UINT id;               ///< 0 for a popup
+  bool grayed;
+  bool isPopup;
+  AcEdUIContext* context;
+};
 
 /// The applications' entries in the right-click menus, by the class of the entities.
 class ContextMenus {
@@ -19,6 +30,16 @@ class ContextMenus {
   std::vector<AcEdUIContext*> contextsFor(const AcRxClass* entityClass) const;
   void dropOf(HMODULE module);
 
+  /// The user right-clicks these entities: each context for all of them is asked for its menu, in
+  /// the order they were added, and told that the menu is about to be shown.
+  void rightClick(const AcDbObjectIdArray& ids);
+  /// The items of the menu that was opened last, until one of them was chosen.
+  const std::vector<MenuItem>& items() const { return open; }
+  /// The entities it was opened for.
+  const AcDbObjectIdArray& clicked() const { return clicked_; }
+  /// The user clicks an item: its context gets the command, and the menu closes.
+  void choose(const MenuItem& item);
+
  private:
   struct Entry {
     const AcRxClass* entityClass;
@@ -26,7 +47,12 @@ class ContextMenus {
     const void* application;
     Ticket ticket;
   };
+  std::vector<AcEdUIContext*> contextsForAll(const AcDbObjectIdArray& ids) const;
+  void closeMenuOf(const AcEdUIContext* context);
+
   std::vector<Entry> entries;
+  std::vector<MenuItem> open;
+  AcDbObjectIdArray clicked_;
 };
 
 }  // namespace wb

@@ -83,6 +83,11 @@ class StepPerformer {
 
   std::wstring operator()(const TakePicture& step) const { return savePicture(step.file); }
 
+  std::wstring operator()(const TellTexts&) const {
+    tell(L"dialog", wb::quoted(windowTitle(dialog)) + L" texts" + controlTexts(dialog));
+    return {};
+  }
+
  private:
   static std::wstring disabled(int id) {
     return L"its control " + std::to_wstring(id) + L" is disabled";
@@ -95,16 +100,20 @@ class StepPerformer {
   static std::wstring selectInListView(HWND list, int index, bool activate) {
     if (index < 0 || index >= ListView_GetItemCount(list)) return noSuchRow(index);
     SetFocus(list);
-    ListView_SetItemState(list, -1, 0, LVIS_SELECTED);
-    ListView_SetItemState(list, index, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
     ListView_EnsureVisible(list, index, FALSE);
-    if (!activate) return {};
     RECT label{};
     ListView_GetItemRect(list, index, &label, LVIR_LABEL);
     const LPARAM point = MAKELPARAM(label.left + 2, (label.top + label.bottom) / 2);
-    SendMessageW(list, WM_LBUTTONDBLCLK, MK_LBUTTON, point);
-    if (IsWindow(list)) SendMessageW(list, WM_LBUTTONUP, 0, point);
+    // Setting the state would select the row without marking it, as no click does.
+    clickAt(list, WM_LBUTTONDOWN, point);
+    if (activate && IsWindow(list)) clickAt(list, WM_LBUTTONDBLCLK, point);
     return {};
+  }
+
+  static void clickAt(HWND list, UINT message, LPARAM point) {
+    // The control may wait for the release inside of this very message.
+    PostMessageW(list, WM_LBUTTONUP, 0, point);
+    SendMessageW(list, message, MK_LBUTTON, point);
   }
 
   static std::wstring selectInListBox(HWND list, int index, bool activate) {

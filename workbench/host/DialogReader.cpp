@@ -1,7 +1,11 @@
 #include "host/DialogReader.h"
 
+#include <commctrl.h>
+
 #include <cwchar>
 #include <iterator>
+
+#include "core/Transcript.h"
 
 namespace wb {
 namespace {
@@ -91,10 +95,54 @@ std::wstring messageBoxText(HWND dialog) {
       const int id = GetDlgCtrlID(child);
       if (!isPushButton(child) || id < IDOK || id > lastBoxButton) return {};
     } else if ((GetWindowLongPtrW(child, GWL_STYLE) & SS_TYPEMASK) != SS_ICON) {
+      // A message box has a single text; a dialog with several is something else.
+      if (!text.empty()) return {};
       text = windowTitle(child);
     }
   }
   return text;
+}
+
+namespace {
+
+std::wstring cellText(HWND list, int row, int column) {
+  std::wstring text(1024, L'\0');
+  LVITEMW cell{};
+  cell.iSubItem = column;
+  cell.pszText = text.data();
+  cell.cchTextMax = static_cast<int>(text.size());
+  text.resize(static_cast<size_t>(
+      SendMessageW(list, LVM_GETITEMTEXTW, static_cast<WPARAM>(row),
+                   reinterpret_cast<LPARAM>(&cell))));
+  return text;
+}
+
+std::wstring rowTexts(HWND list) {
+  const HWND header = ListView_GetHeader(list);
+  const int columns = header ? Header_GetItemCount(header) : 1;
+  std::wstring texts;
+  for (int row = 0; row < ListView_GetItemCount(list); ++row) {
+    texts += L" row" + std::to_wstring(row + 1) + L'=';
+    for (int column = 0; column < columns; ++column) {
+      if (column > 0) texts += L',';
+      texts += wb::quoted(cellText(list, row, column));
+    }
+  }
+  return texts;
+}
+
+}  // namespace
+
+std::wstring controlTexts(HWND dialog) {
+  std::wstring texts;
+  for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+    if (windowClass(child) == WC_LISTVIEWW) {
+      texts += rowTexts(child);
+    } else if (!isPushButton(child)) {
+      texts += L' ' + std::to_wstring(GetDlgCtrlID(child)) + L'=' + wb::quoted(windowTitle(child));
+    }
+  }
+  return texts;
 }
 
 std::vector<HWND> pushButtons(HWND dialog) {

@@ -25,6 +25,10 @@ std::wstring windowClass(HWND window);
 /// any other dialog.
 std::wstring messageBoxText(HWND dialog);
 
+/// The texts of all controls but the push buttons, each by its id behind a blank, and the rows of
+/// its list views.
+std::wstring controlTexts(HWND dialog);
+
 /// The push buttons that can be seen, in tab order.
 std::vector<HWND> pushButtons(HWND dialog);
 

@@ -146,7 +146,8 @@ const std::vector<Directive>& directives() {
   static const std::vector<Directive> all = [] {
     std::vector<Directive> table;
     for (auto* part : {documentDirectives, answerDirectives, clientDirectives, vaultDirectives,
-                       checkDirectives, windowDirectives}) {
+                       checkDirectives, windowDirectives, drawingDirectives,
+                       selectionDirectives}) {
       for (const Directive& directive : part()) table.push_back(directive);
     }
     return table;

@@ -86,6 +86,9 @@ std::vector<Directive> clientDirectives();    ///< DirectivesClient.cpp: @client
 std::vector<Directive> vaultDirectives();     ///< DirectivesVault.cpp
 std::vector<Directive> checkDirectives();     ///< DirectivesChecks.cpp: @mark, @expect, @shot, @say
 std::vector<Directive> windowDirectives();    ///< DirectivesWindow.cpp: the status window
+std::vector<Directive> drawingDirectives();   ///< DirectivesDrawing.cpp: @layout, @attr
+/// DirectivesSelection.cpp: what is picked, and the right-click menu
+std::vector<Directive> selectionDirectives();
 
 /// %WORK% and %DRAWINGS% filled in. Raises ScriptError for one that the session hasn't got.
 std::wstring expandFolders(std::wstring text, const SessionOptions& options);

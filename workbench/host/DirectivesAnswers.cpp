@@ -62,6 +62,11 @@ void shotNext(ScriptContext&, Arguments& arguments) {
   Answers::instance().prepare(TakePicture{windowsPath(arguments.textUntil())});
 }
 
+void textsNext(ScriptContext&, Arguments& arguments) {
+  arguments.end();
+  Answers::instance().prepare(TellTexts{});
+}
+
 }  // namespace
 
 std::vector<Directive> answerDirectives() {
@@ -74,6 +79,7 @@ std::vector<Directive> answerDirectives() {
       {L"activate-row", L"@activate-row N", activateRow, true},
       {L"press", L"@press ID", press, true},
       {L"shot-next", L"@shot-next FILE", shotNext, true},
+      {L"texts-next", L"@texts-next", textsNext, true},
   };
 }
 

@@ -49,41 +49,55 @@ void tick(ScriptContext&, Arguments& arguments) {
 
 void click(ScriptContext&, Arguments& arguments) {
   const HWND window = statusWindow();
-  if (arguments.take(L"close")) {
-    arguments.end();
-    return post(window, WM_SYSCOMMAND, SC_CLOSE, 0);
-  }
   const int id = arguments.number();
   arguments.end();
   const HWND control = GetDlgItem(window, id);
   if (!control) arguments.fail(L"the status window has no control " + std::to_wstring(id));
+  if (!IsWindowVisible(window)) throw ScriptError(L"the status window is hidden");
   if (!IsWindowEnabled(control)) {
     throw ScriptError(L"the control " + std::to_wstring(id) + L" is disabled");
   }
   post(control, BM_CLICK, 0, 0);
 }
 
-std::wstring boxState(HWND window, int id) {
-  const HWND box = GetDlgItem(window, id);
-  static constexpr const wchar_t* states[] = {L"off", L"on", L"undetermined"};
-  const LRESULT state = SendMessageW(box, BM_GETCHECK, 0, 0);
-  return std::to_wstring(id) + L'=' + states[state <= BST_INDETERMINATE ? state : 0] +
-         (IsWindowEnabled(box) ? L"" : L" disabled");
+std::wstring controlState(HWND window, int id, const std::wstring& state = {}) {
+  const bool enabled = IsWindowEnabled(GetDlgItem(window, id)) != FALSE;
+  return std::to_wstring(id) + L'=' + state + (state.empty() ? L"" : L" ") +
+         (enabled ? L"enabled" : L"disabled");
 }
 
-void show(ScriptContext&, Arguments& arguments) {
-  arguments.end();
-  const HWND window = statusWindow();
-  const HWND version = GetDlgItem(window, versionText);
+std::wstring boxState(HWND window, int id) {
+  static constexpr const wchar_t* states[] = {L"unchecked", L"checked", L"indeterminate"};
+  const LRESULT state = SendDlgItemMessageW(window, id, BM_GETCHECK, 0, 0) & 3;
+  return controlState(window, id, state <= BST_INDETERMINATE ? states[state] : L"?");
+}
+
+void show(HWND window) {
+  const std::wstring version = wb::quoted(windowTitle(GetDlgItem(window, versionText)));
   const auto timer = watchedTimer(window, monitorTimer);
-  tell(L"window",
-       wb::quoted(windowTitle(window)) + (IsWindowVisible(window) ? L" shown, " : L" hidden, ") +
-           boxState(window, xrefBox) + L", " + boxState(window, lockBox) + L", " +
-           std::to_wstring(versionText) + L'=' + wb::quoted(windowTitle(version)) +
-           (IsWindowEnabled(version) ? L"" : L" disabled") + L", " +
-           std::to_wstring(refreshButton) +
-           (IsWindowEnabled(GetDlgItem(window, refreshButton)) ? L" enabled" : L" disabled") +
-           L", timer=" + (timer ? std::to_wstring(*timer) : std::wstring(L"off")));
+  tell(L"window", wb::quoted(windowTitle(window)) +
+                      (IsWindowVisible(window) ? L" shown, " : L" hidden, ") +
+                      boxState(window, xrefBox) + L", " + boxState(window, lockBox) + L", " +
+                      controlState(window, versionText, version) + L", " +
+                      controlState(window, refreshButton) + L", timer=" +
+                      (timer ? std::to_wstring(*timer) + L" ms" : std::wstring(L"off")));
+}
+
+void window(ScriptContext&, Arguments& arguments) {
+  const HWND window = statusWindow();
+  if (arguments.take(L"close")) {
+    arguments.end();
+    if (!IsWindowVisible(window)) throw ScriptError(L"the status window is hidden");
+    post(window, WM_SYSCOMMAND, SC_CLOSE, 0);
+  } else if (arguments.take(L"move")) {
+    const int left = arguments.number();
+    const int top = arguments.number();
+    arguments.end();
+    SetWindowPos(window, nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  } else {
+    arguments.end();
+    show(window);
+  }
 }
 
 }  // namespace
@@ -91,8 +105,8 @@ void show(ScriptContext&, Arguments& arguments) {
 std::vector<Directive> windowDirectives() {
   return {
       {L"tick", L"@tick", tick, false},
-      {L"click", L"@click ID, or @click close", click, false},
-      {L"window", L"@window", show, true},
+      {L"click", L"@click ID", click, false},
+      {L"window", L"@window, @window close, or @window move X Y", window, true},
   };
 }
 

@@ -174,7 +174,13 @@ bool Host::save(const std::wstring& path) {
   Command command;
   command.global = L"QSAVE";
   command.work = [&] { saved = parts->documents.save(document, {}, reason); };
-  parts->runner.run(command, document);
+  if (document == parts->documents.active()) {
+    parts->runner.run(command, document);
+  } else {
+    // In the background there is no command of that drawing: an application saves it, and the one
+    // on top stays current.
+    command.work();
+  }
   if (!saved) tell(L"doc", L"refused: saving " + document->title() + L": " + reason);
   runUntilIdle();
   return saved;

@@ -18,7 +18,10 @@ constexpr UINT raiseOwnedMessage = WM_APP;
 
 BOOL CALLBACK raiseIfOwned(HWND window, LPARAM owner) {
   if (IsWindowVisible(window) && GetWindow(window, GW_OWNER) == reinterpret_cast<HWND>(owner)) {
-    SetWindowPos(window, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    // Wine only restacks what moves in its own order, hence the detour.
+    constexpr UINT orderOnly = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE;
+    SetWindowPos(window, HWND_BOTTOM, 0, 0, 0, 0, orderOnly | SWP_NOOWNERZORDER);
+    SetWindowPos(window, HWND_TOP, 0, 0, 0, 0, orderOnly | SWP_NOOWNERZORDER);
   }
   return TRUE;
 }

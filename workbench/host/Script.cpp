@@ -8,6 +8,7 @@
 #include "host/Answers.h"
 #include "host/Host.h"
 #include "host/ImportWatch.h"
+#include "host/Selection.h"
 #include "host/Session.h"
 
 namespace wb {
@@ -115,7 +116,8 @@ bool Script::refuse(const ScriptLine& line, const std::wstring& why) {
 }
 
 bool Script::refuseUnusedAnswers() {
-  const std::vector<std::wstring> unused = Answers::instance().unused();
+  std::vector<std::wstring> unused = Answers::instance().unused();
+  for (std::wstring& pick : Selection::instance().unused()) unused.push_back(std::move(pick));
   for (const std::wstring& answer : unused) {
     tell(L"error", L"nothing asked for the answer: " + answer);
   }

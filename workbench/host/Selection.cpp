@@ -77,6 +77,16 @@ void Selection::commandBegins(int flags) {
   if ((flags & (ACRX_CMD_REDRAW | ACRX_CMD_USEPICKSET)) == 0) picks.clear();
 }
 
+std::vector<std::wstring> Selection::unused() const {
+  std::vector<std::wstring> texts;
+  for (const std::vector<std::wstring>& names : answers) {
+    std::wstring text = L"select";
+    for (const std::wstring& name : names) text += L' ' + name;
+    texts.push_back(text);
+  }
+  return texts;
+}
+
 void Selection::clear() {
   picks.clear();
   answers.clear();

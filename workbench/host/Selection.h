@@ -30,6 +30,8 @@ class Selection {
   void clear();
   /// True if no answer is left over.
   bool answered() const { return answers.empty(); }
+  /// The answers left over, in words.
+  std::vector<std::wstring> unused() const;
 
  private:
   friend class SelectionPrompt;

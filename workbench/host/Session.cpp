@@ -22,6 +22,7 @@
 #include "host/LoadRecord.h"
 #include "host/RegistrySettings.h"
 #include "host/Script.h"
+#include "host/Selection.h"
 #include "host/Watchdog.h"
 #include "host/WorkFolder.h"
 
@@ -144,6 +145,7 @@ bool Session::run(std::string_view utf8Script) {
   });
   const bool succeeded = script.run();
   Answers::instance().clear();
+  Selection::instance().clear();
   return succeeded && Answers::instance().unanswered() == unanswered;
 }
 
@@ -152,6 +154,7 @@ void Session::interact() {
   const InputSource source([&] { return console.supplyInput(); });
   console.run();
   Answers::instance().clear();
+  Selection::instance().clear();
 }
 
 const std::vector<std::wstring>& Session::transcript() const {

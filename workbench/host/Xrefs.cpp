@@ -110,8 +110,12 @@ bool Xrefs::reached(const Xref& xref) const {
                      [&](const auto& one) { return one->direct && leadsToLoaded(*one, xref); });
 }
 
+// The drawing holds a file once, under however many names it uses it: the first of them to go lets
+// it be replaced, and what is loaded under the others stays as it was read.
 void Xrefs::release(Xref& xref) {
-  xref.file.close();
+  for (const auto& one : xrefs) {
+    if (sameName(one->file.path().wstring(), xref.file.path().wstring())) one->file.close();
+  }
   xref.loaded = false;
 }
 

@@ -1,0 +1,156 @@
+#include "ModuleSession.h"
+
+#include <windows.h>
+
+#include <fstream>
+#include <stdexcept>
+
+#include "core/Text.h"
+
+namespace {
+
+/// A DXF file keeps a code and a value on a line each.
+class DxfFile {
+ public:
+  explicit DxfFile(const std::filesystem::path& path) : file(path, std::ios::binary) {}
+  void group(int code, const std::wstring& value) {
+    file << code << "\r\n" << wb::toUtf8(value) << "\r\n";
+  }
+  void position(int code) {
+    group(code, L"0.0");
+    group(code + 10, L"0.0");
+  }
+
+ private:
+  std::ofstream file;
+};
+
+void writeBlock(DxfFile& file, const std::wstring& name, const std::wstring& path) {
+  const std::wstring flags = path.empty() ? L"0" : L"4";  // 4: an xref
+  file.group(0, L"BLOCK");
+  file.group(8, L"0");
+  file.group(2, name);
+  file.group(70, flags);
+  file.position(10);
+  file.group(3, name);
+  file.group(1, path);
+  file.group(0, L"ENDBLK");
+  file.group(8, L"0");
+}
+
+}  // namespace
+
+ModuleSession::ModuleSession() : session(options()) {
+  writeDrawing(L"small.dxf");
+  run("@vault create Works %WORK%\\View\n"
+      "@vault add %WORK%\\View\\Plan.dxf from %WORK%\\small.dxf comment First issue\n");
+}
+
+void ModuleSession::TearDown() {
+  mark();
+  session.end();
+  EXPECT_EQ(count(L"leak: "), 0) << recent();
+}
+
+wb::SessionOptions ModuleSession::options() {
+  wb::SessionOptions options;
+  options.module = binFolder() / L"TessaroAcad.arx";
+  options.client = binFolder() / L"TessaroClient.dll";
+  options.workFolder = workFolder();
+  options.drawings = workbenchFile(L"drawings");
+  return options;
+}
+
+std::filesystem::path ModuleSession::workFolder() {
+  return std::filesystem::temp_directory_path() / L"workbench-tests" / L"module";
+}
+
+std::filesystem::path ModuleSession::viewFolder() { return workFolder() / L"View"; }
+
+const wb::StoredFile& ModuleSession::stored(const std::wstring& file) {
+  const wb::StoredFile* found = wb::store().find((viewFolder() / file).wstring());
+  if (!found) throw std::runtime_error("not in the vault: " + wb::toUtf8(file));
+  return *found;
+}
+
+std::filesystem::path ModuleSession::binFolder() {
+  wchar_t path[MAX_PATH];
+  GetModuleFileNameW(nullptr, path, MAX_PATH);
+  return std::filesystem::path(path).parent_path();
+}
+
+std::wstring ModuleSession::workbenchFile(const std::wstring& relative) {
+  return wb::fromUtf8(WORKBENCH_FOLDER) + L"/" + relative;
+}
+
+std::filesystem::path ModuleSession::writeDrawing(const std::wstring& file,
+                                                  const std::vector<Xref>& xrefs) {
+  const std::filesystem::path path = workFolder() / file;
+  std::filesystem::create_directories(path.parent_path());
+  DxfFile drawing(path);
+  drawing.group(0, L"SECTION");
+  drawing.group(2, L"HEADER");
+  drawing.group(9, L"$ACADVER");
+  drawing.group(1, L"AC1021");
+  drawing.group(0, L"ENDSEC");
+  drawing.group(0, L"SECTION");
+  drawing.group(2, L"BLOCKS");
+  for (const Xref& xref : xrefs) writeBlock(drawing, xref.name, xref.path);
+  drawing.group(0, L"ENDSEC");
+  drawing.group(0, L"SECTION");
+  drawing.group(2, L"ENTITIES");
+  drawing.group(0, L"LINE");
+  drawing.group(8, L"0");
+  drawing.position(10);
+  drawing.position(11);
+  for (const Xref& xref : xrefs) {
+    drawing.group(0, L"INSERT");
+    drawing.group(8, L"0");
+    drawing.group(2, xref.name);
+    drawing.position(10);
+  }
+  drawing.group(0, L"ENDSEC");
+  drawing.group(0, L"EOF");
+  return path;
+}
+
+void ModuleSession::run(const std::string& script) {
+  EXPECT_TRUE(session.run(script)) << script << "----\n" << recent();
+}
+
+void ModuleSession::openPlan() {
+  run("@load\n@open %WORK%\\View\\Plan.dxf\n");
+  mark();
+}
+
+void ModuleSession::mark() { start = session.transcript().size(); }
+
+std::vector<std::wstring> ModuleSession::lines() const {
+  const auto& all = session.transcript();
+  return {all.begin() + static_cast<std::ptrdiff_t>(start), all.end()};
+}
+
+std::string ModuleSession::recent() const {
+  std::string text;
+  for (const std::wstring& line : lines()) text += wb::toUtf8(line) + "\n";
+  return text;
+}
+
+int ModuleSession::count(std::wstring_view text) const {
+  int found = 0;
+  for (const std::wstring& line : lines()) found += line.find(text) != std::wstring::npos;
+  return found;
+}
+
+void ModuleSession::expectOrder(const std::vector<std::wstring>& texts) const {
+  const std::vector<std::wstring> told = lines();
+  size_t at = 0;
+  for (const std::wstring& text : texts) {
+    while (at < told.size() && told[at].find(text) == std::wstring::npos) ++at;
+    if (at == told.size()) {
+      ADD_FAILURE() << "not told in its place: " << wb::toUtf8(text) << "\n----\n" << recent();
+      return;
+    }
+    ++at;
+  }
+}

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/Store.h"
+#include "host/Session.h"
+
+/// A session with the real module and the real client, and a vault "Works" whose view
+/// %WORK%\View holds the drawing Plan.dxf. %DRAWINGS% are the project's own sample drawings.
+class ModuleSession : public testing::Test {
+ protected:
+  ModuleSession();
+  /// Ends the session: whatever the module left behind then fails the test.
+  void TearDown() override;
+
+  /// Runs a script that has to succeed; the lines told since the mark are shown if it doesn't.
+  void run(const std::string& script);
+
+  /// Loads the module, opens Plan.dxf out of the view and marks.
+  void openPlan();
+
+  /// From here on expectOrder, count and recent look.
+  void mark();
+  /// The lines that hold these texts were told since the mark, in this order, others in between.
+  void expectOrder(const std::vector<std::wstring>& texts) const;
+  /// How many lines told since the mark hold the text.
+  int count(std::wstring_view text) const;
+  /// The lines told since the mark.
+  std::vector<std::wstring> lines() const;
+  /// The same as one text, in UTF-8.
+  std::string recent() const;
+
+  struct Xref {
+    std::wstring name;  ///< of the block
+    std::wstring path;  ///< as the drawing keeps it; empty for an ordinary block
+  };
+  /// Writes a small drawing of the DXF kind into the work folder: a line, and a block with one
+  /// insert for each xref.
+  /// @param file relative to the work folder.
+  /// @return its path.
+  static std::filesystem::path writeDrawing(const std::wstring& file,
+                                            const std::vector<Xref>& xrefs = {});
+
+  /// What the store knows of a file of the view, which has to be in the vault.
+  static const wb::StoredFile& stored(const std::wstring& file = L"Plan.dxf");
+
+  static std::filesystem::path workFolder();
+  static std::filesystem::path viewFolder();
+  /// Where the programs and libraries under test lie.
+  static std::filesystem::path binFolder();
+  /// A file of the project below its folder `workbench`.
+  static std::wstring workbenchFile(const std::wstring& relative);
+
+  static wb::SessionOptions options();
+
+  wb::Session session;
+
+ private:
+  size_t start = 0;
+};

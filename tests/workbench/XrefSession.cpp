@@ -1,0 +1,99 @@
+#include "XrefSession.h"
+
+#include <fstream>
+#include <iterator>
+#include <map>
+
+#include "core/Text.h"
+
+XrefSession::XrefSession() {
+  const std::wstring loose = writeDrawing(L"Loose.dxf").wstring();
+  writeDrawing(L"src/Second.dxf", {{L"Plain", L""}});
+  writeDrawing(L"src/Tree.dxf", {{L"Zeta", L"Zeta.dxf"}, {L"Alpha", L"Alpha.dxf"}});
+  writeDrawing(L"src/Alpha.dxf", {{L"Beta", L"Beta.dxf"}});
+  writeDrawing(L"src/Sheet.dxf", {{L"Grid", L"..\\Xrefs\\Grid.dxf"},
+                                  {L"Tree", L"..\\Xrefs\\Tree.dxf"},
+                                  {L"Loose", loose},
+                                  {L"Plain", L""}});
+  writeDrawing(L"View/Site/Twins.dxf",
+               {{L"Grid", L"..\\Xrefs\\Grid.dxf"}, {L"Twin", L"..\\XREFS\\GRID.DXF"}});
+  run("@vault add %WORK%\\View\\Xrefs\\Grid.dxf from %WORK%\\small.dxf comment ignored\n"
+      "@vault newversion %WORK%\\View\\Xrefs\\Grid.dxf from %WORK%\\src\\Second.dxf comment R&D "
+      "5%\n"
+      "@vault newversion %WORK%\\View\\Xrefs\\Grid.dxf from %WORK%\\small.dxf\n"
+      "@vault add %WORK%\\View\\Xrefs\\Beta.dxf from %WORK%\\small.dxf\n"
+      "@vault add %WORK%\\View\\Xrefs\\Zeta.dxf from %WORK%\\small.dxf\n"
+      "@vault add %WORK%\\View\\Xrefs\\Alpha.dxf from %WORK%\\src\\Alpha.dxf\n"
+      "@vault add %WORK%\\View\\Xrefs\\Tree.dxf from %WORK%\\src\\Tree.dxf\n"
+      "@vault add %WORK%\\View\\Site\\Sheet.dxf from %WORK%\\src\\Sheet.dxf\n"
+      "@vault checkout %WORK%\\View\\Site\\Sheet.dxf\n");
+}
+
+void XrefSession::openSheet() {
+  run("@load\n@open %WORK%\\View\\Site\\Sheet.dxf\n");
+  mark();
+}
+
+void XrefSession::reopenSheet() {
+  run("@save %WORK%\\View\\Site\\Sheet.dxf\n@close %WORK%\\View\\Site\\Sheet.dxf\n");
+  mark();
+  run("@open %WORK%\\View\\Site\\Sheet.dxf\n");
+  for (const wchar_t* name : {L"Grid", L"Tree", L"Loose", L"Alpha", L"Beta", L"Zeta"}) {
+    EXPECT_EQ(count(std::wstring(L"xref: loaded ") + name + L" "), 1) << recent();
+  }
+}
+
+std::vector<std::string> XrefSession::clientCalls() const {
+  constexpr std::wstring_view kind = L"client: ";
+  std::vector<std::string> calls;
+  for (const std::wstring& line : lines()) {
+    if (line.rfind(kind, 0) != 0) continue;
+    calls.push_back(wb::toUtf8(line.substr(kind.size(), line.find(L'(') - kind.size())));
+  }
+  return calls;
+}
+
+void XrefSession::failEachCall(const std::string& script, const std::vector<std::string>& reset) {
+  openSheet();
+  run(script);
+  const std::vector<std::string> calls = clientCalls();
+  ASSERT_FALSE(calls.empty());
+  const auto goBack = [&] {
+    // Each undoes something that the command may not have come to.
+    for (const std::string& line : reset) session.run(line);
+    reopenSheet();
+  };
+  goBack();
+  std::map<std::string, int> before;
+  for (const std::string& call : calls) {
+    const int after = before[call]++;
+    SCOPED_TRACE(call + " after " + std::to_string(after));
+    mark();
+    run("@fail " + call + " E_FAIL after " + std::to_string(after) + "\n");
+    // What the failed command asks and what is answered needn't fit; that alone may be wrong.
+    session.run(script);
+    EXPECT_EQ(count(L"-> E_FAIL"), 1) << recent();
+    EXPECT_EQ(count(L"leak: "), 0) << recent();
+    int misfits = 0;
+    for (const wchar_t* one : {L"without an answer: ", L"can't be answered", L"error: line ",
+                               L"nothing asked for the answer"}) {
+      misfits += count(one);
+    }
+    EXPECT_EQ(count(L"error: "), misfits) << recent();
+    run("@fail clear\n");
+    goBack();
+    if (HasFailure()) return;
+  }
+  run(script);
+}
+
+std::vector<std::string> XrefSession::undoOfGrid() {
+  const std::string sheet = "%WORK%\\View\\Site\\Sheet.dxf\n";
+  return {"@save " + sheet + "@close " + sheet, "@vault undo %WORK%\\View\\Xrefs\\Grid.dxf\n",
+          "@open " + sheet};
+}
+
+std::string XrefSession::contentOf(const std::filesystem::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), {}};
+}

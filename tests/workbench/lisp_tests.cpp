@@ -1,0 +1,49 @@
+// The frame's LISP functions, with an application that offers some.
+
+#include "ModuleSession.h"
+
+namespace {
+
+class Lisp : public ModuleSession {
+ protected:
+  Lisp() { run("@answer ok\n@load " + (binFolder() / L"lispmodule.arx").string() + "\n"); }
+};
+
+TEST_F(Lisp, FunctionsReachEachDrawing) {
+  EXPECT_EQ(count(L"box: flags=MB_OK|MB_ICONINFORMATION title=\"Tessaro\" "
+                  L"text=\"Duplicate function \\\"DISTANCE\\\".\""),
+            1)
+      << recent();
+  for (int drawing = 0; drawing < 2; ++drawing) {
+    mark();
+    run("@new\n(distance)\nBrand_measure\nbrand_MESSEN\nBrand_area\n");
+    expectOrder(
+        {L"loadDwg", L"distance called", L"measure called", L"measure called", L"distance called"});
+    EXPECT_EQ(count(L"box: "), 0) << recent();
+  }
+  mark();
+  run("@unload lispmodule.arx\n(distance)\nBrand_measure\n");
+  EXPECT_EQ(count(L"called"), 0) << recent();
+}
+
+TEST_F(Lisp, TheFirstRefusalEndsTheDefinitions) {
+  const struct {
+    const char* command;
+    const wchar_t* box;
+  } cases[] = {
+      {"Brand_nameless", L"text=\"Error defining function \\\"\\\".\""},
+      {"Brand_empty", L"text=\"Error registering function \\\"empty\\\" (index=4)\""},
+  };
+  for (const auto& each : cases) {
+    run("@new\n" + std::string(each.command) + "\n");
+    mark();
+    run("@answer ok\n@new\n(distance)\nBrand_area\n(behind)\n");
+    expectOrder({each.box, L"loadDwg", L"distance called", L"distance called"});
+    EXPECT_EQ(count(L"behind called"), 0) << recent();
+    EXPECT_EQ(count(L"box: "), 1) << recent();
+    run("@unload lispmodule.arx\n@answer ok\n@load " + (binFolder() / L"lispmodule.arx").string() +
+        "\n");
+  }
+}
+
+}  // namespace

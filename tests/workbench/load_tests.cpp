@@ -1,0 +1,169 @@
+#include <fstream>
+
+#include "ModuleSession.h"
+#include "core/Accounts.h"
+#include "host/CommandStack.h"
+#include "host/Host.h"
+
+namespace {
+
+constexpr int redraw = 4;
+constexpr int session = 0x200000;
+
+struct Expected {
+  const wchar_t* name;
+  int flags;
+};
+
+const Expected commands[] = {
+    {L"Tessaro_install", 0},          {L"Tessaro_uninstall", 0},
+    {L"Tessaro_update", 0},           {L"Tessaro_updatecurrent", 0},
+    {L"Tessaro_lockxref", redraw},    {L"Tessaro_unlockxref", redraw},
+    {L"Tessaro_lock", session},       {L"Tessaro_locksilent", session},
+    {L"Tessaro_unlock", redraw},      {L"Tessaro_getxrefversion", redraw},
+    {L"Tessaro_getxrefver2", redraw}, {L"Tessaro_editxref", redraw},
+    {L"Tessaro_getlatestxrefs", 0},   {L"Tessaro_settings", 0},
+    {L"Tessaro_properties", redraw},  {L"Tessaro_telllockedelsewhere", session},
+    {L"Tessaro_asklock", session},
+};
+
+class Load : public ModuleSession {
+ protected:
+  static const wb::Command* command(const std::wstring& typed) {
+    return wb::Host::instance().commands().find(typed);
+  }
+  static void expectAllCommands(const std::wstring& group) {
+    for (const Expected& expected : commands) {
+      const wb::Command* found = command(expected.name);
+      ASSERT_TRUE(found) << expected.name;
+      EXPECT_EQ(command(L"_" + std::wstring(expected.name)), found);
+      EXPECT_EQ(found->flags, expected.flags) << expected.name;
+      EXPECT_EQ(found->group, group);
+    }
+  }
+  /// What the application has entered with the host, in the order in which it did.
+  std::vector<std::wstring> registrations() const {
+    std::vector<std::wstring> found;
+    for (const wb::Outstanding& one : wb::outstanding(before)) {
+      for (const wchar_t* kind :
+           {L"command", L"context menu", L"reactor", L"select-file callback"}) {
+        if (one.kind == kind) found.push_back(one.kind + L" " + one.label);
+      }
+    }
+    return found;
+  }
+
+  const wb::Ticket before = wb::nextTicket();
+};
+
+TEST_F(Load, EntersEverythingInItsOrderAndTakesAllOfItBack) {
+  mark();
+  run("@load\n@window\n");
+  expectAllCommands(L"Tessaro_TessaroAcad");
+  std::vector<std::wstring> expected;
+  for (const Expected& one : commands) expected.push_back(std::wstring(L"command ") + one.name);
+  expected.insert(expected.end(),
+                  {L"context menu AcDbBlockReference", L"reactor AcEditorReactor",
+                   L"reactor AcApDocManagerReactor", L"select-file callback Tessaro"});
+  EXPECT_EQ(registrations(), expected);
+  expectOrder({L"VaultTextService.open(product=\"Halvern Vault Manager\", section=\"TessaroAcad\")",
+               L"CoCreateInstance.Main() -> S_OK", L"window: \"Tessaro Status\""});
+  EXPECT_EQ(count(L"box: "), 0) << recent();
+
+  run("@unload\n");
+  EXPECT_EQ(wb::outstanding(before).size(), 0u);
+  for (const Expected& one : commands) EXPECT_FALSE(command(one.name));
+  EXPECT_FALSE(session.run("@window\n")) << "the status window is gone";
+
+  // Once more in the same process, as a user does after an update of the file.
+  mark();
+  run("@load\n@open %WORK%\\View\\Plan.dxf\n@answer yes\nTessaro_lock\n");
+  expectAllCommands(L"Tessaro_TessaroAcad");
+  EXPECT_TRUE(stored().holder) << recent();
+  run("@unload\n");
+  // A drawing's life goes on without the application.
+  mark();
+  run("@close\nTessaro_lock\n");
+  EXPECT_EQ(count(L"client: "), 0) << recent();
+}
+
+TEST_F(Load, WithADrawingOpenServesItFromItsNextActivationOn) {
+  run("@open %WORK%\\View\\Plan.dxf\n@open %WORK%\\small.dxf\n@load\n");
+  mark();
+  run("@activate %WORK%\\View\\Plan.dxf\n@answer yes\nTessaro_lock\n");
+  expectOrder({L"doc: activated <work>\\View\\Plan.dxf", L"VaultFile.latestVersion()",
+               L"VaultFile.checkOut("});
+  run("@unload\n");
+}
+
+TEST_F(Load, ARefusedCommandIsToldAndTheOthersAreThere) {
+  run("@reserve Tessaro_install\n@reserve TESSARO_LOCK\n");
+  mark();
+  run("@answer ok\n@answer ok\n@load\n");
+  EXPECT_EQ(count(L"flags=MB_OK|MB_ICONINFORMATION title=\"Tessaro\" text=\"Error adding command\\n"
+                  L"Acad::ErrorStatus = 22.\""),
+            2)
+      << recent();
+  for (const Expected& one : commands) {
+    const wb::Command* found = command(one.name);
+    ASSERT_TRUE(found);
+    const bool refused =
+        one.name == std::wstring(L"Tessaro_install") || one.name == std::wstring(L"Tessaro_lock");
+    EXPECT_EQ(found->group == L"Tessaro_TessaroAcad", !refused) << one.name;
+  }
+  run("@unload\n");
+  EXPECT_TRUE(command(L"Tessaro_lock")) << "the other application keeps its own";
+  EXPECT_FALSE(command(L"Tessaro_asklock"));
+}
+
+TEST_F(Load, TheFilesNameMakesTheGroupAndNothingElse) {
+  for (const auto& [file, group] : {std::pair(L"Drawing Vault.arx", L"Tessaro_Drawing Vault"),
+                                    std::pair(L"Vault.2007.arx", L"Tessaro_Vault.2007")}) {
+    std::filesystem::copy_file(options().module, workFolder() / file);
+    const std::string path = "\"%WORK%\\" + std::filesystem::path(file).string() + "\"\n";
+    run("@load " + path);
+    expectAllCommands(group);
+    run("@unload " + path);
+    EXPECT_FALSE(command(L"Tessaro_lock"));
+  }
+}
+
+TEST_F(Load, AFileThatIsNoModuleIsRefusedAndHarmsNothing) {
+  const auto broken = workFolder() / L"Broken.arx";
+  std::filesystem::copy_file(options().module, broken);
+  std::fstream(broken, std::ios::in | std::ios::out | std::ios::binary) << std::string(512, '\0');
+  std::filesystem::copy_file(options().module, workFolder() / L"Cut.arx");
+  std::filesystem::resize_file(workFolder() / L"Cut.arx", 4096);
+  std::ofstream(workFolder() / L"Text.arx") << "no library at all";
+  std::ofstream(workFolder() / L"Empty.arx");
+  const std::vector<std::pair<std::string, std::wstring>> files = {
+      {"Missing.arx", L"the file doesn't exist"},
+      {"Broken.arx", L"the file is damaged or no 64-bit library"},
+      {"Text.arx", L"the file is damaged or no 64-bit library"},
+      {"Cut.arx", L"the file is damaged or no 64-bit library"},
+      {"Empty.arx", L""},
+  };
+  for (const auto& [file, reason] : files) {
+    mark();
+    EXPECT_FALSE(session.run("@load %WORK%\\" + file + "\n"));
+    EXPECT_GE(count(reason), 1) << recent();
+    EXPECT_EQ(count(L"error: "), 2) << recent();
+    EXPECT_EQ(wb::outstanding(before).size(), 0u);
+  }
+  openPlan();
+  expectAllCommands(L"Tessaro_TessaroAcad");
+}
+
+TEST_F(Load, WithoutTheClientSaysNothingAndWorksOnceItIsThere) {
+  run("@client missing\n");
+  mark();
+  run("@load\n");
+  EXPECT_EQ(count(L"box: "), 0) << recent();
+  expectAllCommands(L"Tessaro_TessaroAcad");
+
+  run("@client present\n@open %WORK%\\View\\Plan.dxf\n@answer yes\nTessaro_lock\n");
+  EXPECT_TRUE(stored().holder);
+  run("@unload\n");
+}
+
+}  // namespace

@@ -1,0 +1,70 @@
+// The commands `install` and `uninstall`, and the host's next start.
+
+#include <memory>
+
+#include "ModuleSession.h"
+#include "host/LoadRecord.h"
+
+namespace {
+
+class LoadRecord : public ModuleSession {};
+
+TEST_F(LoadRecord, InstallWritesTheRecordAndUninstallTakesItAway) {
+  const std::wstring file = (binFolder() / L"TessaroAcad.arx").wstring();
+  run("@load\n");
+  for (int round = 0; round < 2; ++round) {
+    mark();
+    run("Tessaro_uninstall\nTessaro_install\nTessaro_install\n");
+    EXPECT_EQ(wb::filesToLoadAtStart(), std::vector<std::wstring>{file});
+    expectOrder({round == 0
+                     ? L"prompt: \"Failed acrxUnregisterApp. The add-in may not be installed.\""
+                     : L"prompt: \"Tessaro AutoCAD add-in has been unregistered successfully.\"",
+                 L"prompt: \"Tessaro AutoCAD add-in has been registered successfully.\"",
+                 L"prompt: \"Tessaro AutoCAD add-in has been registered successfully.\""});
+    EXPECT_EQ(count(L"box: "), 0) << recent();
+  }
+  run("Tessaro_uninstall\n");
+  EXPECT_TRUE(wb::filesToLoadAtStart().empty());
+  // The module stays: a command of it still runs.
+  mark();
+  run("Tessaro_uninstall\n");
+  EXPECT_EQ(count(L"prompt: \"Failed acrxUnregisterApp."), 1) << recent();
+}
+
+TEST_F(LoadRecord, NeedsNoClient) {
+  run("@client missing\n@load\n");
+  mark();
+  run("Tessaro_install\nTessaro_uninstall\n@client present\n");
+  expectOrder({L"prompt: \"Tessaro AutoCAD add-in has been registered successfully.\"",
+               L"prompt: \"Tessaro AutoCAD add-in has been unregistered successfully.\""});
+  EXPECT_EQ(count(L"box: "), 0) << recent();
+}
+
+/// Two runs of the host, one after the other.
+TEST(HostRestart, LoadsWhatWasInstalledUntilItIsUninstalled) {
+  struct Options : ModuleSession {
+    using ModuleSession::options;
+    void TestBody() override {}
+  };
+  wb::SessionOptions options = Options::options();
+  const auto start = [&](bool keep) {
+    options.keep = keep;
+    return std::make_unique<wb::Session>(options);
+  };
+  auto session = start(false);
+  EXPECT_TRUE(session->run("@load\nTessaro_install\n"));
+  session.reset();
+
+  session = start(true);
+  EXPECT_TRUE(session->told(L"doc: application loaded TessaroAcad.arx"));
+  EXPECT_TRUE(session->run("@new\nTessaro_uninstall\n"));
+  EXPECT_TRUE(session->told(L"has been unregistered successfully."));
+  session.reset();
+
+  session = start(true);
+  EXPECT_FALSE(session->told(L"application loaded"));
+  session->end();
+  EXPECT_EQ(session->count(L"leak: "), 0);
+}
+
+}  // namespace

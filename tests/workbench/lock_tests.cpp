@@ -1,0 +1,189 @@
+#include <windows.h>
+
+#include <acedads.h>
+
+#include "ModuleSession.h"
+
+namespace {
+
+const std::wstring plan = L"<work>\\View\\Plan.dxf";
+
+class Lock : public ModuleSession {
+ protected:
+  static int changeMark() {
+    resbuf value = {};
+    EXPECT_EQ(acedGetVar(L"DBMOD", &value), RTNORM);
+    return value.resval.rint;
+  }
+  /// The guard's own question at the first change is no matter of these tests.
+  void openChangedPlan() {
+    openPlan();
+    run("@reg set EditWarning 0\n@edit\n");
+    EXPECT_NE(changeMark(), 0);
+    mark();
+  }
+  static bool isHeld() { return stored().holder.has_value(); }
+};
+
+TEST_F(Lock, AgreedGivesTheDrawingUpChecksOutAndOpensAgain) {
+  openPlan();
+  EXPECT_EQ(session.count(L"opened " + plan + L" read-only"), 1);
+  run("@answer yes\nTessaro_lock\n");
+  expectOrder({L"isCheckedOut() -> S_OK = false", L"VaultObject.name() -> S_OK = \"Plan.dxf\"",
+               L"flags=MB_YESNO|MB_ICONQUESTION title=\"Tessaro\" text=\"Are you sure you want to "
+               L"check out the file 'Plan.dxf'?\" answer=yes",
+               L"send: \"_CLOSE \"", L"VaultFile.checkOut(folder=1, parent=main, flags=0) -> S_OK",
+               L"doc: destroyed " + plan, L"doc: opened " + plan});
+  EXPECT_EQ(count(L"read-only"), 0) << recent();
+  EXPECT_EQ(count(L"box: "), 1) << recent();
+  EXPECT_TRUE(isHeld());
+  EXPECT_EQ(changeMark(), 0);
+}
+
+// Each step once: no object is made, no vault entered and no file looked up a second time.
+TEST_F(Lock, AsksTheClientNoMoreThanItNeeds) {
+  openPlan();
+  run("@answer yes\nTessaro_lock\n");
+  std::vector<std::wstring> calls;
+  for (const std::wstring& line : lines()) {
+    if (line == L"command: CLOSE") break;
+    if (line.rfind(L"client: ", 0) == 0) calls.push_back(line.substr(8, line.find(L'(') - 8));
+  }
+  EXPECT_EQ(calls,
+            (std::vector<std::wstring>{
+                L"CoCreateInstance.Main", L"VaultClient.vaultNameFromPath", L"VaultClient.login",
+                L"VaultClient.fileFromPath", L"VaultFile.isCheckedOut", L"VaultObject.name",
+                L"VaultTextService.text", L"VaultObject.id", L"VaultFile.checkOut"}))
+      << recent();
+}
+
+TEST_F(Lock, ChangesAreGivenUpOnlyWithTheUsersWord) {
+  openChangedPlan();
+  const int changed = changeMark();
+  run("@answer no\nTessaro_lock\n");
+  expectOrder(
+      {L"text=\"The file 'Plan.dxf' has been modified since opened. If you check out the "
+       L"file now any changes you have made will be lost. Do you want to continue?\" "
+       L"answer=no"});
+  EXPECT_EQ(count(L"send: ") + count(L"checkOut(") + count(L"doc: "), 0) << recent();
+  EXPECT_EQ(changeMark(), changed);
+  EXPECT_FALSE(isHeld());
+
+  // No question of the host's own about saving comes after the module's.
+  mark();
+  run("@answer yes\nTessaro_lock\n");
+  expectOrder({L"has been modified", L"send: \"_CLOSE \"", L"checkOut(", L"doc: destroyed " + plan,
+               L"doc: opened " + plan});
+  EXPECT_EQ(count(L"box: "), 1) << recent();
+  EXPECT_EQ(count(L"doc: saved"), 0) << recent();
+  EXPECT_EQ(changeMark(), 0);
+  EXPECT_TRUE(isHeld());
+}
+
+TEST_F(Lock, SilentlyGivesChangesUpWithoutAQuestion) {
+  openChangedPlan();
+  run("Tessaro_locksilent\n");
+  expectOrder({L"isCheckedOut() -> S_OK = false", L"send: \"_CLOSE \"", L"VaultFile.checkOut(",
+               L"doc: destroyed " + plan, L"doc: opened " + plan});
+  EXPECT_EQ(count(L"box: "), 0) << recent();
+  EXPECT_EQ(count(L"doc: saved"), 0) << recent();
+  EXPECT_EQ(changeMark(), 0);
+  EXPECT_TRUE(isHeld());
+}
+
+struct Case {
+  const char* name;
+  const char* setup;    ///< before the drawing is opened
+  const char* file;     ///< the drawing
+  const char* after;    ///< once it is open
+  const wchar_t* last;  ///< the last thing that the client is asked
+};
+
+class LockSaysNothing : public Lock, public testing::WithParamInterface<Case> {};
+
+TEST_P(LockSaysNothing, AndChangesNothing) {
+  const Case& one = GetParam();
+  writeDrawing(L"View\\Unknown.dxf");
+  run(std::string(one.setup) + "\n@load\n@reg set EditWarning 0\n@open " + one.file + "\n@edit\n" +
+      one.after + "\n");
+  const int changed = changeMark();
+  for (const char* command : {"Tessaro_lock\n", "Tessaro_locksilent\n"}) {
+    mark();
+    run(command);
+    EXPECT_EQ(count(L"box: ") + count(L"send: ") + count(L"doc: ") + count(L"checkOut("), 0)
+        << recent();
+    ASSERT_FALSE(lines().empty());
+    EXPECT_NE(lines().back().find(one.last), std::wstring::npos) << recent();
+    EXPECT_EQ(changeMark(), changed);
+  }
+  run("@answer no\n@close\n");
+}
+
+const char planFile[] = "%WORK%\\View\\Plan.dxf";
+
+INSTANTIATE_TEST_SUITE_P(
+    Drawing, LockSaysNothing,
+    testing::Values(
+        Case{"HeldHere", "@vault checkout %WORK%\\View\\Plan.dxf", planFile, "", L"isCheckedOut"},
+        Case{"HeldByAnother", "@vault checkout %WORK%\\View\\Plan.dxf user eve computer PC7",
+             planFile, "", L"isCheckedOut"},
+        Case{"HeldOnAnotherComputer", "@vault checkout %WORK%\\View\\Plan.dxf computer PC7",
+             planFile, "", L"isCheckedOut"},
+        Case{"OutsideAnyVault", "", "%WORK%\\small.dxf", "", L"vaultNameFromPath"},
+        Case{"Offline", "@vault offline on", planFile, "", L"vaultNameFromPath"},
+        Case{"NotInTheVault", "", "%WORK%\\View\\Unknown.dxf", "", L"fileFromPath"},
+        Case{"Denied", "", planFile, "@vault deny %WORK%\\View\\Plan.dxf", L"fileFromPath"},
+        Case{"LoginRefused", "", planFile, "@fail login E_QVT_PERMISSION_DENIED always", L"login"},
+        Case{"LookupFails", "", planFile, "@fail fileFromPath E_FAIL always", L"fileFromPath"},
+        Case{"VaultNameFails", "", planFile, "@fail vaultNameFromPath E_FAIL always",
+             L"vaultNameFromPath"}),
+    [](const auto& info) { return info.param.name; });
+
+TEST_F(Lock, TellsWhatIsMissing) {
+  run("@load\n");
+  mark();
+  run("@answer ok\nTessaro_lock\n@answer ok\nTessaro_locksilent\n");
+  EXPECT_EQ(count(L"flags=MB_OK|MB_ICONINFORMATION title=\"Tessaro\" text=\"This command is only "
+                  L"available if you have a drawing open.\""),
+            2)
+      << recent();
+  EXPECT_EQ(count(L"CoCreateInstance.Main"), 0) << recent();
+
+  run("@open %WORK%\\View\\Plan.dxf\n@client missing\n");
+  mark();
+  run("@answer ok\nTessaro_lock\n");
+  EXPECT_EQ(count(L"flags=MB_OK|MB_ICONINFORMATION title=\"Tessaro\" text=\"Can't create interface "
+                  L"towards Tessaro.\\nIs Tessaro installed on this computer?\""),
+            1)
+      << recent();
+  EXPECT_EQ(count(L"doc: ") + count(L"send: "), 0) << recent();
+}
+
+TEST_F(Lock, GivesTheDrawingBackAfterAFailedCheckOut) {
+  openChangedPlan();
+  const std::vector<std::pair<std::string, std::wstring>> causes = {
+      {"E_FAIL", L""},
+      {"E_QVT_FILE_SHARE_ERROR",
+       L"Make sure the file or any of it's external references isn't opened in another window."},
+      {"E_QVT_RCE_ERROR",
+       L"Make sure the file or any of it's external references isn't opened in another window."},
+  };
+  for (const auto& [code, cause] : causes) {
+    mark();
+    run("@fail VaultFile.checkOut " + code + "\n@answer yes\n@answer ok\nTessaro_lock\n");
+    expectOrder({L"answer=yes", L"send: \"_CLOSE \"", L"VaultFile.checkOut(",
+                 L"flags=MB_OK|MB_ICONINFORMATION title=\"Tessaro\" text=\"Error checking out "
+                 L"file.\\n" +
+                     cause,
+                 L"doc: destroyed " + plan, L"doc: opened " + plan + L" read-only"});
+    // The client's wording is asked for only where the module has no advice of its own.
+    EXPECT_EQ(count(L"errorText("), cause.empty() ? 1 : 0) << recent();
+    EXPECT_FALSE(isHeld());
+    EXPECT_EQ(changeMark(), 0) << "the changes are given up, as the question said";
+  }
+  mark();
+  run("@answer yes\nTessaro_lock\n");
+  EXPECT_TRUE(isHeld()) << recent();
+}
+
+}  // namespace

@@ -1,0 +1,102 @@
+#include <fstream>
+
+#include "ModuleSession.h"
+#include "core/Text.h"
+
+namespace {
+
+/// The words and titles of boxes, as a person sees them.
+class Words : public ModuleSession {
+ protected:
+  /// Has a box shown; nothing has to be open for this one.
+  void showBox() {
+    mark();
+    run("@answer ok\nTessaro_lock\n");
+  }
+  void useLanguage(const std::wstring& file) { run("@client language " + wb::toUtf8(file) + "\n"); }
+  void writeLanguage(const std::string& lines) {
+    const std::filesystem::path file = workFolder() / L"language.txt";
+    std::ofstream(file, std::ios::binary) << lines;
+    useLanguage(file.wstring());
+  }
+};
+
+TEST_F(Words, TheTitleIsTheProductsNameAsTheRegistryHasItNow) {
+  const std::string key = "\\Software\\Halvern\\Applications\\Quillstone Suite\\(default)\" ";
+  const std::string machine = "@reg set \"HKLM" + key, user = "@reg set \"HKCU" + key;
+  run("@load\n");
+  const std::vector<std::pair<std::string, std::wstring>> steps = {
+      {"", L"Tessaro"},
+      {user + "Drawings of mine as text\n", L"Drawings of mine"},
+      {machine + "Plant Drawings as text\n", L"Plant Drawings"},
+      {machine + "7\n", L"Drawings of mine"},
+      {machine + "7 as long-number\n", L"Drawings of mine"},
+      {machine + "\"\" as text\n", L"Drawings of mine"},
+      {user + "7 as big-endian\n", L"Tessaro"},
+      {user + std::string(505, 'x') + " as text\n", std::wstring(505, L'x')},
+      {user + std::string(600, 'x') + " as text\n", L"Tessaro"},
+  };
+  for (const auto& [setting, title] : steps) {
+    run(setting);
+    showBox();
+    EXPECT_EQ(count(L" title=\"" + title + L"\" text=\"This command"), 1) << recent();
+  }
+}
+
+TEST_F(Words, FollowTheClientsLanguage) {
+  useLanguage(workbenchFile(L"client/language-de.txt"));
+  run("@load\n@reg set EditWarning 0\n");
+  showBox();
+  EXPECT_EQ(count(L"text=\"Dieser Befehl ist nur verfügbar, wenn eine Zeichnung geöffnet ist.\""),
+            1)
+      << recent();
+  run("@open %WORK%\\View\\Plan.dxf\n@answer no\nTessaro_lock\n@edit\n@answer no\nTessaro_lock\n");
+  EXPECT_EQ(count(L"text=\"Möchten Sie die Datei 'Plan.dxf' auschecken?\" answer=no"), 1)
+      << recent();
+  EXPECT_EQ(count(L"text=\"Die Datei 'Plan.dxf' wurde seit dem Öffnen geändert."), 1) << recent();
+  run("@fail checkOut E_QVT_FILE_SHARE_ERROR\n@answer yes\n@answer ok\nTessaro_lock\n");
+  EXPECT_EQ(count(L"text=\"Fehler beim Auschecken der Datei.\\nStellen Sie sicher, dass weder"), 1)
+      << recent();
+  run("@answer yes\nTessaro_lock\n@answer no\nTessaro_unlock\n");
+  EXPECT_EQ(count(L"text=\"Ihre Änderungen an der Datei 'Plan.dxf' werden gespeichert, und"), 1)
+      << recent();
+}
+
+TEST_F(Words, PlaceholdersThatDoNotFitDoNoHarm) {
+  run("@load\n@open %WORK%\\View\\Plan.dxf\n@reg set EditWarning 0\n");
+  const std::vector<std::pair<std::string, std::wstring>> translations = {
+      {"no name at all", L"no name at all"},
+      {"twice: %s and %s", L"twice: Plan.dxf and %s"},
+      {"%s: a number %d", L"Plan.dxf: a number %d"},
+      {"100% of %s", L"100% of Plan.dxf"},
+      {"%n%n%n%p %s", L"%n%n%n%p Plan.dxf"},
+      {"%999999999s", L"%999999999s"},
+      {"%s %", L"Plan.dxf %"},
+      {"", L""},
+  };
+  for (const auto& [translation, shown] : translations) {
+    writeLanguage("TessaroAcad;;62=" + translation + "\n");
+    mark();
+    run("@answer no\nTessaro_lock\n");
+    EXPECT_EQ(count(L"flags=MB_YESNO|MB_ICONQUESTION title=\"Tessaro\" text=\"" + shown +
+                    L"\" answer=no"),
+              1)
+        << recent();
+    EXPECT_EQ(count(L"VaultFile.checkOut("), 0);
+  }
+}
+
+TEST_F(Words, AreEnglishWithoutAClientOrItsTexts) {
+  useLanguage(workbenchFile(L"client/language-de.txt"));
+  run("@client missing\n@load\n");
+  showBox();
+  EXPECT_EQ(count(L"text=\"This command is only available if you have a drawing open.\""), 1);
+  run("@client present\n@fail VaultTextService.text E_FAIL always\n");
+  showBox();
+  EXPECT_EQ(count(L"text=\"This command is only available if you have a drawing open.\""), 1);
+  run("@fail clear\n");
+  showBox();
+  EXPECT_EQ(count(L"text=\"Dieser Befehl"), 1) << "the service is tried again";
+}
+
+}  // namespace

@@ -1,0 +1,98 @@
+// The command `settings` through the controls of its dialog.
+
+#include <algorithm>
+
+#include "ModuleSession.h"
+#include "core/Text.h"
+
+namespace {
+
+/// The ids of the dialog's controls: 1000 prompt at open, 1022 edit warning, 1001 status window,
+/// 1002 interval.
+class Settings : public ModuleSession {
+ protected:
+  void expectStored(const std::vector<std::wstring>& settings) {
+    mark();
+    run("@reg show\n");
+    const std::vector<std::wstring> told = lines();
+    for (const std::wstring& setting : settings) {
+      EXPECT_NE(std::find(told.begin(), told.end(), L"reg: " + setting), told.end())
+          << wb::toUtf8(setting) << " is missing\n"
+          << recent();
+    }
+  }
+  void expectWindow(const std::wstring& part) {
+    mark();
+    run("@window\n");
+    EXPECT_EQ(count(part), 1) << recent();
+  }
+};
+
+TEST_F(Settings, DefaultsAreShownAndWrittenInTheirOrder) {
+  openPlan();
+  run("@answer ok\nTessaro_settings\n");
+  expectOrder({L"dialog: \"Tessaro add-in settings\"", L"XrefMonitoringInterval=5", L"StatusWnd=1",
+               L"Autolock=0", L"EditWarning=1"});
+}
+
+TEST_F(Settings, AnyNonZeroValueShowsCheckedAndIsWrittenAsOne) {
+  openPlan();
+  run("@reg set Autolock 7\n@reg set EditWarning 0\n@reg set StatusWnd 4294967295\n"
+      "@reg set XrefMonitoringInterval 4294967295\n@answer ok\nTessaro_settings\n");
+  expectStored(
+      {L"Autolock=1", L"EditWarning=0", L"StatusWnd=1", L"XrefMonitoringInterval=4294967295"});
+  // A value longer than four bytes isn't read: the default holds.
+  run("@reg set XrefMonitoringInterval ten as text\n@answer ok\nTessaro_settings\n");
+  expectStored({L"XrefMonitoringInterval=5"});
+}
+
+TEST_F(Settings, WhatTheUserEntersAppliesAtOnce) {
+  openPlan();
+  const struct {
+    const char* entry;
+    std::vector<std::wstring> stored;
+    const wchar_t* timer;
+  } cases[] = {
+      {"@fill 1002 2", {L"XrefMonitoringInterval=2"}, L"timer=120000"},
+      // 70,000 minutes still fit; of 71,583 the period begins anew in 32 bits.
+      {"@fill 1002 70000", {L"XrefMonitoringInterval=70000"}, L"timer=4200000000"},
+      {"@fill 1002 71583", {L"XrefMonitoringInterval=71583"}, L"timer=12704"},
+      {"@fill 1002 99999999999", {L"XrefMonitoringInterval=0"}, L"1005=undetermined disabled"},
+      {"@fill 1002 3", {L"XrefMonitoringInterval=3"}, L"timer=180000"},
+      {"@fill 1002", {L"XrefMonitoringInterval=0"}, L"timer=off"},
+      {"@fill 1002 4\n@check 1001 off",
+       {L"StatusWnd=0", L"XrefMonitoringInterval=4"},
+       L" hidden, "},
+      {"@check 1001 on\n@check 1000 on\n@check 1022 off",
+       {L"Autolock=1", L"EditWarning=0", L"StatusWnd=1", L"XrefMonitoringInterval=4"},
+       L"timer=240000"},
+  };
+  for (const auto& each : cases) {
+    run(std::string(each.entry) + "\n@answer ok\nTessaro_settings\n");
+    expectStored(each.stored);
+    expectWindow(each.timer);
+  }
+}
+
+TEST_F(Settings, AnythingButOkChangesNothing) {
+  openPlan();
+  for (const char* way : {"cancel", "close"}) {
+    mark();
+    run("@fill 1002 9\n@check 1001 off\n@check 1000 on\n@answer " + std::string(way) +
+        "\nTessaro_settings\n");
+    EXPECT_EQ(count(L"reg: set"), 0) << recent();
+    EXPECT_EQ(count(L"reg: create"), 0) << recent();
+    expectWindow(L"timer=300000");
+    expectWindow(L" shown, ");
+  }
+}
+
+TEST_F(Settings, TextsComeInTheLanguageOfTheClient) {
+  session.run("@client language " + wb::toUtf8(workbenchFile(L"client/language-de.txt")) +
+              "\n@load\n");
+  mark();
+  run("@answer cancel\nTessaro_settings\n");
+  EXPECT_EQ(count(L"dialog: \"Einstellungen des Tessaro-Zusatzmoduls\""), 1) << recent();
+}
+
+}  // namespace

@@ -1,0 +1,257 @@
+#include <filesystem>
+
+#include "ModuleSession.h"
+#include "core/Text.h"
+
+namespace {
+
+const std::string plan = "%WORK%\\View\\Plan.dxf";
+const std::string other = "%WORK%\\View\\Other.dxf";
+
+/// What the window shows, in the words of @window.
+struct Shown {
+  const char* xrefs;
+  const char* held;
+  const char* version;
+  const char* rest = "enabled";  ///< of the version, the button and, if disabled, of the box 1006
+  const char* timer = "300000 ms";
+};
+
+const Shown outside = {"unchecked disabled", "unchecked", "-/-", "disabled"};
+const Shown noXrefs = {"unchecked disabled", "unchecked", "1/1"};
+
+class StatusWindow : public ModuleSession {
+ protected:
+  StatusWindow() {
+    writeDrawing(L"part.dxf");
+    writeDrawing(L"site.dxf", {{L"Part", L"Part.dxf"}});
+    run("@reg set EditWarning 0\n"
+        "@vault add %WORK%\\View\\Part.dxf from %WORK%\\part.dxf\n"
+        "@vault add %WORK%\\View\\Site.dxf from %WORK%\\site.dxf\n"
+        "@vault add " +
+        other + " from %WORK%\\small.dxf\n");
+  }
+  std::string window() {
+    run("@window\n");
+    return wb::toUtf8(session.transcript().back());
+  }
+  void expectShown(const Shown& shown) {
+    const std::string rest = shown.rest;
+    EXPECT_EQ(window(), std::string("window: \"Tessaro Status\" shown, 1005=") + shown.xrefs +
+                            ", 1006=" + shown.held + " " + rest +
+                            ", 1007=\"Version: " + shown.version + "\" " + rest + ", 1021=" + rest +
+                            ", timer=" + shown.timer)
+        << recent();
+  }
+  bool timerRuns() { return window().find("timer=off") == std::string::npos; }
+  bool isShown() { return window().find(" shown, ") != std::string::npos; }
+  void makePartStale() {
+    run("@vault newversion %WORK%\\View\\Part.dxf from %WORK%\\small.dxf\n"
+        "@vault date %WORK%\\View\\Part.dxf 2030-01-01 10:00:00\n");
+  }
+};
+
+struct StateCase {
+  const char* name;
+  const char* before;
+  const char* drawing;
+  Shown shown;
+};
+
+const StateCase cases[] = {
+    {"NoXrefs", "", "%WORK%\\View\\Plan.dxf", noXrefs},
+    {"Latest", "", "%WORK%\\View\\Site.dxf", {"checked enabled", "unchecked", "1/1"}},
+    {"NotLatest",
+     "@vault newversion %WORK%\\View\\Part.dxf from %WORK%\\small.dxf\n"
+     "@vault date %WORK%\\View\\Part.dxf 2030-01-01 10:00:00\n",
+     "%WORK%\\View\\Site.dxf",
+     {"unchecked enabled", "unchecked", "1/1"}},
+    {"HeldHere",
+     "@vault checkout %WORK%\\View\\Plan.dxf\n",
+     "%WORK%\\View\\Plan.dxf",
+     {"unchecked disabled", "checked", "1/1"}},
+    {"HeldOnAnotherComputer",
+     "@vault checkout %WORK%\\View\\Plan.dxf computer ELSEWHERE\n",
+     "%WORK%\\View\\Plan.dxf",
+     {"unchecked disabled", "indeterminate", "1/1"}},
+    {"HeldInAnotherFolder",
+     "@vault checkout %WORK%\\View\\Plan.dxf folder C:\\Copy\n",
+     "%WORK%\\View\\Plan.dxf",
+     {"unchecked disabled", "indeterminate", "1/1"}},
+    {"OlderLocalCopy",
+     "@vault newversion %WORK%\\View\\Plan.dxf from %WORK%\\part.dxf\n",
+     "%WORK%\\View\\Plan.dxf",
+     {"unchecked disabled", "unchecked", "1/2"}},
+    {"Outside", "", "%WORK%\\small.dxf", outside},
+    {"NotAddedToTheVault", "", "%WORK%\\View\\Loose.dxf", outside},
+    {"Offline", "@vault offline on\n", "%WORK%\\View\\Plan.dxf", outside},
+    {"MonitoringOff",
+     "@reg set XrefMonitoringInterval 0\n",
+     "%WORK%\\View\\Site.dxf",
+     {"unchecked disabled", "unchecked", "1/1", "enabled", "off"}},
+    {"LongestPeriod",
+     "@reg set XrefMonitoringInterval 4294967295\n",
+     "%WORK%\\View\\Plan.dxf",
+     {"unchecked disabled", "unchecked", "1/1", "enabled", "2147483647 ms"}},
+};
+
+class StatusWindowState : public StatusWindow, public testing::WithParamInterface<StateCase> {};
+
+TEST_P(StatusWindowState, IsShown) {
+  writeDrawing(L"View\\Loose.dxf");
+  run(GetParam().before);
+  run(std::string("@load\n@open ") + GetParam().drawing + "\n");
+  expectShown(GetParam().shown);
+  run("@close\n");
+  EXPECT_NE(window().find("1005=unchecked disabled, 1006=unchecked disabled, 1007=\"Version: -/-\" "
+                          "disabled, 1021=disabled"),
+            std::string::npos);
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, StatusWindowState, testing::ValuesIn(cases),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(StatusWindow, BeforeAnyDrawingNothingIsKnown) {
+  run("@load\n");
+  EXPECT_EQ(window(),
+            "window: \"Tessaro Status\" shown, 1005=indeterminate enabled, 1006=unchecked enabled, "
+            "1007=\"Version -/-\" enabled, 1021=enabled, timer=300000 ms");
+  mark();
+  run("@tick\n@click 1021\n@click 1005\n@new\n@tick\n");
+  EXPECT_EQ(count(L"VaultQuery.") + count(L"error: "), 0) << recent();
+}
+
+TEST_F(StatusWindow, SwitchingShowsTheLastKnownStateWithoutAskingTheVault) {
+  run("@load\n@open " + plan + "\n@vault checkout " + other + "\n@open " + other + "\n");
+  expectShown({"unchecked disabled", "checked", "1/1"});
+  mark();
+  run("@activate " + plan + "\n");
+  expectShown(noXrefs);
+  run("@activate " + other + "\n");
+  expectShown({"unchecked disabled", "checked", "1/1"});
+  EXPECT_EQ(count(L"VaultClient.") + count(L"CoCreateInstance"), 0) << recent();
+  run("@close\n@activate " + plan + "\n");
+  expectShown(noXrefs);
+}
+
+TEST_F(StatusWindow, SavingReadsAnewAndInTheBackgroundShowsNothing) {
+  for (const wchar_t* file : {L"Plan.dxf", L"Other.dxf"}) {
+    std::filesystem::permissions(workFolder() / L"View" / file, std::filesystem::perms::owner_write,
+                                 std::filesystem::perm_options::add);
+  }
+  run("@load\n@open " + plan + "\n@open " + other + "\n");
+  run("@vault checkout " + plan + " computer ELSEWHERE\n");
+  mark();
+  run("@save " + plan + "\n");
+  EXPECT_EQ(count(L"VaultFile.localVersion"), 1) << recent();
+  EXPECT_EQ(count(L"VaultQuery."), 0) << recent();
+  expectShown(noXrefs);
+  run("@vault checkout " + other + " folder C:\\Copy\n@save\n");
+  expectShown({"unchecked disabled", "indeterminate", "1/1"});
+  mark();
+  run("@vault undo " + plan + "\n@activate " + plan + "\n");
+  EXPECT_EQ(count(L"VaultClient."), 0) << recent();
+  expectShown({"unchecked disabled", "indeterminate", "1/1"});
+}
+
+TEST_F(StatusWindow, TickShowsWhatBecameOfTheXrefs) {
+  run("@load\n@open %WORK%\\View\\Site.dxf\n");
+  makePartStale();
+  run("@tick\n");
+  expectShown({"unchecked enabled", "unchecked", "1/1"});
+  mark();
+  run("@click 1005\n");
+  EXPECT_EQ(count(L"getLocalCopy"), 1) << recent();
+  expectShown({"checked enabled", "unchecked", "1/1"});
+  run("@activate %WORK%\\View\\Site.dxf\n@tick\n");
+  expectShown({"checked enabled", "unchecked", "1/1"});
+}
+
+TEST_F(StatusWindow, ErrorOfTheVaultStopsTheTimerUntilTheNextRefresh) {
+  run("@load\n@open %WORK%\\View\\Site.dxf\n");
+  mark();
+  run("@fail VaultQuery.execute E_QVT_PERMISSION_DENIED\n@answer ok\n@tick\n");
+  EXPECT_EQ(count(L"box: flags=MB_OK|MB_ICONINFORMATION title=\"Tessaro\" text=\"Error reading "
+                  L"xref information from database.\\nCause:"),
+            1)
+      << recent();
+  expectShown({"checked enabled", "unchecked", "1/1", "enabled", "off"});
+  run("@click 1021\n");
+  expectShown({"checked enabled", "unchecked", "1/1"});
+  // A lock that is refused is no error: the display stays and the period starts anew.
+  makePartStale();
+  run("@refuse-locks 1\n@tick\n");
+  expectShown({"checked enabled", "unchecked", "1/1"});
+}
+
+TEST_F(StatusWindow, FailingStatusTurnsTheLowerPartOff) {
+  run("@load\n@open " + plan + "\n");
+  run("@fail VaultFile.latestVersion E_QVT_PERMISSION_DENIED\n@answer ok\n@tick\n");
+  expectShown(outside);
+  run("@tick\n");
+  expectShown(noXrefs);
+}
+
+TEST_F(StatusWindow, ClickOnTheLockBoxSendsTheCommandThatFits) {
+  run("@load\n@open " + plan + "\n");
+  mark();
+  run("@answer yes\n@click 1006\n");
+  expectOrder({L"send: \"_Tessaro_lock \"", L"VaultFile.checkOut(", L"doc: opened"});
+  expectShown({"unchecked disabled", "checked", "1/1"});
+  mark();
+  run("@answer no\n@click 1006\n");
+  expectOrder({L"send: \"_Tessaro_unlock \""});
+  run("@vault checkout " + other + " computer ELSEWHERE\n@open " + other + "\n");
+  mark();
+  run("@click 1006\n");
+  EXPECT_EQ(count(L"send: "), 0) << recent();
+  expectShown({"unchecked disabled", "indeterminate", "1/1"});
+}
+
+TEST_F(StatusWindow, WithMonitoringOffOnlyAClickChecks) {
+  run("@reg set XrefMonitoringInterval 0\n@load\n");
+  makePartStale();
+  mark();
+  run("@open %WORK%\\View\\Site.dxf\n");
+  EXPECT_EQ(count(L"VaultQuery."), 0) << recent();
+  run("@click 1021\n");
+  EXPECT_EQ(count(L"VaultQuery.execute"), 1) << recent();
+  expectShown({"unchecked enabled", "unchecked", "1/1", "enabled", "off"});
+}
+
+TEST_F(StatusWindow, SettingsTakeEffectAtOnce) {
+  run("@load\n@open %WORK%\\View\\Site.dxf\n@fill 1002 0\n@answer ok\nTessaro_settings\n");
+  expectShown({"unchecked disabled", "unchecked", "1/1", "enabled", "off"});
+  run("@fill 1002 7\n@answer ok\nTessaro_settings\n");
+  expectShown({"checked enabled", "unchecked", "1/1", "enabled", "420000 ms"});
+  // The registry is read at the start alone.
+  run("@reg set XrefMonitoringInterval 9\n@tick\n");
+  expectShown({"checked enabled", "unchecked", "1/1", "enabled", "420000 ms"});
+  run("@check 1001 off\n@answer ok\nTessaro_settings\n");
+  EXPECT_FALSE(isShown());
+  EXPECT_FALSE(timerRuns());
+  run("@check 1001 on\n@answer ok\nTessaro_settings\n");
+  expectShown({"checked enabled", "unchecked", "1/1", "enabled", "540000 ms"});
+}
+
+TEST_F(StatusWindow, ClosingLastsUntilTheSettingsBringItBack) {
+  run("@load\n@open %WORK%\\View\\Site.dxf\n@window move 123 -7\n@window close\n");
+  EXPECT_FALSE(isShown());
+  EXPECT_FALSE(timerRuns());
+  mark();
+  run("@unload\n");
+  expectOrder({L"WndPosX=123", L"WndPosY=-7"});
+  run("@load\n");
+  mark();
+  run("@activate %WORK%\\View\\Site.dxf\n@close\n@open %WORK%\\View\\Site.dxf\n");
+  EXPECT_EQ(count(L"VaultQuery."), 0) << recent();
+  EXPECT_FALSE(isShown());
+  EXPECT_FALSE(timerRuns());
+  run("@check 1001 on\n@answer ok\nTessaro_settings\n");
+  expectShown({"checked enabled", "unchecked", "1/1"});
+  mark();
+  run("@unload\n");
+  expectOrder({L"WndPosX=123", L"WndPosY=-7"});
+}
+
+}  // namespace

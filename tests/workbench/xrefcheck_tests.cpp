@@ -1,0 +1,278 @@
+#include <windows.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <memory>
+
+#include "ModuleSession.h"
+#include "core/Store.h"
+#include "core/Text.h"
+
+namespace {
+
+const std::string open = "@open %WORK%\\View\\Site\\Main.dxf\n";
+const std::string update = "Tessaro_getlatestxrefs\n";
+const std::wstring errorBox =
+    L"box: flags=MB_OK|MB_ICONINFORMATION title=\"Tessaro\" text=\"Error reading xref information "
+    L"from database.\\nCause:";
+
+/// Main.dxf refers to A, which N is nested in, to B under two spellings, to files with quotes and
+/// blanks, one in the view's root, one that is gone and one outside the view, which P is nested in.
+class XrefCheck : public ModuleSession {
+ protected:
+  XrefCheck() {
+    run("@reg set EditWarning 0\n");
+    add("Xrefs\\N.dxf");
+    add("Xrefs\\P.dxf");
+    add("Xrefs\\A.dxf", {{L"N", L"..\\Xrefs\\N.dxf"}});
+    add("Xrefs\\B.dxf");
+    add("Xrefs\\Gone.dxf");
+    add("O'Brien\\O'Neil part.dxf");
+    add("Root file.dxf");
+    const std::wstring elsewhere =
+        writeDrawing(L"Else\\Out.dxf", {{L"P", view(L"Xrefs\\P.dxf")}}).wstring();
+    add("Site\\Main.dxf", {{L"A", L"..\\Xrefs\\A.dxf"},
+                           {L"B", L"..\\Xrefs\\B.dxf"},
+                           {L"LoudB", L"..\\XREFS\\B.DXF"},
+                           {L"Quote", L"..\\O'Brien\\O'Neil part.dxf"},
+                           {L"Root", L"..\\Root file.dxf"},
+                           {L"Gone", L"..\\Xrefs\\Gone.dxf"},
+                           {L"Out", elsewhere}});
+    add("Site\\Alone.dxf");
+    add("Site\\Outward.dxf", {{L"Out", elsewhere}});
+    remove(L"Xrefs\\Gone.dxf");
+  }
+  static std::wstring view(const std::wstring& file) {
+    return (workFolder() / L"View" / file).wstring();
+  }
+  static void remove(const std::wstring& file) {
+    SetFileAttributesW(view(file).c_str(), FILE_ATTRIBUTE_NORMAL);
+    EXPECT_TRUE(DeleteFileW(view(file).c_str()));
+  }
+  void add(const std::string& file, const std::vector<Xref>& xrefs = {}) {
+    writeDrawing(L"source.dxf", xrefs);
+    run("@vault add %WORK%\\View\\" + file + " from %WORK%\\source.dxf\n");
+  }
+  void makeStale(const std::string& file, const std::vector<Xref>& xrefs = {}) {
+    writeDrawing(L"source.dxf", xrefs);
+    const std::string path = "%WORK%\\View\\" + file;
+    run("@vault newversion " + path + " from %WORK%\\source.dxf\n@vault date \"" + path +
+        "\" 2030-01-01 10:00:00\n");
+  }
+  /// After 2030-01-01 10:00, the date that makeStale() gives.
+  static void setLocalTime(const std::wstring& file, WORD second, WORD milliseconds) {
+    const SYSTEMTIME time = {2030, 1, 0, 1, 10, 0, second, milliseconds};
+    FILETIME written;
+    EXPECT_TRUE(SystemTimeToFileTime(&time, &written));
+    const HANDLE handle =
+        CreateFileW(view(file).c_str(), FILE_WRITE_ATTRIBUTES, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                    nullptr, OPEN_EXISTING, 0, nullptr);
+    EXPECT_TRUE(SetFileTime(handle, nullptr, nullptr, &written));
+    CloseHandle(handle);
+  }
+  /// Opens Main.dxf with the status window off, so that only the command under test asks.
+  void openQuietly(const std::string& drawing = "Main") {
+    run("@reg set StatusWnd 0\n@load\n@open %WORK%\\View\\Site\\" + drawing + ".dxf\n");
+    mark();
+  }
+  std::wstring xrefBox() {
+    run("@window\n");
+    const std::wstring& line = session.transcript().back();
+    const size_t at = line.find(L"1005=") + 5;
+    return line.substr(at, line.find(L',', at) - at);
+  }
+  static std::string bytesOf(const std::filesystem::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+  }
+  static std::wstring statement(const std::wstring& file, const std::wstring& folder) {
+    return L"Exec Doc_Pop_GMDM_Temp '" + file + L"', '" + folder + L"'\\n";
+  }
+  static std::wstring batch(const std::wstring& files, const std::wstring& viewId) {
+    return L"VaultQuery.execute(statements=\"Exec Doc_Init_GMDM_Temp\\n" + files +
+           L"Exec Doc_GetModifiedDateMultiple '" + viewId + L"', 1\\nExec Doc_Cleanup_GMDM_Temp\"";
+  }
+};
+
+TEST_F(XrefCheck, AsksOnceForAllFilesInTheOrderOfTheirPaths) {
+  openQuietly();
+  run(update);
+  const std::wstring files =
+      statement(L"O''Neil part.dxf", L"\\O''Brien\\") + statement(L"Root file.dxf", L"\\") +
+      statement(L"B.DXF", L"\\XREFS\\") + statement(L"A.dxf", L"\\Xrefs\\") +
+      statement(L"B.dxf", L"\\Xrefs\\") + statement(L"Gone.dxf", L"\\Xrefs\\") +
+      statement(L"N.dxf", L"\\Xrefs\\") + statement(L"P.dxf", L"\\Xrefs\\");
+  const std::wstring id = wb::store().vaultNamed(L"Works")->viewId;
+  expectOrder({L"CoCreateInstance.Main", L"vaultNameFromPath(path=\"<work>\\View\\Site\\\")",
+               L"login(", L"presentCode(code=3176520)", L"presentCode(code=19980117)",
+               L"presentCode(code=5201874)", batch(files, id.substr(1, id.size() - 2))});
+  for (const wchar_t* once : {L"CoCreateInstance.Main", L"login(", L"VaultQuery.execute"}) {
+    EXPECT_EQ(count(once), 1) << recent();
+  }
+  EXPECT_EQ(count(L"xref: ") + count(L"progress") + count(L"box: "), 0) << recent();
+
+  remove(L"desktop.ini");
+  mark();
+  run(update);
+  expectOrder({batch(files, L"00000000-0000-0000-0000-000000000000")});
+}
+
+TEST_F(XrefCheck, AsksNothingWithoutXrefsInTheView) {
+  openQuietly("Alone");
+  run(update);
+  EXPECT_EQ(count(L"client: "), 0) << recent();
+  writeDrawing(L"Else\\Out.dxf");
+  run("@reg set StatusWnd 1\n@unload\n@load\n@open %WORK%\\View\\Site\\Outward.dxf\n");
+  mark();
+  run(update);
+  EXPECT_EQ(count(L"rootFolderPath"), 1) << recent();
+  EXPECT_EQ(count(L"VaultQuery."), 0) << recent();
+  EXPECT_EQ(xrefBox(), L"checked enabled");
+}
+
+struct StaleCase {
+  const char* file;
+  const char* further;
+  const wchar_t* box;
+};
+
+TEST_F(XrefCheck, FirstStaleFileSettlesACheckThatChangesNothing) {
+  const StaleCase cases[] = {
+      {"Xrefs\\P.dxf", "", L"checked enabled"},  // below a file outside the view
+      {"Xrefs\\Gone.dxf", "", L"checked enabled"},
+      {"Root file.dxf", "@vault exempt \"%WORK%\\View\\Root file.dxf\" on\n", L"checked enabled"},
+      {"Root file.dxf", "@vault exempt \"%WORK%\\View\\Root file.dxf\" off\n",
+       L"unchecked enabled"},
+      {"Root file.dxf", "@vault fetch \"%WORK%\\View\\Root file.dxf\"\n", L"checked enabled"},
+      {"Xrefs\\N.dxf", "", L"unchecked enabled"},
+  };
+  run("@load\n" + open + "@close\n");
+  for (const StaleCase& each : cases) {
+    makeStale(each.file);
+    run(each.further);
+    mark();
+    run(open);
+    EXPECT_EQ(xrefBox(), each.box) << each.file << each.further;
+    EXPECT_EQ(count(L"xref: unloaded") + count(L"getLocalCopy") + count(L"progress"), 0);
+    run("@close\n");
+  }
+  run("@vault fetch %WORK%\\View\\Xrefs\\N.dxf\n" + open);
+  EXPECT_EQ(xrefBox(), L"checked enabled");
+  setLocalTime(L"Xrefs\\N.dxf", 2, 0);
+  run("@tick\n");
+  EXPECT_EQ(xrefBox(), L"unchecked enabled") << "newer than the vault's";
+  setLocalTime(L"Xrefs\\N.dxf", 1, 400);
+  run("@tick\n");
+  EXPECT_EQ(xrefBox(), L"checked enabled");
+}
+
+TEST_F(XrefCheck, PassesOverAFileThatIsLockedAndWhatIsNestedInIt) {
+  makeStale("Xrefs\\N.dxf");
+  const std::unique_ptr<void, decltype(&CloseHandle)> locked(
+      CreateFileW(view(L"Xrefs\\A.dxf").c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0,
+                  nullptr),
+      CloseHandle);
+  ASSERT_NE(locked.get(), INVALID_HANDLE_VALUE);
+  run("@load\n" + open);
+  EXPECT_EQ(xrefBox(), L"checked enabled");
+}
+
+TEST_F(XrefCheck, BringsUpToDateLevelByLevel) {
+  add("Xrefs\\New.dxf");
+  makeStale("Xrefs\\A.dxf", {{L"New", L"..\\Xrefs\\New.dxf"}});
+  const std::string newA = bytesOf(workFolder() / L"source.dxf");
+  makeStale("Xrefs\\New.dxf", {{L"Deep", L"..\\Xrefs\\P.dxf"}});
+  run("@load\n" + open);
+  mark();
+  run("@click 1005\n");
+  const std::wstring xrefs = L"<work>\\View\\Xrefs\\";
+  expectOrder({L"VaultQuery.execute", L"progress \"" + xrefs + L"A.dxf\" 0..1", L"xref: unloaded A",
+               L"VaultClient.fileFromPath(path=\"" + xrefs + L"A.dxf\")",
+               L"getLocalCopy(parent=main, reserved=0, path=\"" + xrefs + L"A.dxf\", flag=1)",
+               L"xref: loaded A from", L"progress ends",
+               batch(statement(L"Gone.dxf", L"\\Xrefs\\") + statement(L"New.dxf", L"\\Xrefs\\") +
+                         statement(L"P.dxf", L"\\Xrefs\\"),
+                     L"")
+                   .substr(0, 60),
+               L"xref: unloaded New", L"getLocalCopy(", L"xref: loaded New", L"progress ends"});
+  EXPECT_EQ(count(L"getLocalCopy"), 2) << recent();
+  EXPECT_EQ(count(L"VaultQuery.execute"), 3) << recent();
+  EXPECT_EQ(bytesOf(view(L"Xrefs\\A.dxf")), newA);
+  EXPECT_EQ(xrefBox(), L"checked enabled");
+  run("@tick\n");
+  EXPECT_EQ(xrefBox(), L"checked enabled");
+}
+
+TEST_F(XrefCheck, FetchesAFileUnderTwoSpellingsOnce) {
+  makeStale("Xrefs\\B.dxf");
+  openQuietly();
+  run(update);
+  EXPECT_EQ(count(L"getLocalCopy"), 1) << recent();
+  expectOrder({L"xref: unloaded LoudB", L"getLocalCopy", L"xref: loaded LoudB"});
+  EXPECT_EQ(count(L"xref: unloaded"), 1) << recent();
+}
+
+TEST_F(XrefCheck, FileThatTheVaultDoesntGiveStaysUnloadedAndTheRestGoesOn) {
+  makeStale("O'Brien\\O'Neil part.dxf");
+  makeStale("Root file.dxf");
+  run("@load\n" + open + "@reg set EditWarning 0\n");
+  mark();
+  run("@fail VaultClient.fileFromPath E_QVT_FILE_NOT_FOUND\n@click 1005\n");
+  expectOrder({L"O'Neil part.dxf\" 0..2", L"progress at 0", L"xref: unloaded Quote",
+               L"Root file.dxf\" 0..2", L"progress at 1", L"xref: unloaded Root", L"getLocalCopy(",
+               L"xref: loaded Root", L"progress ends"});
+  EXPECT_EQ(count(L"xref: loaded Quote") + count(L"box: "), 0) << recent();
+  EXPECT_EQ(count(L"getLocalCopy"), 1) << recent();
+  EXPECT_EQ(xrefBox(), L"checked enabled");
+}
+
+struct FailingStep {
+  const char* operation;
+  bool unloads;
+};
+
+TEST_F(XrefCheck, ErrorOfTheVaultEndsTheRunAndIsTold) {
+  makeStale("Root file.dxf");
+  openQuietly();
+  const FailingStep steps[] = {
+      {"VaultClient.vaultNameFromPath", false},
+      {"VaultClient.login", false},
+      {"VaultGate.presentCode", false},
+      {"VaultRootFolderAccess.rootFolder", false},
+      {"VaultObject.id", false},
+      {"VaultClient.rootFolderPath", false},
+      {"VaultQuery.execute", false},
+      {"VaultRowList.fetchRow", false},
+      {"VaultRowList.nextResult", false},
+      {"VaultRowList.textAt", false},
+      {"VaultRowList.dateAt", false},
+      {"VaultRowList.flagAt", false},
+      {"VaultFile.getLocalCopy", true},
+  };
+  for (const FailingStep& step : steps) {
+    mark();
+    run("@fail " + std::string(step.operation) + " E_QVT_PERMISSION_DENIED\n@answer ok\n" + update);
+    EXPECT_EQ(count(errorBox + L"You don't have permission to perform this action."), 1)
+        << step.operation << recent();
+    EXPECT_EQ(count(L"xref: unloaded Root"), step.unloads ? 1 : 0) << step.operation << recent();
+    EXPECT_EQ(count(L"progress ends"), step.unloads ? 1 : 0) << step.operation << recent();
+    EXPECT_EQ(count(L"xref: loaded"), 0) << step.operation << recent();
+  }
+  expectOrder({L"getLocalCopy", L"progress ends", errorBox});
+  mark();
+  run("@fail VaultClient.vaultNameFromPath E_QVT_KEY_NOT_FOUND\n" + update);
+  EXPECT_EQ(count(L"box: ") + count(L"xref: "), 0) << recent();
+  run(update);
+  EXPECT_EQ(count(L"xref: loaded Root"), 1) << recent();
+}
+
+TEST_F(XrefCheck, RefusedLockIsQuiet) {
+  makeStale("Root file.dxf");
+  run("@load\n" + open);
+  mark();
+  run("@refuse-locks 1\n@click 1005\n");
+  EXPECT_EQ(count(L"VaultQuery.") + count(L"xref: ") + count(L"box: "), 0) << recent();
+}
+
+}  // namespace
