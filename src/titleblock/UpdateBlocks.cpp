@@ -64,7 +64,7 @@ void updateAll(BlockRecordCache& records, AcDbDatabase* database, const CardVari
   database->getSymbolTable(blocks.out(), AcDb::kForRead);
   if (!blocks) _com_issue_error(E_FAIL);
   for (long index = 0; index < variables.count(); ++index) {
-    updateVariable(*blocks.get(), records, variables[index], database, currentLayoutOnly);
+    updateVariable(*blocks, records, variables[index], database, currentLayoutOnly);
   }
 }
 
@@ -137,7 +137,7 @@ void UpdateBlockReferences(AcDbBlockTableRecord& block, const CString& pattern,
     ArxPtr<AcDbBlockReference> reference;
     references->getBlockReference(reference.out(), AcDb::kForWrite);
     if (!reference) continue;
-    updateReference(*reference.get(), pattern, variable, currentLayoutOnly, database);
+    updateReference(*reference, pattern, variable, currentLayoutOnly, database);
   }
 }
 
@@ -154,7 +154,7 @@ bool SetAttributeValue(AcDbBlockReference& reference, const CString& pattern, co
     const HostString tag(attribute->tag());
     if (!MatchTag(tag.text(), pattern)) continue;
     if (attribute->setTextString(value.c_str()) != Acad::eOk) return false;
-    adjustAlignment(*attribute.get(), database);
+    adjustAlignment(*attribute, database);
     return true;
   }
   return false;

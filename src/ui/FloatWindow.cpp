@@ -3,8 +3,6 @@
 #include <acdocman.h>
 #include <aced.h>
 
-#include <algorithm>
-
 #include "foundation/CommandText.h"
 #include "foundation/ComScope.h"
 #include "foundation/FormatText.h"
@@ -15,7 +13,7 @@
 namespace {
 
 constexpr UINT_PTR monitorTimer = 1;
-constexpr unsigned long long millisecondsPerMinute = 60000;
+constexpr unsigned millisecondsPerMinute = 60000;
 
 /// Lets the dialog procedure find the instance.
 std::map<HWND, FloatWindow*> floatWindows;
@@ -90,10 +88,8 @@ FloatWindow::~FloatWindow() {
 }
 
 void FloatWindow::startTimer() {
-  // Windows takes a longer period for a very short one.
-  constexpr unsigned long long longest = USER_TIMER_MAXIMUM;
-  const auto period = std::min(intervalMinutes * millisecondsPerMinute, longest);
-  SetTimer(window, monitorTimer, static_cast<UINT>(period), nullptr);
+  // Beyond 71,582 minutes the 32 bits that Windows takes begin anew.
+  SetTimer(window, monitorTimer, intervalMinutes * millisecondsPerMinute, nullptr);
 }
 
 void FloatWindow::Refresh() {

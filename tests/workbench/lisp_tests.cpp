@@ -6,7 +6,12 @@ namespace {
 
 class Lisp : public ModuleSession {
  protected:
-  Lisp() { run("@answer ok\n@load " + (binFolder() / L"lispmodule.arx").string() + "\n"); }
+  Lisp() { load(); }
+  /// One of the functions that the application brings is a duplicate.
+  void load() { run("@answer ok\n@load " + module + "\n"); }
+  void unload() { run("@unload " + module + "\n"); }
+
+  const std::string module = (binFolder() / L"lispmodule.arx").string();
 };
 
 TEST_F(Lisp, FunctionsReachEachDrawing) {
@@ -22,7 +27,8 @@ TEST_F(Lisp, FunctionsReachEachDrawing) {
     EXPECT_EQ(count(L"box: "), 0) << recent();
   }
   mark();
-  run("@unload lispmodule.arx\n(distance)\nBrand_measure\n");
+  unload();
+  run("(distance)\nBrand_measure\n");
   EXPECT_EQ(count(L"called"), 0) << recent();
 }
 
@@ -41,8 +47,8 @@ TEST_F(Lisp, TheFirstRefusalEndsTheDefinitions) {
     expectOrder({each.box, L"loadDwg", L"distance called", L"distance called"});
     EXPECT_EQ(count(L"behind called"), 0) << recent();
     EXPECT_EQ(count(L"box: "), 1) << recent();
-    run("@unload lispmodule.arx\n@answer ok\n@load " + (binFolder() / L"lispmodule.arx").string() +
-        "\n");
+    unload();
+    load();
   }
 }
 

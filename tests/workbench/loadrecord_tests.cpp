@@ -11,7 +11,7 @@ class LoadRecord : public ModuleSession {};
 
 TEST_F(LoadRecord, InstallWritesTheRecordAndUninstallTakesItAway) {
   const std::wstring file = (binFolder() / L"TessaroAcad.arx").wstring();
-  run("@load\n");
+  run("@load\n@new\n");
   for (int round = 0; round < 2; ++round) {
     mark();
     run("Tessaro_uninstall\nTessaro_install\nTessaro_install\n");
@@ -32,7 +32,8 @@ TEST_F(LoadRecord, InstallWritesTheRecordAndUninstallTakesItAway) {
 }
 
 TEST_F(LoadRecord, NeedsNoClient) {
-  run("@client missing\n@load\n");
+  // The status of the new drawing is asked for, shown or not.
+  run("@reg set StatusWnd 0\n@client missing\n@load\n@answer ok\n@new\n");
   mark();
   run("Tessaro_install\nTessaro_uninstall\n@client present\n");
   expectOrder({L"prompt: \"Tessaro AutoCAD add-in has been registered successfully.\"",
@@ -52,7 +53,7 @@ TEST(HostRestart, LoadsWhatWasInstalledUntilItIsUninstalled) {
     return std::make_unique<wb::Session>(options);
   };
   auto session = start(false);
-  EXPECT_TRUE(session->run("@load\nTessaro_install\n"));
+  EXPECT_TRUE(session->run("@load\n@new\nTessaro_install\n"));
   session.reset();
 
   session = start(true);

@@ -39,8 +39,7 @@ TEST_F(Settings, AnyNonZeroValueShowsCheckedAndIsWrittenAsOne) {
   openPlan();
   run("@reg set Autolock 7\n@reg set EditWarning 0\n@reg set StatusWnd 4294967295\n"
       "@reg set XrefMonitoringInterval 4294967295\n@answer ok\nTessaro_settings\n");
-  expectStored(
-      {L"Autolock=1", L"EditWarning=0", L"StatusWnd=1", L"XrefMonitoringInterval=4294967295"});
+  expectStored({L"Autolock=1", L"EditWarning=0", L"StatusWnd=1", L"XrefMonitoringInterval=-1"});
   // A value longer than four bytes isn't read: the default holds.
   run("@reg set XrefMonitoringInterval ten as text\n@answer ok\nTessaro_settings\n");
   expectStored({L"XrefMonitoringInterval=5"});
@@ -54,10 +53,10 @@ TEST_F(Settings, WhatTheUserEntersAppliesAtOnce) {
     const wchar_t* timer;
   } cases[] = {
       {"@fill 1002 2", {L"XrefMonitoringInterval=2"}, L"timer=120000"},
-      // 70,000 minutes still fit; of 71,583 the period begins anew in 32 bits.
-      {"@fill 1002 70000", {L"XrefMonitoringInterval=70000"}, L"timer=4200000000"},
-      {"@fill 1002 71583", {L"XrefMonitoringInterval=71583"}, L"timer=12704"},
-      {"@fill 1002 99999999999", {L"XrefMonitoringInterval=0"}, L"1005=undetermined disabled"},
+      // 70,000 minutes still fit into 32 bits of milliseconds; 71,583 begin anew.
+      {"@fill 1002 70000", {L"XrefMonitoringInterval=70000"}, L"timer=4200000000 ms"},
+      {"@fill 1002 71583", {L"XrefMonitoringInterval=71583"}, L"timer=12704 ms"},
+      {"@fill 1002 99999999999", {L"XrefMonitoringInterval=0"}, L"timer=off"},
       {"@fill 1002 3", {L"XrefMonitoringInterval=3"}, L"timer=180000"},
       {"@fill 1002", {L"XrefMonitoringInterval=0"}, L"timer=off"},
       {"@fill 1002 4\n@check 1001 off",
@@ -89,7 +88,7 @@ TEST_F(Settings, AnythingButOkChangesNothing) {
 
 TEST_F(Settings, TextsComeInTheLanguageOfTheClient) {
   session.run("@client language " + wb::toUtf8(workbenchFile(L"client/language-de.txt")) +
-              "\n@load\n");
+              "\n@load\n@new\n");
   mark();
   run("@answer cancel\nTessaro_settings\n");
   EXPECT_EQ(count(L"dialog: \"Einstellungen des Tessaro-Zusatzmoduls\""), 1) << recent();

@@ -89,10 +89,10 @@ const StateCase cases[] = {
      "@reg set XrefMonitoringInterval 0\n",
      "%WORK%\\View\\Site.dxf",
      {"unchecked disabled", "unchecked", "1/1", "enabled", "off"}},
-    {"LongestPeriod",
-     "@reg set XrefMonitoringInterval 4294967295\n",
+    {"PeriodBeyond32Bits",
+     "@reg set XrefMonitoringInterval 71583\n",
      "%WORK%\\View\\Plan.dxf",
-     {"unchecked disabled", "unchecked", "1/1", "enabled", "2147483647 ms"}},
+     {"unchecked disabled", "unchecked", "1/1", "enabled", "12704 ms"}},
 };
 
 class StatusWindowState : public StatusWindow, public testing::WithParamInterface<StateCase> {};

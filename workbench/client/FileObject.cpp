@@ -7,6 +7,9 @@
 namespace wb {
 namespace {
 
+/// What stands for the version of a copy that isn't there.
+constexpr long noVersion = -1;
+
 std::wstring textOf(const VARIANT& value) {
   if (V_VT(&value) != VT_BSTR) throw ClientFailure(E_INVALIDARG);
   return wb::textOf(V_BSTR(&value));

@@ -27,7 +27,8 @@ struct ClickControl {
 struct TakePicture {
   std::wstring file;
 };  ///< Windows path
-struct TellTexts {};  ///< tells the texts of its controls as a `dialog` line
+/// Tells the texts of its controls as a `dialog` line.
+struct TellTexts {};
 using AnswerStep =
     std::variant<FillControl, CheckControl, SelectRow, ClickControl, TakePicture, TellTexts>;
 

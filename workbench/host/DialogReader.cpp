@@ -111,9 +111,8 @@ std::wstring cellText(HWND list, int row, int column) {
   cell.iSubItem = column;
   cell.pszText = text.data();
   cell.cchTextMax = static_cast<int>(text.size());
-  text.resize(static_cast<size_t>(
-      SendMessageW(list, LVM_GETITEMTEXTW, static_cast<WPARAM>(row),
-                   reinterpret_cast<LPARAM>(&cell))));
+  text.resize(static_cast<size_t>(SendMessageW(list, LVM_GETITEMTEXTW, static_cast<WPARAM>(row),
+                                               reinterpret_cast<LPARAM>(&cell))));
   return text;
 }
 

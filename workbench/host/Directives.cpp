@@ -146,8 +146,7 @@ const std::vector<Directive>& directives() {
   static const std::vector<Directive> all = [] {
     std::vector<Directive> table;
     for (auto* part : {documentDirectives, answerDirectives, clientDirectives, vaultDirectives,
-                       checkDirectives, windowDirectives, drawingDirectives,
-                       selectionDirectives}) {
+                       checkDirectives, windowDirectives, drawingDirectives, selectionDirectives}) {
       for (const Directive& directive : part()) table.push_back(directive);
     }
     return table;

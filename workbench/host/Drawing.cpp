@@ -119,7 +119,7 @@ std::vector<Drawing::AttributeText> Drawing::attributes(std::wstring_view block,
     const auto& reference = as<ReferenceImp>(id);
     if (reference.erased) continue;
     const auto& owner = as<BlockRecordImp>(reference.owner);
-    const std::wstring layout = owner.layout.isNull() ? L"" : layoutOf(owner).layoutName;
+    const std::wstring layout = owner.layout.isNull() ? std::wstring() : layoutOf(owner).layoutName;
     for (const AcDbObjectId attributeId : reference.attributes) {
       const auto& attribute = as<AttributeImp>(attributeId);
       if (attribute.erased || folded(attribute.tag) != folded(tag)) continue;
