@@ -31,9 +31,8 @@ inline void write(const fs::path& path, const std::string& bytes) {
 
 /// The project's own folder; a path of the build machine lies on Wine's drive Z.
 inline fs::path projectFolder() {
-  const std::wstring file = wb::fromUtf8(__FILE__);
-  const fs::path path = file[0] == L'/' ? L"Z:" + file : file;
-  return path.parent_path().parent_path().parent_path();
+  const std::wstring folder = wb::fromUtf8(PROJECT_FOLDER);
+  return folder[0] == L'/' ? L"Z:" + folder : folder;
 }
 
 inline std::vector<fs::path> sampleDrawings() {

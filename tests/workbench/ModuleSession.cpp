@@ -80,7 +80,7 @@ std::filesystem::path ModuleSession::binFolder() {
 }
 
 std::wstring ModuleSession::workbenchFile(const std::wstring& relative) {
-  return wb::fromUtf8(WORKBENCH_FOLDER) + L"/" + relative;
+  return wb::fromUtf8(PROJECT_FOLDER) + L"/workbench/" + relative;
 }
 
 std::filesystem::path ModuleSession::writeDrawing(const std::wstring& file,

@@ -55,7 +55,7 @@ class Statement {
   }
 
   [[noreturn]] void fail(const std::wstring& reason) const {
-    throw ClientFailure(result::invalidQuery,
+    throw ClientFailure(E_QVT_INVALID_QUERY,
                         L"Statement " + std::to_wstring(number) + L": " + reason + L".");
   }
 

@@ -21,7 +21,7 @@ class CardDataPart : public Dual<VaultCardData> {
         .out(variables, L"variables")
         .runVoid([&] {
           const StoredFile& file = state.file();
-          if (folderId != state.folderId()) throw ClientFailure(result::folderNotFound);
+          if (folderId != state.folderId()) throw ClientFailure(E_QVT_FOLDER_NOT_FOUND);
           std::vector<Owned<VaultCardVariable>> made;
           for (const CardVariable& variable : file.card) {
             made.push_back(cardVariableObject(variable));

@@ -20,7 +20,7 @@ VARTYPE typeNamed(const std::wstring& name) {
   for (const auto& entry : valueTypes) {
     if (name == entry.name) return entry.type;
   }
-  throw ClientFailure(result::invalidType);
+  throw ClientFailure(E_QVT_INVALID_TYPE);
 }
 
 /// The stored text as a value of its type. Numbers and dates are stored as English writes them,

@@ -28,13 +28,13 @@ std::wstring verbOf(const CMINVOKECOMMANDINFO& command) {
 /// Why a file can't be checked in here and now; S_OK if it can.
 HRESULT checkInObstacle(const std::wstring& path) {
   const StoredFile* file = store().find(path);
-  if (!file) return result::fileNotFound;
-  if (!file->holder) return result::fileNotLockedByYou;
+  if (!file) return E_QVT_FILE_NOT_FOUND;
+  if (!file->holder) return E_QVT_FILE_NOT_LOCKED_BY_YOU;
   if (lstrcmpiW(file->holder->user.c_str(), Store::thisUser().c_str()) != 0) {
-    return result::lockedByAnotherUser;
+    return E_QVT_LOCKED_BY_ANOTHER_USER;
   }
   if (lstrcmpiW(file->holder->computer.c_str(), Store::thisComputer().c_str()) != 0) {
-    return result::lockedOnOtherComputer;
+    return E_QVT_LOCKED_ON_OTHER_COMPUTER;
   }
   return S_OK;
 }
@@ -58,7 +58,7 @@ HRESULT unlock(HWND owner, const std::wstring& path) {
   HRESULT outcome = checkInObstacle(path);
   if (SUCCEEDED(outcome)) {
     const auto choice = askForCheckIn(owner, fileNameIn(path));
-    if (!choice) return result::cancelledByUser;
+    if (!choice) return E_QVT_CANCELLED_BY_USER;
     outcome = checkIn(path, *choice);
   }
   if (FAILED(outcome)) showFailure(owner, path, outcome);

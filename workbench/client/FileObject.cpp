@@ -27,7 +27,7 @@ FileState FileState::of(const StoredVault& vault, const StoredFile& file) {
 
 const StoredFile& FileState::file() const {
   const StoredFile* found = store().find(path);
-  if (!found) throw ClientFailure(result::fileNotFound);
+  if (!found) throw ClientFailure(E_QVT_FILE_NOT_FOUND);
   return *found;
 }
 
@@ -40,7 +40,7 @@ bool FileState::isHeldHere(long inFolder) const {
 
 void FileState::checkOutTo(long folder) const {
   file();
-  if (folder != folderId()) throw ClientFailure(result::folderNotFound);
+  if (folder != folderId()) throw ClientFailure(E_QVT_FOLDER_NOT_FOUND);
   store().checkOut(path);
 }
 

@@ -17,8 +17,8 @@ std::wstring vaultPath(const std::wstring& folder, LPCITEMIDLIST item) {
   if (!name) throw ClientFailure(E_INVALIDARG);
   const std::wstring path = folder + L"\\" + *name;
   const StoredFile* file = store().find(path);
-  if (!file) throw ClientFailure(result::fileNotFound);
-  if (file->denied) throw ClientFailure(result::permissionDenied);
+  if (!file) throw ClientFailure(E_QVT_FILE_NOT_FOUND);
+  if (file->denied) throw ClientFailure(E_QVT_PERMISSION_DENIED);
   return path;
 }
 
@@ -80,7 +80,7 @@ FolderState folderOf(const std::wstring& path, bool isFolder) {
   state.path = isFolder ? path : path.substr(0, path.rfind(L'\\'));
   while (!state.path.empty() && state.path.back() == L'\\') state.path.pop_back();
   const StoredVault* vault = store().vaultOf(state.path);
-  if (!vault) throw ClientFailure(result::folderNotFound);
+  if (!vault) throw ClientFailure(E_QVT_FOLDER_NOT_FOUND);
   const bool isRoot = lstrcmpiW(vault->root.c_str(), state.path.c_str()) == 0;
   state.id = store().folderId(*vault, Store::thisComputer(), state.path);
   state.name = isRoot ? vault->name : state.path.substr(state.path.rfind(L'\\') + 1);

@@ -33,7 +33,7 @@ STDMETHODIMP LegacyFilePart::versionList(VaultVersionList** versions) {
 STDMETHODIMP LegacyFilePart::cardData(BSTR name, VaultCardData** card) {
   return ClientCall(L"VaultFileLegacy.cardData").with(L"name", name).out(card).runVoid([&] {
     // The one card that a file of the store has is that of its type, which has no name.
-    if (!textOf(name).empty()) throw ClientFailure(result::cardNotFound);
+    if (!textOf(name).empty()) throw ClientFailure(E_QVT_CARD_NOT_FOUND);
     state.file();
     *card = cardDataObject(state).release();
   });

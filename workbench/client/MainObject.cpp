@@ -27,7 +27,7 @@ HRESULT loginCall(const wchar_t* operation, ClientSession& session, BSTR vaultNa
 HRESULT vaultNameCall(const wchar_t* operation, BSTR path, BSTR* vaultName) {
   return ClientCall(operation).with(L"path", path).out(vaultName).runVoid([&] {
     const StoredVault* vault = store().vaultOf(textOf(path));
-    if (!vault) throw ClientFailure(result::keyNotFound);
+    if (!vault) throw ClientFailure(E_QVT_KEY_NOT_FOUND);
     *vaultName = newBstr(vault->name);
   });
 }
@@ -44,17 +44,17 @@ HRESULT errorTextCall(const wchar_t* operation, LONG code, LONG reserved, BSTR* 
 const StoredFile* fileOf(const ClientSession& session, const std::wstring& path) {
   const StoredVault& vault = session.vault();
   const StoredVault* holder = store().vaultOf(path);
-  if (!holder) throw ClientFailure(result::keyNotFound);
-  if (holder->name != vault.name) throw ClientFailure(result::notLoggedIn);
+  if (!holder) throw ClientFailure(E_QVT_KEY_NOT_FOUND);
+  if (holder->name != vault.name) throw ClientFailure(E_QVT_NOT_LOGGED_IN);
   const StoredFile* file = store().find(path);
   if (file) {
-    if (file->denied) throw ClientFailure(result::permissionDenied);
+    if (file->denied) throw ClientFailure(E_QVT_PERMISSION_DENIED);
     return file;
   }
   const DWORD attributes = GetFileAttributesW(path.c_str());
   const bool isFolder =
       attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY);
-  if (!isFolder) throw ClientFailure(result::fileNotFound);
+  if (!isFolder) throw ClientFailure(E_QVT_FILE_NOT_FOUND);
   return nullptr;
 }
 
@@ -139,7 +139,7 @@ STDMETHODIMP RootFolderPart::rootFolder(VaultObject** folder) {
 
 STDMETHODIMP GatePart::presentCode(LONG code) {
   return ClientCall(L"VaultGate.presentCode").with(L"code", code).runVoid([&] {
-    if (!session->presentCode(code)) throw ClientFailure(result::permissionDenied);
+    if (!session->presentCode(code)) throw ClientFailure(E_QVT_PERMISSION_DENIED);
   });
 }
 

@@ -13,7 +13,7 @@ STDMETHODIMP PositionPart::isNull(LONG* result) {
 size_t PositionPart::advance(VaultPosition* position, size_t count) {
   const auto part = dynamic_cast<PositionPart*>(position);
   if (!part || part->state.count != count) throw ClientFailure(E_INVALIDARG);
-  if (part->state.index >= count) throw ClientFailure(result::endOfList);
+  if (part->state.index >= count) throw ClientFailure(E_QVT_END_OF_LIST);
   return part->state.index++;
 }
 

@@ -15,7 +15,7 @@ enum Column : long { fileName = 1, folderName = 2, modifiedDate = 3, exemptFlag 
 
 STDMETHODIMP RowListPart::fetchRow(VARIANT_BOOL* hasRow) {
   return ClientCall(L"VaultRowList.fetchRow").out(hasRow).run([&] {
-    if (set >= sets->size()) throw ClientFailure(result::endOfList);
+    if (set >= sets->size()) throw ClientFailure(E_QVT_END_OF_LIST);
     const auto& rows = (*sets)[set];
     if (rows.empty()) return S_FALSE;
     if (fetched <= rows.size()) ++fetched;
@@ -58,7 +58,7 @@ STDMETHODIMP RowListPart::flagAt(LONG column, VARIANT_BOOL* result) {
 
 const ModifiedDateRow& RowListPart::currentRow() const {
   const bool onRow = set < sets->size() && fetched > 0 && fetched <= (*sets)[set].size();
-  if (!onRow) throw ClientFailure(result::endOfList);
+  if (!onRow) throw ClientFailure(E_QVT_END_OF_LIST);
   return (*sets)[set][fetched - 1];
 }
 

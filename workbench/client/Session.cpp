@@ -20,7 +20,7 @@ void ClientSession::login(const std::wstring& name) {
 
 const StoredVault& ClientSession::vault() const {
   const StoredVault* vault = vaultName ? store().vaultNamed(*vaultName) : nullptr;
-  if (!vault) throw ClientFailure(result::notLoggedIn);
+  if (!vault) throw ClientFailure(E_QVT_NOT_LOGGED_IN);
   return *vault;
 }
 

@@ -19,7 +19,7 @@ bool isOwnSection(const std::wstring& name) {
 STDMETHODIMP TextServicePart::text(LONG number, BSTR* result) {
   return ClientCall(L"VaultTextService.text").with(L"number", number).out(result).runVoid([&] {
     const auto found = ClientTexts::find(openSection(), L"", number);
-    if (!found) throw ClientFailure(result::keyNotFound);
+    if (!found) throw ClientFailure(E_QVT_KEY_NOT_FOUND);
     *result = newBstr(*found);
   });
 }
@@ -49,7 +49,7 @@ STDMETHODIMP TextServicePart::open(BSTR productName, BSTR sectionOrModule) {
 }
 
 const std::wstring& TextServicePart::openSection() const {
-  if (!section) throw ClientFailure(result::notInitialized);
+  if (!section) throw ClientFailure(E_QVT_NOT_INITIALIZED);
   return *section;
 }
 

@@ -2,7 +2,7 @@
 
 #include <objbase.h>
 
-#include "core/StoreCodes.h"
+#include "core/ResultCodes.h"
 #include "core/StoreContent.h"
 #include "core/StorePaths.h"
 #include "core/Text.h"
@@ -12,7 +12,7 @@ namespace wb {
 namespace {
 
 bool liesIn(std::wstring_view path, const std::wstring& root) {
-  return path.size() >= root.size() && equalNames(path.substr(0, root.size()), root) &&
+  return path.size() >= root.size() && sameName(path.substr(0, root.size()), root) &&
          (path.size() == root.size() || path[root.size()] == L'\\');
 }
 
@@ -70,7 +70,7 @@ void Store::createVault(const std::wstring& name, const std::wstring& root) {
   vault.viewId = newViewId();
   vault.folderIds[thisComputer() + L"|" + vault.root] = StoredVault::rootFolderId;
   const StoredVault* other = vaultOf(vault.root);
-  if (other && equalNames(other->root, vault.root)) {
+  if (other && sameName(other->root, vault.root)) {
     throw StoreError(E_QVT_NAME_ALREADY_EXISTS,
                      vault.root + L" is the view of the vault " + other->name);
   }
@@ -97,7 +97,7 @@ const StoredVault* Store::vaultOf(std::wstring_view path) const {
 
 const StoredVault* Store::vaultNamed(std::wstring_view name) const {
   for (const StoredVault& vault : content->vaults) {
-    if (equalNames(vault.name, name)) return &vault;
+    if (sameName(vault.name, name)) return &vault;
   }
   return nullptr;
 }

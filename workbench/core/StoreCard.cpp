@@ -9,7 +9,7 @@ namespace {
 
 CardVariable& variableOf(StoredFile& file, const std::wstring& name) {
   for (CardVariable& variable : file.card) {
-    if (equalNames(variable.name, name)) return variable;
+    if (sameName(variable.name, name)) return variable;
   }
   file.card.push_back({name, {}, {}});
   return file.card.back();
@@ -22,7 +22,7 @@ std::wstring versionLine(const StoredVersion& version) {
 
 std::wstring holderLine(const StoredFile& file) {
   if (!file.holder) return L"not checked out";
-  const bool here = equalNames(file.holder->computer, Store::thisComputer());
+  const bool here = sameName(file.holder->computer, Store::thisComputer());
   return L"checked out by " + file.holder->user + L" in " + file.holder->folder +
          (here ? L"" : L" on " + file.holder->computer);
 }

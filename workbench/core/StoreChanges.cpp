@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "core/Store.h"
-#include "core/StoreCodes.h"
+#include "core/ResultCodes.h"
 #include "core/StoreContent.h"
 #include "core/StorePaths.h"
 
@@ -38,17 +38,17 @@ void Store::change(const std::wstring& path, const std::function<void(StoredFile
 }
 
 bool Store::isHeldHere(const std::wstring& path, const StoredFile& file) {
-  return file.holder && equalNames(file.holder->user, thisUser()) &&
-         equalNames(file.holder->computer, thisComputer()) &&
+  return file.holder && sameName(file.holder->user, thisUser()) &&
+         sameName(file.holder->computer, thisComputer()) &&
          file.holder->folderId == folderIdOf(path);
 }
 
 void Store::requireHeldHere(const std::wstring& path, const StoredFile& file) {
   if (!file.holder) throw StoreError(E_QVT_FILE_NOT_LOCKED_BY_YOU, path + L" isn't checked out");
-  if (!equalNames(file.holder->user, thisUser())) {
+  if (!sameName(file.holder->user, thisUser())) {
     throw StoreError(E_QVT_FILE_NOT_LOCKED_BY_YOU, path + L" isn't checked out by you");
   }
-  if (!equalNames(file.holder->computer, thisComputer())) {
+  if (!sameName(file.holder->computer, thisComputer())) {
     throw StoreError(E_QVT_LOCKED_ON_OTHER_COMPUTER, path + L" is checked out elsewhere");
   }
   if (!isHeldHere(path, file)) {
@@ -63,8 +63,8 @@ void requireAccess(const std::wstring& path, const StoredFile& file) {
 }
 
 [[noreturn]] void raiseHeld(const std::wstring& path, const Holder& holder) {
-  const bool byUs = equalNames(holder.user, Store::thisUser());
-  const bool here = equalNames(holder.computer, Store::thisComputer());
+  const bool byUs = sameName(holder.user, Store::thisUser());
+  const bool here = sameName(holder.computer, Store::thisComputer());
   throw StoreError(!byUs   ? E_QVT_LOCKED_BY_ANOTHER_USER
                    : !here ? E_QVT_LOCKED_ON_OTHER_COMPUTER
                            : E_QVT_FILE_IS_LOCKED,

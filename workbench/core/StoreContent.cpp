@@ -4,7 +4,7 @@
 #include <set>
 
 #include "core/Store.h"
-#include "core/StoreCodes.h"
+#include "core/ResultCodes.h"
 #include "core/StoreJson.h"
 #include "core/Text.h"
 

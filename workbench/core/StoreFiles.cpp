@@ -1,7 +1,7 @@
 #include "core/StoreFiles.h"
 
 #include "core/Store.h"
-#include "core/StoreCodes.h"
+#include "core/ResultCodes.h"
 #include "core/Text.h"
 
 namespace wb {

@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "core/Store.h"
-#include "core/StoreCodes.h"
+#include "core/ResultCodes.h"
 
 namespace wb {
 

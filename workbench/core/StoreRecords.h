@@ -1,33 +1,14 @@
 #pragma once
 
-#include <windows.h>
-
 #include <cstdint>
 #include <map>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
+#include "core/Text.h"
+
 namespace wb {
-
-/// Compares names and paths as Windows' file systems do: by their characters, ignoring case, and by
-/// no language's rules.
-/// @return CSTR_LESS_THAN, CSTR_EQUAL or CSTR_GREATER_THAN
-inline int compareNames(std::wstring_view left, std::wstring_view right) {
-  return CompareStringOrdinal(left.data(), static_cast<int>(left.size()), right.data(),
-                              static_cast<int>(right.size()), TRUE);
-}
-
-inline bool equalNames(std::wstring_view left, std::wstring_view right) {
-  return compareNames(left, right) == CSTR_EQUAL;
-}
-
-struct LessIgnoringCase {
-  bool operator()(const std::wstring& left, const std::wstring& right) const {
-    return compareNames(left, right) == CSTR_LESS_THAN;
-  }
-};
 
 struct StoredVersion {
   long number = 0;

@@ -18,7 +18,7 @@ void create(ScriptContext& context, Arguments& arguments) {
   context.vaults.push_back(name);
 }
 
-/// The end of `add` and `newversion`, in any order.
+/// The end of `add` and `newversion`, in any order; a comment is the rest of the line.
 struct NewVersion {
   explicit NewVersion(Arguments& arguments) {
     const std::vector<std::wstring_view> keywords{L"from", L"user", L"comment"};
@@ -29,7 +29,7 @@ struct NewVersion {
       else if (arguments.take(L"user"))
         user = arguments.textUntil(keywords);
       else if (arguments.take(L"comment"))
-        comment = arguments.textUntil(keywords);
+        comment = arguments.textUntil();
       else
         arguments.end();
     }
