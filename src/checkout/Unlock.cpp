@@ -9,6 +9,7 @@
 #include "foundation/FormatText.h"
 #include "tracking/CurrentDrawing.h"
 #include "vault/CheckedCall.h"
+#include "vault/ItemIdList.h"
 #include "vault/MessageStrings.h"
 #include "vault/OpenVaultFile.h"
 #include "vault/RunMenuCmd.h"
@@ -51,8 +52,7 @@ void runCheckInDialog(AppContext& app, const CString& path) {
     return;
   }
   const _bstr_t name = nameOf(file);
-  const IShellFolderPtr shellFolder = folder;
-  RunMenuCmd(shellFolder, name, L"Unlock").doModal(app.mainWindow);
+  RunMenuCmd(shellFolderOf(folder), name, L"Unlock").doModal(app.mainWindow);
 }
 
 }  // namespace
@@ -89,7 +89,7 @@ void onDocumentDestroyed(AppContext& app, PendingCheckIn& note, const ACHAR* fil
   }
   // Before all else, so that no second event can start a check-in whatever follows.
   note.checkInPending = false;
-  if (!equalIgnoringCase(note.checkInPath, fileName)) {
+  if (!equalIgnoringCase(note.checkInPath, textOf(fileName))) {
     appMessageBox(L"File name mismatch when checking in document. Aborting.", MB_ICONINFORMATION);
     return;
   }

@@ -3,23 +3,16 @@
 #include <algorithm>
 #include <utility>
 
-#include <comdef.h>
-
 #include "foundation/AppContext.h"
 
 INT_PTR SimpleDialog::doModal(HWND owner) {
-  created = false;
   failure = nullptr;
   const AppContext* app = currentApp();
   const INT_PTR result =
       DialogBoxParamW(app != nullptr ? app->moduleInstance : nullptr, MAKEINTRESOURCEW(templateId),
                       owner, procedure, reinterpret_cast<LPARAM>(this));
-  const DWORD error = GetLastError();
   if (failure) {
     std::rethrow_exception(std::exchange(failure, nullptr));
-  }
-  if (!created) {
-    _com_issue_error(error != ERROR_SUCCESS ? HRESULT_FROM_WIN32(error) : E_HANDLE);
   }
   return result;
 }
@@ -32,7 +25,6 @@ INT_PTR CALLBACK SimpleDialog::procedure(HWND window, UINT message, WPARAM wPara
   if (message == WM_INITDIALOG) {
     auto* created = reinterpret_cast<SimpleDialog*>(lParam);
     created->window = window;
-    created->created = true;
     SetWindowLongPtrW(window, DWLP_USER, lParam);
   }
   auto* dialog = reinterpret_cast<SimpleDialog*>(GetWindowLongPtrW(window, DWLP_USER));

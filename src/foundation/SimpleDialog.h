@@ -15,8 +15,8 @@ class SimpleDialog {
 
   /// Runs the dialog until it is ended (DialogBoxParamW); `owner` is disabled for so long.
   /// @param owner the owner window, null for none
-  /// @return the value given to `end`
-  /// @throws _com_error if Windows can't make the dialog, and what a handler threw
+  /// @return the value given to `end`; -1 if Windows can't make the dialog
+  /// @throws what a handler threw
   INT_PTR doModal(HWND owner);
 
  protected:
@@ -49,7 +49,6 @@ class SimpleDialog {
 
   const int templateId;
   const bool centre;
-  bool created = false;
   std::exception_ptr failure;
 };
 

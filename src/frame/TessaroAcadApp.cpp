@@ -25,6 +25,15 @@ void registerSelectFile(bool unRegister) {
 
 TessaroAcadApp::TessaroAcadApp() : ArxMfcApp(L"Tessaro", 1, 1, 1) {}
 
+TessaroAcadApp::~TessaroAcadApp() {
+  // Still there only if the host went without a word: its windows and reactor lists are gone by
+  // now, and what is in them mustn't be touched any more.
+  xrefContext.release();
+  editorReactor.release();
+  docManagerReactor.release();
+  statusWindow.release();
+}
+
 AcRx::AppRetCode TessaroAcadApp::initApp(void* pkt) {
   xrefContext = std::make_unique<XRefContext>(*this);
   editorReactor = std::make_unique<EditorReactor>(*this);
@@ -68,12 +77,12 @@ void TessaroAcadApp::endCommand() { CoUninitialize(); }
 void TessaroAcadApp::documentToBeDestroyed(AcApDocument* document) {
   onDocumentToBeDestroyed(*this, pendingReloads, document);
   guardedDocuments.erase(document);
-  statusWindow->DocumentDestroyed(document);
+  if (statusWindow) statusWindow->DocumentDestroyed(document);
 }
 
 void TessaroAcadApp::documentActivated(AcApDocument* document) {
   onDocumentActivated(*this, pendingReloads, document);
-  statusWindow->DocumentActivated(document);
+  if (statusWindow) statusWindow->DocumentActivated(document);
 }
 
 void TessaroAcadApp::editGuardCheck(AcApDocument* document) {
@@ -81,7 +90,7 @@ void TessaroAcadApp::editGuardCheck(AcApDocument* document) {
 }
 
 void TessaroAcadApp::saved(AcDbDatabase* database, const ACHAR* actualName) {
-  statusWindow->DocumentSaved(database, actualName);
+  if (statusWindow) statusWindow->DocumentSaved(database, actualName);
 }
 
 void TessaroAcadApp::documentDestroyed(const ACHAR* fileName) {

@@ -17,6 +17,7 @@
 class TessaroAcadApp : public ArxMfcApp, public DocumentEvents {
  public:
   TessaroAcadApp();
+  ~TessaroAcadApp() override;
 
   AcRx::AppRetCode initApp(void* pkt) override;
   AcRx::AppRetCode unloadApp(void* pkt) override;
@@ -38,6 +39,8 @@ class TessaroAcadApp : public ArxMfcApp, public DocumentEvents {
   std::unique_ptr<DocManagerReactor> docManagerReactor;
   /// The xrefs to load again when the user comes back to the drawing that holds them.
   XrefList pendingReloads;
+  /// Null also while it is being made: its first look at the drawing may show a box, and the host
+  /// goes on sending events meanwhile.
   std::unique_ptr<FloatWindow> statusWindow;
   PendingCheckIn pendingCheckIn;
   GuardedDocuments guardedDocuments;

@@ -111,6 +111,9 @@ void GetVersionDialog::takeSelection() {
 }
 
 long chooseVersion(AppContext& app, const CString& path) {
+  // The class of the list exists only after somebody in the process has asked for it.
+  const INITCOMMONCONTROLSEX classes = {sizeof(classes), ICC_LISTVIEW_CLASSES};
+  InitCommonControlsEx(&classes);
   GetVersionDialog dialog(app, path);
   return dialog.doModal(app.mainWindow) == IDOK ? dialog.selectedVersion : 0;
 }

@@ -10,6 +10,7 @@ VaultCardDataPtr cardDataOf(VaultFileLegacy* file) {
 
 CardVariables::CardVariables(VaultCardData* card, long folderId) {
   check(required(card).cardVariables(folderId, &count_, &variables), *card);
+  if (!variables) count_ = 0;
 }
 
 CardVariables::~CardVariables() {

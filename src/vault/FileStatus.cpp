@@ -107,9 +107,10 @@ void appendVersions(VaultFileLegacy& file, std::vector<VersionEntry>& versions) 
     if (atEnd != 0) {
       return;
     }
-    long version = 0;
+    long version = 0, userId = 0;
+    DATE date = 0;
     _bstr_t comment;
-    check(list->nextVersion(position, &version, comment.GetAddress(), nullptr, nullptr), *list);
+    check(list->nextVersion(position, &version, comment.GetAddress(), &userId, &date), *list);
     versions.push_back({version, textOf(comment)});
   }
 }

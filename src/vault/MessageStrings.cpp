@@ -46,7 +46,8 @@ _bstr_t loadMessage(long number, const char* defaultText) {
   if (FAILED(textService->text(number, &text))) {
     return defaultText;
   }
-  return _bstr_t(text, false);
+  // Null is a text without characters, too; the host's prompts take no null pointer.
+  return text != nullptr ? _bstr_t(text, false) : _bstr_t(L"");
 }
 
 _bstr_t lookupSectionText(long number, const wchar_t* defaultText, const wchar_t* section,

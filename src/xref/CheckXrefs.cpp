@@ -45,6 +45,7 @@ class XrefChecker {
   AppContext& app;
   const CString drawingFolder;
   const bool update;
+  XrefInfo xref;
   std::map<AcDbObjectId, CString> pathOfBlock;
   XrefFileMap files;
   PathSet asked;
@@ -83,7 +84,7 @@ void XrefChecker::findFiles(const AcDbGraphNode& root) {
 }
 
 void XrefChecker::enterNewXref(const AcDbXrefGraphNode& node) {
-  XrefInfo xref;
+  // A ghost has no block of its own: it counts as the file that was read before it.
   readXrefBlock(node.btrId(), xref);
   if (!view) openVaultViewRecord(app, view, drawingFolder);
   CString path;

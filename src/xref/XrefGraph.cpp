@@ -10,7 +10,7 @@ namespace {
 const AcDbXrefGraphNode* findDirectXref(const AcDbGraphNode& root, const CString& blockName) {
   for (int edge = 0; edge < root.numOut(); ++edge) {
     const auto* node = static_cast<const AcDbXrefGraphNode*>(root.out(edge));
-    if (_wcsicmp(node->name(), blockName.c_str()) == 0) return node;
+    if (_wcsicmp(textOf(node->name()).c_str(), blockName.c_str()) == 0) return node;
   }
   return nullptr;
 }
@@ -27,9 +27,9 @@ bool collectXrefTree(const CString& blockName, std::set<CString>& names) {
   if (fetchXrefGraph(graph) != Acad::eOk || graph.numNodes() == 0) return false;
   const AcDbXrefGraphNode* found = findDirectXref(*graph.node(0), blockName);
   if (!found) return false;
-  names.insert(found->name());
+  names.insert(textOf(found->name()));
   walkXrefs(*found, [&names](const AcDbXrefGraphNode& node) {
-    names.insert(node.name());
+    names.insert(textOf(node.name()));
     return true;
   });
   return true;

@@ -12,12 +12,14 @@
 Acad::ErrorStatus fetchXrefGraph(AcDbXrefGraph& graph);
 
 /// Walks the graph breadth-first from `start`'s outgoing nodes, so that nested xrefs come after all
-/// those of the level above. A node that is reached twice is visited twice.
+/// those of the level above. A node that is reached twice is visited twice, but gone below only
+/// once, so that the walk ends whatever refers to what.
 /// @param visit takes each AcDbXrefGraphNode and tells whether to go on below it; anything it
 /// throws ends the walk.
 template <class Visit>
 void walkXrefs(const AcDbGraphNode& start, Visit visit) {
   std::deque<const AcDbGraphNode*> waiting;
+  std::set<const AcDbGraphNode*> goneBelow;
   const auto queueBelow = [&waiting](const AcDbGraphNode& node) {
     for (int edge = 0; edge < node.numOut(); ++edge) waiting.push_back(node.out(edge));
   };
@@ -25,7 +27,9 @@ void walkXrefs(const AcDbGraphNode& start, Visit visit) {
   while (!waiting.empty()) {
     const AcDbGraphNode* node = waiting.front();
     waiting.pop_front();
-    if (visit(*static_cast<const AcDbXrefGraphNode*>(node))) queueBelow(*node);
+    if (visit(*static_cast<const AcDbXrefGraphNode*>(node)) && goneBelow.insert(node).second) {
+      queueBelow(*node);
+    }
   }
 }
 
