@@ -67,8 +67,9 @@ foreach(folder IN LISTS CMAKE_CXX_IMPLICIT_INCLUDE_DIRECTORIES)
   endif()
 endforeach()
 
-# Adds a target that runs clang-tidy over sources, with the compiler flags that follow them.
-function(add_tidy_target target sources)
+# Adds a target that runs clang-tidy over sources, without some of the checks, and with the compiler
+# flags that follow.
+function(add_tidy_target target sources left_out)
   set(stamps "")
   foreach(file IN LISTS ${sources})
     check_name_of(${file} name)
@@ -76,7 +77,8 @@ function(add_tidy_target target sources)
     add_custom_command(
       OUTPUT ${stamp}
       COMMAND ${CMAKE_CXX_COMPILER} ${ARGN} -MM -MF ${stamp}.d -MT ${stamp} ${file}
-      COMMAND ${CLANG_TIDY} --quiet --config-file=${CMAKE_SOURCE_DIR}/.clang-tidy ${file} --
+      COMMAND ${CLANG_TIDY} --quiet --config-file=${CMAKE_SOURCE_DIR}/.clang-tidy
+              --checks=${left_out} ${file} --
               --target=x86_64-w64-mingw32 ${mingw_include} ${ARGN}
       COMMAND ${CMAKE_COMMAND} -E touch ${stamp}
       DEPENDS ${file} ${CMAKE_SOURCE_DIR}/.clang-tidy ${module_order_dependency}
@@ -89,10 +91,14 @@ endfunction()
 
 file(GLOB_RECURSE module_files CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/*.cpp)
 file(GLOB_RECURSE other_files CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/workbench/*.cpp
-     ${CMAKE_SOURCE_DIR}/support/*.cpp ${CMAKE_SOURCE_DIR}/tests/*.cpp)
+     ${CMAKE_SOURCE_DIR}/support/*.cpp ${CMAKE_SOURCE_DIR}/tests/*.cpp
+     ${CMAKE_SOURCE_DIR}/bench/*.cpp)
 if(CLANG_TIDY)
-  add_tidy_target(tidy module_files ${module_flags})
-  add_tidy_target(tidy_others other_files ${module_flags} -I ${CMAKE_SOURCE_DIR}/workbench
+  add_tidy_target(tidy module_files "" ${module_flags})
+  # COM objects and test fixtures are never deleted through their bases, and a test's lists of texts
+  # are full of literals that go on in the next line.
+  set(left_out -cppcoreguidelines-virtual-class-destructor,-bugprone-suspicious-missing-comma)
+  add_tidy_target(tidy_others other_files ${left_out} ${module_flags} -DPROJECT_FOLDER="" -I ${CMAKE_SOURCE_DIR}/workbench
                   -I ${CMAKE_SOURCE_DIR}/tests -isystem ${CMAKE_BINARY_DIR}/json
                   -isystem ${GOOGLETEST_FOLDER}/googletest/include)
 endif()

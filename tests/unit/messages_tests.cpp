@@ -111,7 +111,7 @@ TEST_F(Messages, ReportFallsBackToWindowsWords) {
   const VaultClientPtr client(static_cast<VaultClient*>(new FakeMain));
   const _com_error error(E_ACCESSDENIED);
   const std::wstring expected = L"Context.\n" + textOf(systemMessage(E_ACCESSDENIED));
-  reportComErrorClient(app, nullptr, error, L"Context.");
+  reportComErrorClient(app, VaultClientPtr(), error, L"Context.");
   script.errorText = L"";
   reportComErrorClient(app, client, error, L"Context.");
   script.errorText = nullptr;
@@ -127,7 +127,7 @@ TEST_F(Messages, ReportOfAnOpenFileAdvisesAndDoesNotAsk) {
   AppContext app;
   const VaultClientPtr client(static_cast<VaultClient*>(new FakeMain));
   reportComErrorClient(app, client, _com_error(E_QVT_RCE_ERROR), L"Context.");
-  reportComErrorClient(app, nullptr, _com_error(E_QVT_FILE_SHARE_ERROR), L"Context.");
+  reportComErrorClient(app, VaultClientPtr(), _com_error(E_QVT_FILE_SHARE_ERROR), L"Context.");
   EXPECT_EQ(BoxWatch::texts,
             Texts(2,
                   L"Context.\nMake sure the file or any of it's external references isn't opened "

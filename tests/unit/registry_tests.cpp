@@ -229,7 +229,7 @@ TEST_F(RegistryTest, VaultIsOfflineByANonZeroNumberOfFourBytes) {
   setNumber(HKEY_CURRENT_USER, vaults + L"off", L"Offline", 2);
   setNumber(HKEY_CURRENT_USER, vaults + L"bigEndian", L"Offline", 0x01000000, REG_DWORD_BIG_ENDIAN);
   setNumber(HKEY_CURRENT_USER, vaults + L"bigEndianOn", L"Offline", 0, REG_DWORD_BIG_ENDIAN);
-  setText(HKEY_CURRENT_USER, vaults + L"text", L"Offline", L"1\0");
+  setText(HKEY_CURRENT_USER, vaults + L"text", L"Offline", L"1");
   setNumber(HKEY_CURRENT_USER, vaults + L"binary", L"Offline", 1, REG_BINARY);
   const unsigned long long one = 1;
   setBytes(HKEY_CURRENT_USER, vaults + L"qword", L"Offline", REG_QWORD, &one, sizeof(one));

@@ -85,7 +85,7 @@ std::wstring ModuleSession::workbenchFile(const std::wstring& relative) {
 
 std::filesystem::path ModuleSession::writeDrawing(const std::wstring& file,
                                                   const std::vector<Xref>& xrefs) {
-  const std::filesystem::path path = workFolder() / file;
+  std::filesystem::path path = workFolder() / file;
   std::filesystem::create_directories(path.parent_path());
   DxfFile drawing(path);
   drawing.group(0, L"SECTION");

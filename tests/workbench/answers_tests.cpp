@@ -61,7 +61,7 @@ class DialogTemplate {
     } while (*value++);
   }
 
-  alignas(DWORD) std::vector<WORD> words;
+  std::vector<WORD> words;
 };
 
 constexpr WORD button = 0x80;

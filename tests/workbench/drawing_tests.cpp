@@ -60,7 +60,7 @@ class DatabaseTest : public DrawingTest {
     ACHAR* name = nullptr;
     layout->getLayoutName(name);
     layout->close();
-    const std::wstring result = name;
+    std::wstring result = name;
     acutDelString(name);
     return result;
   }

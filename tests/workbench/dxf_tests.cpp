@@ -54,7 +54,7 @@ TEST_F(DxfTest, WhatIsNoCompleteAsciiDxfIsRefusedWithItsReason) {
     const wchar_t* reason;
   } cases[] = {
       {"", L"empty"},
-      {std::string("AutoCAD Binary DXF\r\n\x1A\0\0\0", 25), L"binary DXF"},
+      {std::string("AutoCAD Binary DXF\r\n\x1A\0\0\0", 24), L"binary DXF"},
       {std::string("AC1018\0\0\0\0\0\0", 12), L"DWG"},
       {std::string("\xFF\xFE"
                    "0\0",

@@ -135,7 +135,7 @@ TEST_F(Load, AFileThatIsNoModuleIsRefusedAndHarmsNothing) {
   std::filesystem::copy_file(options().module, workFolder() / L"Cut.arx");
   std::filesystem::resize_file(workFolder() / L"Cut.arx", 4096);
   std::ofstream(workFolder() / L"Text.arx") << "no library at all";
-  std::ofstream(workFolder() / L"Empty.arx");
+  std::ofstream(workFolder() / L"Empty.arx") << "";
   const std::vector<std::pair<std::string, std::wstring>> files = {
       {"Missing.arx", L"the file doesn't exist"},
       {"Broken.arx", L"the file is damaged or no 64-bit library"},

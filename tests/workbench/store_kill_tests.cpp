@@ -11,7 +11,8 @@ namespace {
 constexpr wchar_t writerSwitch[] = L"--write-into-store";
 
 std::string contentNumber(long number) {
-  return std::string(static_cast<size_t>(20000 + number % 7 * 3000), 'a' + char(number % 26)) +
+  return std::string(static_cast<size_t>(20000 + number % 7 * 3000),
+                     static_cast<char>('a' + number % 26)) +
          std::to_string(number);
 }
 

@@ -145,7 +145,7 @@ void empty(LPITEMIDLIST* target) { *target = nullptr; }
 
 std::wstring describe(BSTR value) {
   if (!value) return L"null";
-  const std::wstring text = quoted(std::wstring_view(value, SysStringLen(value)));
+  std::wstring text = quoted(std::wstring_view(value, SysStringLen(value)));
   handOutMemory(value, L"string", memoryLabel(L"BSTR", text));
   return text;
 }

@@ -15,7 +15,7 @@ constexpr HRESULT shellFileNotFound = HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);
 std::wstring vaultPath(const std::wstring& folder, LPCITEMIDLIST item) {
   const auto name = fileNameOf(item);
   if (!name) throw ClientFailure(E_INVALIDARG);
-  const std::wstring path = folder + L"\\" + *name;
+  std::wstring path = folder + L"\\" + *name;
   const StoredFile* file = store().find(path);
   if (!file) throw ClientFailure(E_QVT_FILE_NOT_FOUND);
   if (file->denied) throw ClientFailure(E_QVT_PERMISSION_DENIED);

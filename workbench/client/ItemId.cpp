@@ -2,6 +2,7 @@
 
 #include <objbase.h>
 
+#include <algorithm>
 #include <cstring>
 #include <new>
 
@@ -25,7 +26,7 @@ LPITEMIDLIST makeItemId(const std::wstring& fileName) {
   const USHORT end = 0;
   std::memcpy(bytes, &size, sizeof(size));
   std::memcpy(bytes + sizeof(size), mark, sizeof(mark));
-  std::memcpy(bytes + headSize, fileName.data(), nameSize);
+  std::copy_n(reinterpret_cast<const char*>(fileName.data()), nameSize, bytes + headSize);
   std::memcpy(bytes + itemSize, &end, sizeof(end));
   return reinterpret_cast<LPITEMIDLIST>(bytes);
 }

@@ -28,7 +28,7 @@ void newDrawing(ScriptContext&, Arguments& arguments) {
 
 /// An open document's path; the active one's if none is named, which may be empty.
 std::wstring documentOrActive(Arguments& arguments) {
-  const std::wstring path = arguments.atEnd() ? std::wstring() : windowsPath(arguments.textUntil());
+  std::wstring path = arguments.atEnd() ? std::wstring() : windowsPath(arguments.textUntil());
   DocumentManager& documents = Host::instance().documents();
   if (path.empty() && !documents.active()) throw ScriptError(L"no drawing is open");
   if (!path.empty() && !documents.find(path)) throw ScriptError(wb::quoted(path) + L" isn't open");
