@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <fstream>
 
+#include "FakeObject.h"
+#include "vault/OpenVaultFile.h"
 #include "xref/ModifiedDates.h"
 #include "xref/XrefList.h"
 #include "xref/XrefPaths.h"
@@ -113,6 +115,81 @@ TEST(ModifiedDates, BuildsTheStatementsForAllFiles) {
             L"Exec Doc_Cleanup_GMDM_Temp");
 }
 
+/// Two result sets; the way from the first to the second takes as many calls as `answers` has.
+class FakeRows : public FakeObject<VaultRowList> {
+ public:
+  STDMETHODIMP fetchRow(VARIANT_BOOL* hasRow) override {
+    ++fetches;
+    if (!onSecond) return S_FALSE;
+    *hasRow = row++ == 0 ? VARIANT_TRUE : VARIANT_FALSE;
+    return S_OK;
+  }
+  STDMETHODIMP nextResult(VARIANT_BOOL* more) override {
+    *more = answers.at(asked++);
+    onSecond = asked == answers.size();
+    return S_OK;
+  }
+  STDMETHODIMP textAt(long column, BSTR* out) override {
+    *out = SysAllocString(column == 1 ? L"a.dwg" : L"\\sub\\");
+    return S_OK;
+  }
+  STDMETHODIMP dateAt(long, DATE* out) override {
+    *out = 39901.5;
+    return S_OK;
+  }
+  STDMETHODIMP flagAt(long, VARIANT_BOOL* out) override {
+    *out = 1;  // neither
+    return S_OK;
+  }
+
+  static inline std::vector<VARIANT_BOOL> answers;
+  static inline size_t asked = 0;
+  static inline int fetches = 0;
+
+ private:
+  bool onSecond = false;
+  int row = 0;
+};
+
+class FakeQuery : public FakeObject<VaultQuery> {
+ public:
+  STDMETHODIMP execute(BSTR, IUnknown** out) override {
+    *out = new FakeRows;
+    (*out)->AddRef();
+    return S_OK;
+  }
+};
+
+TEST(ModifiedDates, AsksOnUntilTheNextResultIsAnsweredYesOrNo) {
+  const struct {
+    std::vector<VARIANT_BOOL> answers;
+    int fetches;
+    bool found;
+  } cases[] = {
+      {{VARIANT_TRUE}, 3, true},
+      {{1, 2, VARIANT_TRUE}, 3, true},
+      {{1, VARIANT_FALSE}, 1, false},
+      {{VARIANT_FALSE}, 1, false},
+  };
+  VaultViewRecord view;
+  view.query = new FakeQuery;
+  for (const auto& each : cases) {
+    FakeRows::answers = each.answers;
+    FakeRows::asked = 0;
+    FakeRows::fetches = 0;
+    XrefFileMap files;
+    files[L"\\SUB\\A.DWG"];
+    readModifiedDates(view, L"", files);
+    EXPECT_EQ(FakeRows::asked, each.answers.size());
+    EXPECT_EQ(FakeRows::fetches, each.fetches);
+    ASSERT_EQ(files.size(), 1u) << "found without regard to case";
+    EXPECT_EQ(files.begin()->second.inVault, each.found);
+    EXPECT_FALSE(files.begin()->second.exempt);
+    EXPECT_EQ(files.begin()->second.vaultDate.dwHighDateTime != 0, each.found);
+    EXPECT_EQ(FakeRows::alive, 0);
+  }
+}
+
 class FileOnDisk {
  public:
   FileOnDisk() : path(std::filesystem::temp_directory_path() / L"tessaro-date.dwg") {
@@ -121,7 +198,9 @@ class FileOnDisk {
   ~FileOnDisk() { std::filesystem::remove(path); }
 
   void writeTime(WORD second, WORD milliseconds) const {
-    const SYSTEMTIME time = {2009, 3, 0, 29, 10, 0, second, milliseconds};
+    writeTime({2009, 3, 0, 29, 10, 0, second, milliseconds});
+  }
+  void writeTime(const SYSTEMTIME& time) const {
     FILETIME fileTime;
     ASSERT_TRUE(SystemTimeToFileTime(&time, &fileTime));
     HANDLE file =
@@ -153,6 +232,22 @@ TEST(ModifiedDates, ComparesAtTheGrainOfTwoSeconds) {
   EXPECT_EQ(ageAgainst(file, 0), FileAge::outOfDate);
   EXPECT_EQ(ageAgainst(file, 0, false), FileAge::current);
   EXPECT_EQ(ageAgainst(file, 0, true, true), FileAge::current);
+}
+
+TEST(ModifiedDates, KnowsNoTimeZone) {
+  const FileOnDisk file;
+  XrefFileRecord record;
+  record.inVault = true;
+  record.fullPath = file.path.wstring();
+  // The days on which Europe turns its clocks, around the hour that is left out or comes twice.
+  for (const auto& [month, day] : {std::pair<WORD, WORD>(3, 29), {10, 25}}) {
+    for (WORD hour = 0; hour < 4; ++hour) {
+      const SYSTEMTIME time = {2009, month, 0, day, hour, 30, 0, 0};
+      file.writeTime(time);
+      SystemTimeToFileTime(&time, &record.vaultDate);
+      EXPECT_EQ(isOutOfDate(record), FileAge::current) << month << " " << hour;
+    }
+  }
 }
 
 TEST(ModifiedDates, AFileThatCantBeOpenedIsUnreadable) {

@@ -80,9 +80,10 @@ TEST_F(ContextMenu, CommentsAreShownAsTheyAreOnOneLine) {
 
 TEST_F(ContextMenu, AChosenItemSendsItsCommandForTheSelectionThatIsStillThere) {
   openSheet();
-  run("@pick Grid\n@menu\n@choose Get Version > 2. R&D 5%\n");
-  expectOrder({L"send: \"_Tessaro_getxrefver2 2 \"", L"command: Tessaro_getxrefver2",
-               L"version=2) -> S_OK"});
+  run("@pick Grid\n@menu shot %WORK%\\menu.png open Get Version\n"
+      "@choose Get Version > 2. R&D 5%\n");
+  expectOrder({L"file: picture \"<work>\\menu.png\"", L"send: \"_Tessaro_getxrefver2 2 \"",
+               L"command: Tessaro_getxrefver2", L"version=2) -> S_OK"});
   mark();
   run("@pick Grid Tree\n@menu\n@choose Check out this Xref\n");
   expectOrder({L"send: \"_Tessaro_lockxref \"", L"xref: unloaded Grid", L"xref: unloaded Tree"});
@@ -105,6 +106,8 @@ TEST_F(ContextMenu, AScriptCanOnlyChooseWhatIsThere) {
       {"@pick\n@menu\n", L"nothing is picked"},
       {"@pick Nobody\n", L"nothing more of that name on Model: Nobody"},
       {"@pick Grid\n@choose Edit this Xref\n", L"no menu is open on the pick set"},
+      {"@pick Grid\n@menu shot %WORK%\\menu.png open Edit this Xref\n",
+       L"the menu has no submenu \"Edit this Xref\""},
       {"@pick Grid\n@menu\n@choose Edit\n", L"the menu has no item \"Edit\""},
       {"@pick Grid\n@menu\n@choose Get Version\n", L"that opens a submenu"},
       {"@pick Grid\n@menu\n@pick Tree\n@choose Edit this Xref\n", L"no menu is open"},

@@ -5,6 +5,7 @@
 
 #include "DrawingTest.h"
 #include "ModuleSession.h"
+#include "core/Faults.h"
 #include "host/Document.h"
 #include "host/DocumentManager.h"
 #include "host/DrawingDatabase.h"
@@ -220,6 +221,35 @@ TEST_F(TitleBlock, WhatCantBeOpenedIsPassedOver) {
   EXPECT_EQ(texts(L"DRAWING_NO"),
             (Texts{{L"Model", L"new"}, {L"Layout1", L"newer"}, {L"Layout2", L"new"}}));
   EXPECT_EQ(count(L"box: "), 0) << recent();
+}
+
+TEST_F(TitleBlock, ATextThatTheDrawingRefusesIsPassedOver) {
+  openSample();
+  map("Title", "TITLE*");
+  for (const char* layout : {"Model", "Layout1", "Layout2"}) card("Title", layout, "new");
+  run("@fail AcDbText.setTextString E_FAIL after 1\nTessaro_update\n");
+  int written = 0;
+  for (const auto& [layout, text] : texts(L"TITLE")) written += text == L"new";
+  EXPECT_EQ(written, 2) << "the references behind it take their values";
+  for (const auto& [layout, text] : texts(L"TITLE2")) EXPECT_EQ(text, L"-") << "nor another one";
+  EXPECT_EQ(count(L"box: "), 0) << recent();
+}
+
+TEST_F(TitleBlock, EachBlockIsLookedUpOnceThoughItBeMissing) {
+  openSample();
+  for (const char* tag : {"TITLE", "REV"}) {
+    for (const char* block : {"A1_TITLE", "NOWHERE", "Nowhere"}) {
+      vault("map", "Title " + std::string(block) + " " + tag);
+      vault("map", "Other " + std::string(block) + " " + tag);
+    }
+  }
+  for (const char* variable : {"Title", "Other"}) card(variable, "Model", "new");
+  for (const unsigned lookups : {3u, 6u}) {
+    if (lookups == 3) wb::resetCalls();
+    run("Tessaro_update\n");
+    EXPECT_EQ(wb::callCount(L"AcDbBlockTable.getAt"), lookups) << "the next run reads them anew";
+  }
+  EXPECT_EQ(texts(L"REV")[L"Model"], L"new");
 }
 
 TEST_F(TitleBlock, NeedsADrawingOfAVaultAndAClientNewEnough) {

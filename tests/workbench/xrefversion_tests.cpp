@@ -73,6 +73,20 @@ TEST_F(XrefVersion, TheWholeTreeIsUnloadedBeforeAndLoadedAfter) {
   reopenSheet();
 }
 
+TEST_F(XrefVersion, AFileWithTwoBlocksIsFetchedForEitherOfThem) {
+  run("@load\n@open %WORK%\\View\\Site\\Twins.dxf\n");
+  mark();
+  run("@pick Grid\n_Tessaro_getxrefver2 2 \n");
+  EXPECT_TRUE(secondIsHere()) << recent();
+  run("@pick Twin\n_Tessaro_getxrefver2 1 \n");
+  EXPECT_FALSE(secondIsHere()) << recent();
+  // The other block keeps what was read for it.
+  for (const wchar_t* name : {L"Grid", L"Twin"}) {
+    EXPECT_EQ(count(std::wstring(L"xref: unloaded ") + name), 1) << recent();
+    EXPECT_EQ(count(std::wstring(L"xref: loaded ") + name + L" "), 1) << recent();
+  }
+}
+
 TEST_F(XrefVersion, AHeldXrefTakesTheVersionAllTheSame) {
   openSheet();
   run("@vault checkout %WORK%\\View\\Xrefs\\Tree.dxf\n@pick Tree\n_Tessaro_getxrefver2 1 \n");

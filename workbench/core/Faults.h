@@ -7,8 +7,9 @@
 
 namespace wb {
 
-/// Lets an operation of the client fail. Operations are named "Interface.operation"; the operation
-/// alone stands for that of every interface.
+/// Lets an operation of the client fail, or one of the few of the host that count their calls here.
+/// Operations are named "Interface.operation"; the operation alone stands for that of every
+/// interface.
 /// @param code what the call answers.
 /// @param after calls that are let through first.
 /// @param always every call after those fails, not only the first.

@@ -8,6 +8,7 @@
 #include "host/DbObjects.h"
 #include "host/Guarded.h"
 #include "host/Host.h"
+#include "host/MenuPicture.h"
 #include "host/Names.h"
 
 Adesk::Boolean acedAddObjectContextMenu(const AcRxClass* pClass, AcEdUIContext* pContext,
@@ -22,24 +23,6 @@ Adesk::Boolean acedRemoveObjectContextMenu(const AcRxClass* pClass, AcEdUIContex
 namespace wb {
 namespace {
 
-// "&&" shows one "&"; a single one only marks the letter behind it.
-std::wstring shownText(const std::wstring& text) {
-  std::wstring shown;
-  for (size_t at = 0; at < text.size(); ++at) {
-    if (text[at] == L'&' && ++at == text.size()) break;
-    shown += text[at];
-  }
-  return shown;
-}
-
-std::wstring itemText(HMENU menu, UINT position) {
-  const int length = GetMenuStringW(menu, position, nullptr, 0, MF_BYPOSITION);
-  std::wstring text(static_cast<size_t>(std::max(length, 0)) + 1, L'\0');
-  GetMenuStringW(menu, position, text.data(), static_cast<int>(text.size()), MF_BYPOSITION);
-  text.resize(text.size() - 1);
-  return shownText(text);
-}
-
 void readMenu(HMENU menu, const std::wstring& submenu, AcEdUIContext* context,
               std::vector<MenuItem>& items) {
   const int count = GetMenuItemCount(menu);
@@ -49,11 +32,13 @@ void readMenu(HMENU menu, const std::wstring& submenu, AcEdUIContext* context,
     info.fMask = MIIM_ID | MIIM_STATE | MIIM_SUBMENU | MIIM_FTYPE;
     if (!GetMenuItemInfoW(menu, static_cast<UINT>(position), TRUE, &info)) continue;
     if (info.fType & MFT_SEPARATOR) continue;
-    const std::wstring text = itemText(menu, static_cast<UINT>(position));
+    const std::wstring text = menuItemText(menu, static_cast<UINT>(position));
     items.push_back({text, submenu, info.hSubMenu ? 0 : info.wID, (info.fState & MFS_GRAYED) != 0,
-                     info.hSubMenu != nullptr, context});
+                     info.hSubMenu != nullptr, context, menu});
     if (info.hSubMenu) {
-      readMenu(info.hSubMenu, submenu.empty() ? text : submenu + L" > " + text, context, items);
+      std::wstring path = submenu.empty() ? text : submenu + L" > ";
+      if (!submenu.empty()) path += text;
+      readMenu(info.hSubMenu, path, context, items);
     }
   }
 }
@@ -138,6 +123,16 @@ void ContextMenus::rightClick(const AcDbObjectIdArray& ids) {
     });
   }
   Host::instance().runner().tellLeaks(since, false);
+}
+
+std::wstring ContextMenus::picture(const std::wstring& submenu, const std::wstring& file) const {
+  std::vector<HMENU> entries;
+  for (const MenuItem& item : open) {
+    if (item.submenu.empty() && (entries.empty() || entries.back() != item.menu)) {
+      entries.push_back(item.menu);
+    }
+  }
+  return pictureMenu(Host::instance().mainWindow(), entries, submenu, file);
 }
 
 void ContextMenus::choose(const MenuItem& item) {

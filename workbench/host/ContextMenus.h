@@ -1,6 +1,7 @@
 #pragma once
 
 #include <aced.h>
+#include <windows.h>
 
 #include <string>
 #include <vector>
@@ -17,6 +18,7 @@ struct MenuItem {
   bool grayed;
   bool isPopup;
   AcEdUIContext* context;
+  HMENU menu;  ///< the one it stands in
 };
 
 /// The applications' entries in the right-click menus, by the class of the entities.
@@ -37,6 +39,9 @@ class ContextMenus {
   const std::vector<MenuItem>& items() const { return open; }
   /// The entities it was opened for.
   const AcDbObjectIdArray& clicked() const { return clicked_; }
+  /// The menu that was opened last, as the user sees it among the host's own items. Gives an empty
+  /// text, or why there is no picture.
+  std::wstring picture(const std::wstring& submenu, const std::wstring& file) const;
   /// The user clicks an item: its context gets the command, and the menu closes.
   void choose(const MenuItem& item);
 

@@ -1,6 +1,7 @@
 #include <acutmem.h>
 #include <dbapserv.h>
 
+#include "core/Faults.h"
 #include "host/DbObjects.h"
 #include "host/Drawing.h"
 #include "host/DrawingDatabase.h"
@@ -40,6 +41,7 @@ Acad::ErrorStatus AcDbText::setTextString(const ACHAR* pText) {
   if (!pText) return Acad::eInvalidInput;
   auto* imp = static_cast<TextImp*>(AcDbObjectImp::write(this, L"AcDbText::setTextString"));
   if (!imp) return Acad::eNotOpenForWrite;
+  if (FAILED(wb::takeFault(L"AcDbText.setTextString"))) return Acad::eInvalidInput;
   imp->setText(pText);
   imp->aligned = imp->leftAligned;
   imp->database.drawing().touch();

@@ -1,5 +1,6 @@
 #include <acutmem.h>
 
+#include "core/Faults.h"
 #include "host/DbObjects.h"
 #include "host/DrawingDatabase.h"
 #include "host/RxClasses.h"
@@ -80,7 +81,7 @@ Acad::ErrorStatus AcDbBlockTable::getAt(const ACHAR* entryName, AcDbObjectId& re
   recordId.setNull();
   const AcDbObjectImp* imp = AcDbObjectImp::read(this, L"AcDbBlockTable::getAt");
   if (!imp) return Acad::eNotOpenForRead;
-  if (!entryName) return Acad::eInvalidInput;
+  if (!entryName || FAILED(wb::takeFault(L"AcDbBlockTable.getAt"))) return Acad::eInvalidInput;
   const BlockRecordImp* found = imp->database.findRecord(entryName);
   if (!found) return Acad::eKeyNotFound;
   if (found->erased && !getErasedRec) return Acad::eWasErased;

@@ -34,6 +34,11 @@ std::wstring describe(const MenuItem& item) {
 }
 
 void menu(ScriptContext&, Arguments& arguments) {
+  std::wstring file, submenu;
+  if (arguments.take(L"shot")) {
+    file = windowsPath(arguments.textUntil({L"open"}));
+    if (arguments.take(L"open")) submenu = arguments.textUntil();
+  }
   arguments.end();
   const AcDbObjectIdArray picked = Selection::instance().picked();
   if (picked.length() == 0) throw ScriptError(L"nothing is picked");
@@ -41,6 +46,9 @@ void menu(ScriptContext&, Arguments& arguments) {
   menus.rightClick(picked);
   for (const MenuItem& item : menus.items()) tell(L"menu", describe(item));
   if (menus.items().empty()) tell(L"menu", L"no entries");
+  if (file.empty()) return;
+  const std::wstring problem = menus.picture(submenu, file);
+  if (!problem.empty()) throw ScriptError(problem);
 }
 
 bool isOpenFor(const ContextMenus& menus, const AcDbObjectIdArray& picked) {
@@ -74,7 +82,7 @@ std::vector<Directive> selectionDirectives() {
       {L"pick", L"@pick [NAME...], where #N is the N-th entity that is no block reference", pick,
        false},
       {L"select", L"@select NAME..., or @select none", select, true},
-      {L"menu", L"@menu", menu, false},
+      {L"menu", L"@menu, or @menu shot FILE [open SUBMENU]", menu, false},
       {L"choose", L"@choose TEXT, or @choose SUBMENU > TEXT", choose, false},
   };
 }

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+namespace wb {
+
+/// What the person reads on an item of a menu: without the mark of the letter to press.
+std::wstring menuItemText(HMENU menu, UINT position);
+
+/// Shows the host's own menu for objects on the screen, with the applications' entries in it, and
+/// writes a picture of the desktop; then the person goes away from it with the escape key.
+/// @param entries the applications' menus, which keep their items
+/// @param submenu the text of an item that is opened before, empty for none
+/// @return an empty text, or why there is no picture
+std::wstring pictureMenu(HWND owner, const std::vector<HMENU>& entries, const std::wstring& submenu,
+                         const std::wstring& file);
+
+}  // namespace wb
