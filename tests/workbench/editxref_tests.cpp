@@ -27,7 +27,8 @@ TEST_F(EditXref, AFreeFileIsLetGoCheckedOutAndOpenedInItsOwnWindow) {
   openSheet();
   edit("Grid");
   expectOrder({L"prompt: \"Select Xref: ", L"isCheckedOut() -> S_OK = false",
-               L"xref: unloaded Grid", L"VaultFileLegacy.checkOut(", L"doc: opened "});
+               L"xref: unloaded Grid", L"VaultFileLegacy.checkOut(",
+               L"doc: opened <work>\\VIEW\\XREFS\\GRID.DXF"});
   EXPECT_EQ(count(L"read-only"), 0) << recent();
   backToSheet();
   EXPECT_EQ(count(L"xref: loaded"), 0) << "its window is still open";
