@@ -11,7 +11,7 @@ file(MAKE_DIRECTORY ${checks_folder})
 function(project_files variable)
   set(patterns "")
   foreach(extension IN LISTS ARGN)
-    foreach(folder src hostapi workbench support tests bench)
+    foreach(folder src hostapi workbench support tests benchmarks)
       list(APPEND patterns ${CMAKE_SOURCE_DIR}/${folder}/*.${extension})
     endforeach()
   endforeach()
@@ -92,7 +92,7 @@ endfunction()
 file(GLOB_RECURSE module_files CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/*.cpp)
 file(GLOB_RECURSE other_files CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/workbench/*.cpp
      ${CMAKE_SOURCE_DIR}/support/*.cpp ${CMAKE_SOURCE_DIR}/tests/*.cpp
-     ${CMAKE_SOURCE_DIR}/bench/*.cpp)
+     ${CMAKE_SOURCE_DIR}/benchmarks/*.cpp)
 if(CLANG_TIDY)
   add_tidy_target(tidy module_files "" ${module_flags})
   # COM objects and test fixtures are never deleted through their bases, and a test's lists of texts

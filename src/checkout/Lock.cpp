@@ -33,7 +33,7 @@ void lock(AppContext& app, bool silent) {
     return;
   }
   // The document is on its way out by the time that the path is needed again.
-  const CString path = drawing.document->fileName();
+  const CString path = textOf(drawing.document->fileName());
 
   VaultClientPtr client;
   VaultFolderPtr folder;

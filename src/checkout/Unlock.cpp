@@ -63,7 +63,7 @@ void unlock(AppContext& app, PendingCheckIn& note) {
     return;
   }
   VaultFacts facts;
-  if (!readVaultFacts(app, drawing.document->fileName(), facts)) {
+  if (!readVaultFacts(app, textOf(drawing.document->fileName()), facts)) {
     return;
   }
   // Held by whom doesn't matter here: the vault's own verb has the last word on that.
@@ -74,7 +74,7 @@ void unlock(AppContext& app, PendingCheckIn& note) {
     return;
   }
   // Before the saving and the closing, since the document's end can come as soon as they start.
-  note.checkInPath = drawing.document->fileName();
+  note.checkInPath = textOf(drawing.document->fileName());
   note.checkInPending = true;
   // An unchanged drawing isn't saved, so that its file keeps its date.
   if (isCurrentDrawingModified()) {

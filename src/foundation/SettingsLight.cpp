@@ -83,7 +83,9 @@ bool SettingsLight::openVaultKey(const wchar_t* vaultName, Registry& opened,
   if ((flags & machineOnly) == 0) {
     // The user's tree alone needs both roots as well: without the machine's key the suite isn't
     // installed, and what the user's key says of a vault is left over.
-    if (!openMachineRoot() || !openUserRoot()) {
+    const bool machine = openMachineRoot();
+    const bool user = openUserRoot();
+    if (!machine || !user) {
       return false;
     }
     openStandardKey(vaults, userTree, create, plainFlags);

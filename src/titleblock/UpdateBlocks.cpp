@@ -87,24 +87,29 @@ bool isActiveLayout(const CString& layoutName) {
   return lstrcmpiW(layoutName.c_str(), active) == 0;
 }
 
-/// A value without a text form, such as that of a variable not set for the layout, is empty.
-CString valueText(const _variant_t& value) {
-  if (value.vt == VT_BSTR) return value.bstrVal ? value.bstrVal : L"";
+/// Makes a value a text. One without a text form, such as that of a variable not set for the
+/// layout, becomes the empty text.
+const wchar_t* asText(_variant_t& value) {
   try {
-    const _bstr_t text(value);
-    return static_cast<const wchar_t*>(text) ? static_cast<const wchar_t*>(text) : L"";
+    if (value.vt != VT_BSTR) value.ChangeType(VT_BSTR);
   } catch (const _com_error&) {
-    return {};
+    return L"";
   }
+  return value.bstrVal ? value.bstrVal : L"";
 }
 
+/// @param configuration the layout of the reference before this one, and of this one afterwards:
+/// most references share it, and so one string for the client serves them all
 void updateReference(AcDbBlockReference& reference, const CString& pattern,
-                     VaultCardVariable* variable, bool currentLayoutOnly, AcDbDatabase* database) {
+                     VaultCardVariable* variable, bool currentLayoutOnly, AcDbDatabase* database,
+                     _bstr_t& configuration) {
   ArxPtr<AcDbObject> owner;
   if (acdbOpenAcDbObject(owner.out(), reference.ownerId(), AcDb::kForRead) != Acad::eOk) return;
   const CString layoutName = layoutNameOf(owner);
   if (currentLayoutOnly ? !isActiveLayout(layoutName) : layoutName.empty()) return;
-  SetAttributeValue(reference, pattern, valueText(valueFor(variable, layoutName)), database);
+  if (layoutName != static_cast<const wchar_t*>(configuration)) configuration = layoutName.c_str();
+  _variant_t value = valueFor(variable, configuration);
+  SetAttributeValue(reference, pattern, asText(value), database);
 }
 
 void adjustAlignment(AcDbAttribute& attribute, AcDbDatabase* database) {
@@ -133,15 +138,16 @@ void UpdateBlockReferences(AcDbBlockTableRecord& block, const CString& pattern,
   DelPtr<AcDbBlockReferenceIdIterator> references;
   block.newBlockReferenceIdIterator(references.out());
   if (!references) return;
+  _bstr_t configuration(L"");
   for (references->start(); !references->done(); references->step()) {
     ArxPtr<AcDbBlockReference> reference;
     references->getBlockReference(reference.out(), AcDb::kForWrite);
     if (!reference) continue;
-    updateReference(*reference, pattern, variable, currentLayoutOnly, database);
+    updateReference(*reference, pattern, variable, currentLayoutOnly, database, configuration);
   }
 }
 
-bool SetAttributeValue(AcDbBlockReference& reference, const CString& pattern, const CString& value,
+bool SetAttributeValue(AcDbBlockReference& reference, const CString& pattern, const wchar_t* value,
                        AcDbDatabase* database) {
   const DelPtr<AcDbObjectIterator> attributes(reference.attributeIterator());
   if (!attributes) return false;
@@ -153,7 +159,7 @@ bool SetAttributeValue(AcDbBlockReference& reference, const CString& pattern, co
     }
     const HostString tag(attribute->tag());
     if (!MatchTag(tag.text(), pattern)) continue;
-    if (attribute->setTextString(value.c_str()) != Acad::eOk) return false;
+    if (attribute->setTextString(value) != Acad::eOk) return false;
     adjustAlignment(*attribute, database);
     return true;
   }

@@ -29,7 +29,7 @@ void UpdateBlockReferences(AcDbBlockTableRecord& block, const CString& pattern,
 /// Writes `value` into the first attribute of `reference` whose tag matches.
 /// @param reference open for write.
 /// @return true if an attribute matched and took the value.
-bool SetAttributeValue(AcDbBlockReference& reference, const CString& pattern, const CString& value,
+bool SetAttributeValue(AcDbBlockReference& reference, const CString& pattern, const wchar_t* value,
                        AcDbDatabase* database);
 
 /// Reports a vault failure of the title block update in a box.

@@ -42,7 +42,7 @@ bool guardIsOff() {
 }  // namespace
 
 void editGuardCheck(AppContext& app, GuardedDocuments& guarded, AcApDocument* document) {
-  const CString path = document->fileName();
+  const CString path = textOf(document->fileName());
   if (path.empty() || guardIsOff()) return;
 
   GuardedFile vaultFile;
@@ -66,7 +66,7 @@ void editGuardCheck(AppContext& app, GuardedDocuments& guarded, AcApDocument* do
 }
 
 void guardAskLock(AppContext& app, AcApDocument* document) {
-  const CString path = document->fileName();
+  const CString path = textOf(document->fileName());
   if (path.empty()) return;
   const CString question = formatText(
       loadMessage(64,
@@ -80,7 +80,7 @@ void guardAskLock(AppContext& app, AcApDocument* document) {
 }
 
 void guardTellLockedElsewhere(AppContext&, AcApDocument* document) {
-  const CString path = document->fileName();
+  const CString path = textOf(document->fileName());
   if (path.empty()) return;
   const CString text = formatText(
       loadMessage(65,

@@ -18,6 +18,17 @@ constexpr unsigned millisecondsPerMinute = 60000;
 /// Lets the dialog procedure find the instance.
 std::map<HWND, FloatWindow*> floatWindows;
 
+class WorkingScope {
+ public:
+  explicit WorkingScope(bool& working) : working(working) { working = true; }
+  WorkingScope(const WorkingScope&) = delete;
+  WorkingScope& operator=(const WorkingScope&) = delete;
+  ~WorkingScope() { working = false; }
+
+ private:
+  bool& working;
+};
+
 AcApDocument* currentDocument() { return acDocManagerPtr()->curDocument(); }
 
 void setText(HWND window, int control, const wchar_t* text) {
@@ -94,8 +105,9 @@ void FloatWindow::startTimer() {
 
 void FloatWindow::Refresh() {
   AcApDocument* document = currentDocument();
-  if (!document || !*document->fileName()) return;
-  fillDrawingStatus(app, state, document->fileName());
+  const CString path = document ? textOf(document->fileName()) : CString();
+  if (path.empty()) return;
+  fillDrawingStatus(app, state, path);
   XrefState target = XrefState::notApplicable;
   if (!state.notInVault) {
     KillTimer(window, monitorTimer);
@@ -117,7 +129,7 @@ void FloatWindow::DocumentActivated(AcApDocument* document) {
     state = known->second;
   } else {
     if (intervalMinutes != 0) Refresh();
-    fillDrawingStatus(app, state, document->fileName());
+    fillDrawingStatus(app, state, textOf(document->fileName()));
     documents[document] = state;
   }
   if (intervalMinutes != 0) showXrefBox();
@@ -211,13 +223,20 @@ INT_PTR CALLBACK FloatWindow::dialogProcedure(HWND window, UINT message, WPARAM 
   return known == floatWindows.end() ? 0 : known->second->handle(message, wParam);
 }
 
+void FloatWindow::work(const std::function<void()>& step) {
+  // A box of the step's own lets the messages go on: the next tick and the next click would come
+  // into the middle of it.
+  if (working) return;
+  const WorkingScope scope(working);
+  const ComScope com;
+  step();
+}
+
 INT_PTR FloatWindow::handle(UINT message, WPARAM wParam) {
   switch (message) {
-    case WM_TIMER: {
-      const ComScope com;
-      Refresh();
+    case WM_TIMER:
+      work([this] { Refresh(); });
       return 1;
-    }
     case WM_COMMAND:
       onCommand(wParam);
       return 1;
@@ -228,6 +247,8 @@ INT_PTR FloatWindow::handle(UINT message, WPARAM wParam) {
       onDestroy();
       return 1;
     case WM_ACAD_KEEPFOCUS:
+      // Whoever sends a dialog a message gets this as the answer.
+      SetWindowLongPtrW(window, DWLP_MSGRESULT, 1);
       return 1;
     default:
       return 0;
@@ -237,19 +258,15 @@ INT_PTR FloatWindow::handle(UINT message, WPARAM wParam) {
 void FloatWindow::onCommand(WPARAM wParam) {
   if (HIWORD(wParam) != BN_CLICKED) return;
   switch (LOWORD(wParam)) {
-    case IDC_XREFS_LATEST: {
-      const ComScope com;
-      checkXrefs(app, *this, true);
+    case IDC_XREFS_LATEST:
+      work([this] { checkXrefs(app, *this, true); });
       break;
-    }
     case IDC_CHECKED_OUT_HERE:
       sendLockCommand();
       break;
-    case IDC_REFRESH: {
-      const ComScope com;
-      Refresh();
+    case IDC_REFRESH:
+      work([this] { Refresh(); });
       break;
-    }
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <map>
 
 #include "foundation/AppContext.h"
@@ -54,6 +55,8 @@ class FloatWindow : public XrefStateObserver {
   static INT_PTR CALLBACK dialogProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
   INT_PTR handle(UINT message, WPARAM wParam);
   void onCommand(WPARAM wParam);
+  /// Runs what the timer or a click asks for, unless such a step is at work already.
+  void work(const std::function<void()>& step);
   void onClose();
   void onDestroy();
   void sendLockCommand();
@@ -69,6 +72,7 @@ class FloatWindow : public XrefStateObserver {
   AppContext& app;
   FloatDocState state;
   unsigned intervalMinutes = 0;
+  bool working = false;
   HWND window = nullptr;
   HBITMAP refreshBitmap = nullptr;
   std::map<AcApDocument*, FloatDocState> documents;

@@ -32,7 +32,7 @@ bool fileToShow(CString& path) {
   }
   const CurrentDrawing drawing = requireCurrentDrawing();
   if (!drawing) return false;
-  path = drawing.document->fileName();
+  path = textOf(drawing.document->fileName());
   return true;
 }
 

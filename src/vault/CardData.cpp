@@ -46,9 +46,8 @@ CString attributeTagOf(VaultAttributeMapping* mapping) {
   return textOf(tag);
 }
 
-_variant_t valueFor(VaultCardVariable* variable, const CString& configuration) {
+_variant_t valueFor(VaultCardVariable* variable, const _bstr_t& configuration) {
   _variant_t value;
-  check(required(variable).valueForConfiguration(_bstr_t(configuration.c_str()), &value),
-        *variable);
+  check(required(variable).valueForConfiguration(configuration, &value), *variable);
   return value;
 }

@@ -39,4 +39,4 @@ CString attributeTagOf(VaultAttributeMapping* mapping);
 
 /// The value of a variable in one configuration, of any type.
 /// @throws _com_error
-_variant_t valueFor(VaultCardVariable* variable, const CString& configuration);
+_variant_t valueFor(VaultCardVariable* variable, const _bstr_t& configuration);

@@ -19,7 +19,7 @@ bool findCurrentDrawing(DrawingVaultContext& context) {
   if (document == nullptr) {
     return false;
   }
-  context.path = document->fileName();
+  context.path = textOf(document->fileName());
   return true;
 }
 

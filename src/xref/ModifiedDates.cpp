@@ -114,6 +114,7 @@ void readModifiedDates(const VaultViewRecord& view, const CString& statements, X
   VARIANT_BOOL hasRow = findRows(*rows) ? VARIANT_TRUE : VARIANT_FALSE;
   while (hasRow == VARIANT_TRUE) {
     readRow(*rows, files);
+    hasRow = VARIANT_FALSE;
     check(rows->fetchRow(&hasRow), *rows);
   }
 }

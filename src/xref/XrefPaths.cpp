@@ -31,7 +31,7 @@ CString currentDrawingFolder() {
   const CurrentDrawing drawing = requireCurrentDrawing();
   if (!drawing) throw std::runtime_error("Could not get current drawing.");
   PathBuffer folder;
-  if (!copyPath(drawing.document->fileName(), folder) || !PathRemoveFileSpecW(folder) ||
+  if (!copyPath(textOf(drawing.document->fileName()), folder) || !PathRemoveFileSpecW(folder) ||
       !PathAddBackslashW(folder)) {
     throw std::runtime_error("Could not get path of current drawing.");
   }

@@ -1,3 +1,7 @@
+#include <windows.h>
+
+#include <aced.h>
+
 #include <filesystem>
 
 #include "ModuleSession.h"
@@ -217,6 +221,13 @@ TEST_F(StatusWindow, WithMonitoringOffOnlyAClickChecks) {
   run("@click 1021\n");
   EXPECT_EQ(count(L"VaultQuery.execute"), 1) << recent();
   expectShown({"unchecked enabled", "unchecked", "1/1", "enabled", "off"});
+}
+
+TEST_F(StatusWindow, AsksTheHostToLeaveItTheKeyboard) {
+  run("@load\n");
+  const HWND shown = FindWindowW(nullptr, L"Tessaro Status");
+  EXPECT_EQ(SendMessageW(shown, WM_ACAD_KEEPFOCUS, 0, 0), 1);
+  EXPECT_EQ(SendMessageW(shown, WM_ACAD_KEEPFOCUS + 1, 0, 0), 0);
 }
 
 TEST_F(StatusWindow, SettingsTakeEffectAtOnce) {

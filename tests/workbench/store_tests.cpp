@@ -176,6 +176,21 @@ TEST_F(StoreTest, TakingAFileInNeverOverwritesAnother) {
   EXPECT_EQ(E_QVT_FILE_NOT_FOUND, refusal([&] { store.checkOut(missing); }));
 }
 
+TEST_F(StoreTest, ManyChangesAreWrittenTogetherAsFarAsTheyCame) {
+  const auto path = [&](int number) {
+    return (view / (std::to_wstring(number) + L".dwg")).wstring();
+  };
+  EXPECT_EQ(E_QVT_NAME_ALREADY_EXISTS, refusal([&] {
+              store.together([&] {
+                for (const int number : {1, 2, 1, 3}) store.add(path(number), source, L"anna", L"");
+              });
+            }));
+  reopen();
+  EXPECT_NE(nullptr, store.find(path(1)));
+  EXPECT_NE(nullptr, store.find(path(2)));
+  EXPECT_EQ(nullptr, store.find(path(3)));
+}
+
 TEST_F(StoreTest, EverythingIsThereAgainInTheNextRun) {
   const FILETIME date{0x80000000, 30000000};
   store.setState(plan, L"Freigegeben f\u00FCr \u5DE5\u5382");

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "client/LiveObject.h"
+#include "core/StandInTime.h"
 
 namespace wb {
 
@@ -61,6 +62,7 @@ class ClientCall {
   HRESULT guarded(const std::function<HRESULT()>& body) const;
   void tellResult(HRESULT result) const;
 
+  const InStandIn inside;
   const wchar_t* operation;
   std::wstring arguments;
   std::vector<Out> outs;

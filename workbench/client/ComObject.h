@@ -9,6 +9,7 @@
 #include "client/LiveObject.h"
 #include "client/Owned.h"
 #include "client/TypeLibrary.h"
+#include "core/StandInTime.h"
 
 namespace wb {
 
@@ -64,6 +65,7 @@ class ComObject : public Parts..., public LiveObject {
   virtual ~ComObject() = default;
 
   STDMETHODIMP QueryInterface(REFIID iid, void** out) override {
+    const InStandIn inside;
     if (!out) return E_POINTER;
     *out = find(iid);
     const HRESULT allowed = *out ? admit(iid) : E_NOINTERFACE;
@@ -75,9 +77,13 @@ class ComObject : public Parts..., public LiveObject {
     return allowed;
   }
 
-  STDMETHODIMP_(ULONG) AddRef() override { return addReference(); }
+  STDMETHODIMP_(ULONG) AddRef() override {
+    const InStandIn inside;
+    return addReference();
+  }
 
   STDMETHODIMP_(ULONG) Release() override {
+    const InStandIn inside;
     const ULONG left = removeReference();
     if (left == 0) delete this;
     return left;

@@ -8,6 +8,7 @@
 #include <mutex>
 #include <unordered_map>
 
+#include "core/StandInTime.h"
 #include "core/Transcript.h"
 
 namespace wb {
@@ -29,6 +30,7 @@ Ticket following = 1;
 void memoryIsFreed(const void* block) {
   // A BSTR's block begins with its length, 8 bytes ahead of the text.
   constexpr size_t bstrHeader = 8;
+  const InStandIn inside;
   const std::lock_guard lock(accountsMutex);
   for (const size_t offset : {size_t{0}, bstrHeader}) {
     const auto found = memory.find(static_cast<const char*>(block) + offset);
@@ -93,8 +95,10 @@ bool startWatchingFrees() {
   return false;
 }
 
+bool memoryIsLeftOut = false;
+
 bool watchesFrees() {
-  static const bool watches = startWatchingFrees();
+  static const bool watches = !memoryIsLeftOut && startWatchingFrees();
   return watches;
 }
 
@@ -116,6 +120,8 @@ void handOutMemory(const void* block, std::wstring kind, std::wstring label) {
   const std::lock_guard lock(accountsMutex);
   memory[block] = handOut(std::move(kind), std::move(label));
 }
+
+void leaveMemoryOut() { memoryIsLeftOut = true; }
 
 void keepBeyondCommand(Ticket ticket) {
   const std::lock_guard lock(accountsMutex);

@@ -17,6 +17,10 @@ void giveBack(Ticket ticket);
 /// given back when COM's task allocator frees it.
 void handOutMemory(const void* memory, std::wstring kind, std::wstring label);
 
+/// From here on no memory is accounted for in this process: the watching of COM's allocator slows
+/// down whoever allocates. To be called before the first memory is entered.
+void leaveMemoryOut();
+
 /// What may outlive the command that got it, such as the module's text service; it has to be back
 /// at the end of the run.
 void keepBeyondCommand(Ticket ticket);

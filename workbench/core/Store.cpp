@@ -85,6 +85,8 @@ void Store::createVault(const std::wstring& name, const std::wstring& root) {
   }
 }
 
+void Store::together(const std::function<void()>& changes) { content->together(changes); }
+
 const StoredVault* Store::vaultOf(std::wstring_view path) const {
   const std::wstring full = plainPath(path);
   const StoredVault* found = nullptr;

@@ -66,6 +66,9 @@ class Store {
   /// empty. Another local file in its place is refused, not overwritten.
   void add(const std::wstring& path, const std::filesystem::path& from, const std::wstring& user,
            const std::wstring& comment);
+  /// Makes changes of many files with a single write at their end; those that were made before one
+  /// is refused are written, too.
+  void together(const std::function<void()>& changes);
   /// Stores a further version, as made at another workstation; the local copy stays as it is.
   void addVersion(const std::wstring& path, const std::filesystem::path& from,
                   const std::wstring& user, const std::wstring& comment);

@@ -93,7 +93,22 @@ void StoreContent::removeLeftovers() const {
 
 void StoreContent::save() {
   if (folder.empty()) throw StoreError(E_QVT_NOT_INITIALIZED, L"the store isn't open");
-  replaceFile(indexFile(), vaultsToJson(vaults));
+  if (!postponed) write();
+}
+
+void StoreContent::write() const { replaceFile(indexFile(), vaultsToJson(vaults)); }
+
+void StoreContent::together(const std::function<void()>& changes) {
+  postponed = true;
+  try {
+    changes();
+  } catch (...) {
+    postponed = false;
+    write();
+    throw;
+  }
+  postponed = false;
+  write();
 }
 
 void StoreContent::archive(StoredFile& file, const std::string& bytes, const std::wstring& user,

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -24,8 +25,10 @@ class StoreContent {
 
   std::vector<StoredVault> vaults;
 
-  /// Writes store.json. Raises StoreError, E_QVT_NOT_INITIALIZED if the store isn't open.
+  /// Writes store.json, or leaves that to the end of the `together` that runs. Raises StoreError,
+  /// E_QVT_NOT_INITIALIZED if the store isn't open.
   void save();
+  void together(const std::function<void()>& changes);
 
   /// Adds a version to `file`: its content is in the archive, flushed, when this returns.
   void archive(StoredFile& file, const std::string& bytes, const std::wstring& user,
@@ -39,10 +42,12 @@ class StoreContent {
   std::filesystem::path indexFile() const { return folder / L"store.json"; }
   std::filesystem::path archiveFolder() const { return folder / L"archive"; }
   void read();
+  void write() const;
   void removeLeftovers() const;
 
   std::filesystem::path folder;
   std::unique_ptr<FileHandle> lock;
+  bool postponed = false;
 };
 
 /// The folder below a view's root in which a new local file is written before it is moved.

@@ -2,6 +2,7 @@
 #include <dbapserv.h>
 
 #include "core/Faults.h"
+#include "core/StandInTime.h"
 #include "host/DbObjects.h"
 #include "host/Drawing.h"
 #include "host/DrawingDatabase.h"
@@ -23,6 +24,7 @@ AcDbAttribute::AcDbAttribute() = default;
 AcDbAttribute::~AcDbAttribute() = default;
 
 AcDbObjectId AcDbBlockReference::blockTableRecord() const {
+  const wb::InStandIn inside;
   const auto* imp = static_cast<const ReferenceImp*>(
       AcDbObjectImp::read(this, L"AcDbBlockReference::blockTableRecord"));
   return imp ? imp->record : AcDbObjectId();
@@ -30,6 +32,7 @@ AcDbObjectId AcDbBlockReference::blockTableRecord() const {
 
 Acad::ErrorStatus AcDbBlockReference::openAttribute(AcDbAttribute*& pAttribute, AcDbObjectId objId,
                                                     AcDb::OpenMode openMode, bool openErasedOne) {
+  const wb::InStandIn inside;
   pAttribute = nullptr;
   if (!AcDbObjectImp::read(this, L"AcDbBlockReference::openAttribute")) {
     return Acad::eNotOpenForRead;
@@ -38,6 +41,7 @@ Acad::ErrorStatus AcDbBlockReference::openAttribute(AcDbAttribute*& pAttribute, 
 }
 
 Acad::ErrorStatus AcDbText::setTextString(const ACHAR* pText) {
+  const wb::InStandIn inside;
   if (!pText) return Acad::eInvalidInput;
   auto* imp = static_cast<TextImp*>(AcDbObjectImp::write(this, L"AcDbText::setTextString"));
   if (!imp) return Acad::eNotOpenForWrite;
@@ -52,6 +56,7 @@ Acad::ErrorStatus AcDbText::setTextString(const ACHAR* pText) {
 // stored alignment point stays the authority, from which a reader of the file places the text.
 // What is kept is whether the application asked for it as the host needs it.
 Acad::ErrorStatus AcDbText::adjustAlignment(const AcDbDatabase* pDb) {
+  const wb::InStandIn inside;
   auto* imp = static_cast<TextImp*>(AcDbObjectImp::write(this, L"AcDbText::adjustAlignment"));
   if (!imp) return Acad::eNotOpenForWrite;
   const AcDbDatabase* own = imp->database.database();
@@ -61,6 +66,7 @@ Acad::ErrorStatus AcDbText::adjustAlignment(const AcDbDatabase* pDb) {
 }
 
 ACHAR* AcDbAttribute::tag() const {
+  const wb::InStandIn inside;
   const auto* imp =
       static_cast<const AttributeImp*>(AcDbObjectImp::read(this, L"AcDbAttribute::tag"));
   ACHAR* copy = nullptr;

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "core/StandInTime.h"
 #include "host/DbObjects.h"
 #include "host/DrawingDatabase.h"
 
@@ -36,6 +37,7 @@ class AttributeIterator : public AcDbObjectIterator {
   }
   bool done() const override { return position < 0 || position > last(); }
   void step(bool backwards, bool skipDeleted) override {
+    const wb::InStandIn inside;
     if (done()) return;
     position += backwards ? -1 : 1;
     if (skipDeleted) skip(backwards);
@@ -74,17 +76,25 @@ class AcDbBlockReferenceIdIteratorImp {
 };
 
 AcDbBlockReferenceIdIterator::AcDbBlockReferenceIdIterator() = default;
-AcDbBlockReferenceIdIterator::~AcDbBlockReferenceIdIterator() { delete imp; }
+AcDbBlockReferenceIdIterator::~AcDbBlockReferenceIdIterator() {
+  const wb::InStandIn inside;
+  delete imp;
+}
 
-void AcDbBlockReferenceIdIterator::start() { imp->position = 0; }
+void AcDbBlockReferenceIdIterator::start() {
+  const wb::InStandIn inside;
+  imp->position = 0;
+}
 bool AcDbBlockReferenceIdIterator::done() const { return imp->position >= imp->ids.size(); }
 void AcDbBlockReferenceIdIterator::step() {
+  const wb::InStandIn inside;
   if (!done()) ++imp->position;
 }
 
 Acad::ErrorStatus AcDbBlockReferenceIdIterator::getBlockReference(AcDbBlockReference*& pBlkRef,
                                                                   AcDb::OpenMode openMode,
                                                                   bool openErasedRec) const {
+  const wb::InStandIn inside;
   pBlkRef = nullptr;
   if (done()) return Acad::eInvalidIndex;
   return acdbOpenObject(pBlkRef, imp->ids[imp->position], openMode, openErasedRec);
@@ -92,6 +102,7 @@ Acad::ErrorStatus AcDbBlockReferenceIdIterator::getBlockReference(AcDbBlockRefer
 
 Acad::ErrorStatus AcDbBlockTableRecord::newBlockReferenceIdIterator(
     AcDbBlockReferenceIdIterator*& pIter) const {
+  const wb::InStandIn inside;
   pIter = nullptr;
   const auto* imp = static_cast<const wb::BlockRecordImp*>(
       AcDbObjectImp::read(this, L"AcDbBlockTableRecord::newBlockReferenceIdIterator"));
@@ -101,6 +112,7 @@ Acad::ErrorStatus AcDbBlockTableRecord::newBlockReferenceIdIterator(
 }
 
 AcDbObjectIterator* AcDbBlockReference::attributeIterator() const {
+  const wb::InStandIn inside;
   const auto* imp = static_cast<const wb::ReferenceImp*>(
       AcDbObjectImp::read(this, L"AcDbBlockReference::attributeIterator"));
   return imp ? new AttributeIterator(*imp) : nullptr;

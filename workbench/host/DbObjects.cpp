@@ -2,6 +2,7 @@
 
 #include <unordered_map>
 
+#include "core/StandInTime.h"
 #include "core/Transcript.h"
 #include "host/Drawing.h"
 #include "host/DrawingDatabase.h"
@@ -131,13 +132,18 @@ AcDbObjectIterator::~AcDbObjectIterator() = default;
 AcDbObjectId AcDbObject::objectId() const { return imp->id; }
 
 AcDbObjectId AcDbObject::ownerId() const {
+  const wb::InStandIn inside;
   return AcDbObjectImp::read(this, L"AcDbObject::ownerId") ? imp->owner : AcDbObjectId();
 }
 
-Acad::ErrorStatus AcDbObject::close() { return imp->close(); }
+Acad::ErrorStatus AcDbObject::close() {
+  const wb::InStandIn inside;
+  return imp->close();
+}
 
 Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& pObj, AcDbObjectId id, AcDb::OpenMode mode,
                                      bool openErased) {
+  const wb::InStandIn inside;
   pObj = nullptr;
   if (id.isNull()) return Acad::eNullObjectId;
   AcDbObjectImp* imp = AcDbObjectImp::find(id);
@@ -149,6 +155,7 @@ Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& pObj, AcDbObjectId id, AcDb::O
 
 Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& pObj, AcDbObjectId id, AcDb::OpenMode mode,
                                      const AcRxClass* pClass, bool openErased) {
+  const wb::InStandIn inside;
   pObj = nullptr;
   const AcDbObjectImp* imp = AcDbObjectImp::find(id);
   if (imp && pClass && !imp->object()->isKindOf(pClass)) return Acad::eNotThatKindOfClass;

@@ -1,6 +1,7 @@
 #include <acutmem.h>
 
 #include "core/Faults.h"
+#include "core/StandInTime.h"
 #include "host/DbObjects.h"
 #include "host/DrawingDatabase.h"
 #include "host/RxClasses.h"
@@ -38,40 +39,47 @@ Acad::ErrorStatus copyOut(const std::wstring& text, ACHAR*& copy) {
 }  // namespace
 
 Acad::ErrorStatus AcDbSymbolTableRecord::getName(ACHAR*& pName) const {
+  const wb::InStandIn inside;
   pName = nullptr;
   const BlockRecordImp* imp = record(this, L"AcDbSymbolTableRecord::getName");
   return imp ? copyOut(imp->blockName, pName) : Acad::eNotOpenForRead;
 }
 
 Acad::ErrorStatus AcDbSymbolTableRecord::getName(const ACHAR*& pName) const {
+  const wb::InStandIn inside;
   const BlockRecordImp* imp = record(this, L"AcDbSymbolTableRecord::getName");
   pName = imp ? imp->blockName.c_str() : nullptr;
   return imp ? Acad::eOk : Acad::eNotOpenForRead;
 }
 
 Acad::ErrorStatus AcDbBlockTableRecord::pathName(ACHAR*& pPath) const {
+  const wb::InStandIn inside;
   pPath = nullptr;
   const BlockRecordImp* imp = record(this, L"AcDbBlockTableRecord::pathName");
   return imp ? copyOut(imp->path, pPath) : Acad::eNotOpenForRead;
 }
 
 Acad::ErrorStatus AcDbBlockTableRecord::pathName(const ACHAR*& pPath) const {
+  const wb::InStandIn inside;
   const BlockRecordImp* imp = record(this, L"AcDbBlockTableRecord::pathName");
   pPath = imp ? imp->path.c_str() : nullptr;
   return imp ? Acad::eOk : Acad::eNotOpenForRead;
 }
 
 bool AcDbBlockTableRecord::isFromExternalReference() const {
+  const wb::InStandIn inside;
   const BlockRecordImp* imp = record(this, L"AcDbBlockTableRecord::isFromExternalReference");
   return imp && imp->isXref;
 }
 
 bool AcDbBlockTableRecord::hasAttributeDefinitions() const {
+  const wb::InStandIn inside;
   const BlockRecordImp* imp = record(this, L"AcDbBlockTableRecord::hasAttributeDefinitions");
   return imp && imp->hasAttributeDefinitions;
 }
 
 AcDbObjectId AcDbBlockTableRecord::getLayoutId() const {
+  const wb::InStandIn inside;
   const BlockRecordImp* imp = record(this, L"AcDbBlockTableRecord::getLayoutId");
   return imp ? imp->layout : AcDbObjectId();
 }
@@ -98,6 +106,7 @@ Acad::ErrorStatus AcDbBlockTable::getAt(const ACHAR* entryName, AcDbBlockTableRe
 }
 
 Acad::ErrorStatus AcDbLayout::getLayoutName(ACHAR*& pLayoutName) const {
+  const wb::InStandIn inside;
   pLayoutName = nullptr;
   const auto* imp =
       static_cast<const wb::LayoutImp*>(AcDbObjectImp::read(this, L"AcDbLayout::getLayoutName"));

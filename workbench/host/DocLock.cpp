@@ -1,11 +1,13 @@
 #include <axlock.h>
 
+#include "core/StandInTime.h"
 #include "core/Accounts.h"
 #include "host/DocumentManager.h"
 #include "host/Host.h"
 
 AcAxDocLock::AcAxDocLock(AcDbDatabase* pDb, DocLockType)
     : status(Acad::eNoDocument), database(pDb), ticket(0) {
+  const wb::InStandIn inside;
   wb::DocumentManager& manager = wb::Host::instance().documents();
   wb::Document* document = manager.find(pDb);
   if (!document) return;
@@ -18,6 +20,7 @@ AcAxDocLock::AcAxDocLock(AcDbDatabase* pDb, DocLockType)
 }
 
 AcAxDocLock::~AcAxDocLock() {
+  const wb::InStandIn inside;
   if (status != Acad::eOk) return;
   wb::giveBack(ticket);
   wb::DocumentManager& manager = wb::Host::instance().documents();

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/StandInTime.h"
 #include "core/Transcript.h"
 #include "host/CommandRunner.h"
 #include "host/Drawing.h"
@@ -58,6 +59,7 @@ AcApDocumentIterator* DocumentManager::newAcApDocumentIterator() { return new It
 Acad::ErrorStatus DocumentManager::sendStringToExecute(AcApDocument* pAcTargetDocument,
                                                        const ACHAR* pszExecute, bool bActivate,
                                                        bool, bool) {
+  const InStandIn inside;
   if (!pszExecute || !isOpen(pAcTargetDocument)) {
     tell(L"send", L"refused: " + (pszExecute ? quoted(pszExecute) : L"no text"));
     return pszExecute ? Acad::eNoDocument : Acad::eInvalidInput;
@@ -79,6 +81,7 @@ Acad::ErrorStatus DocumentManager::appContextNewDocument(const ACHAR*) {
 }
 
 Acad::ErrorStatus DocumentManager::appContextOpenDocument(const ACHAR* pszDrawingName) {
+  const InStandIn inside;
   if (!pszDrawingName || !*pszDrawingName) return Acad::eInvalidInput;
   // The caller's text may belong to a document that the queued input closes.
   const std::wstring path = pszDrawingName;
@@ -93,6 +96,7 @@ Acad::ErrorStatus DocumentManager::appContextOpenDocument(const ACHAR* pszDrawin
 }
 
 Acad::ErrorStatus DocumentManager::closeDocument(AcApDocument* pAcTargetDocument) {
+  const InStandIn inside;
   if (!isOpen(pAcTargetDocument)) return Acad::eNoDocument;
   return close(static_cast<Document*>(pAcTargetDocument), true) ? Acad::eOk : Acad::eUserBreak;
 }

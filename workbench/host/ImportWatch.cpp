@@ -19,12 +19,12 @@ std::map<HMODULE, std::vector<PatchedSlot>>& patchedModules() {
   return modules;
 }
 
-std::map<std::string_view, void*> allObservers() {
-  std::map<std::string_view, void*> observers;
+std::vector<WatchedCall> allCalls() {
+  std::vector<WatchedCall> all;
   for (const auto& calls : {registryCalls(), resourceCalls(), windowCalls()}) {
-    for (const WatchedCall& call : calls) observers.emplace(call.name, call.observer);
+    all.insert(all.end(), calls.begin(), calls.end());
   }
-  return observers;
+  return all;
 }
 
 bool writeSlot(void** slot, void* value) {
@@ -62,10 +62,11 @@ void forEachImport(HMODULE module, Visitor visit) {
 
 }  // namespace
 
-void watchImports(HMODULE module) {
+void observeImports(HMODULE module, const std::vector<WatchedCall>& calls) {
   if (patchedModules().count(module)) return;
   std::vector<PatchedSlot> patched;
-  const auto observers = allObservers();
+  std::map<std::string_view, void*> observers;
+  for (const WatchedCall& call : calls) observers.emplace(call.name, call.observer);
   forEachImport(module, [&](const char* name, void** slot) {
     const auto observer = observers.find(name);
     if (observer == observers.end()) return;
@@ -74,6 +75,8 @@ void watchImports(HMODULE module) {
   });
   patchedModules()[module] = std::move(patched);
 }
+
+void watchImports(HMODULE module) { observeImports(module, allCalls()); }
 
 void unwatchImports(HMODULE module) {
   const auto at = patchedModules().find(module);

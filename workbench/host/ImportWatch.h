@@ -3,6 +3,9 @@
 #include <windows.h>
 
 #include <optional>
+#include <vector>
+
+#include "host/WatchedCalls.h"
 
 namespace wb {
 
@@ -14,6 +17,9 @@ namespace wb {
 /// its static constructors did isn't seen, so its static destructors mustn't be either: see
 /// unwatchImports().
 void watchImports(HMODULE module);
+
+/// Puts observers of the caller's own in the place of functions that the module imports.
+void observeImports(HMODULE module, const std::vector<WatchedCall>& calls);
 
 /// Puts the module's import table back. To be called just before FreeLibrary.
 void unwatchImports(HMODULE module);

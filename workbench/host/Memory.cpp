@@ -5,6 +5,7 @@
 #include <map>
 #include <string>
 
+#include "core/StandInTime.h"
 #include "core/Accounts.h"
 #include "core/Transcript.h"
 
@@ -27,6 +28,7 @@ bool acutNewBuffer(void*& pBuffer, size_t size) {
 }
 
 void acutDelBuffer(void*& pBuffer) {
+  const wb::InStandIn inside;
   if (!pBuffer) return;
   const auto found = buffers().find(pBuffer);
   if (found == buffers().end()) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/Accounts.h"
+#include "core/StandInTime.h"
 #include "host/Guarded.h"
 #include "host/Names.h"
 
@@ -39,6 +40,7 @@ class ReactorList {
     for (const auto& entry : atStart) {
       const auto now = find(entry.first);
       if (now == entries_.end() || now->second != entry.second) continue;
+      const InModule outside;
       runGuarded(name, [&] { event(*entry.first); });
     }
   }

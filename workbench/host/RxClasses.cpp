@@ -11,6 +11,8 @@
 #include <rxdict.h>
 #include <rxdlinkr.h>
 
+#include "core/StandInTime.h"
+
 #include <vector>
 
 namespace {
@@ -44,7 +46,10 @@ AcRxClass* AcRxObject::desc() {
 
 AcRxClass* AcRxObject::isA() const { return desc(); }
 
-bool AcRxObject::isKindOf(const AcRxClass* aClass) const { return isA()->isDerivedFrom(aClass); }
+bool AcRxObject::isKindOf(const AcRxClass* aClass) const {
+  const wb::InStandIn inside;
+  return isA()->isDerivedFrom(aClass);
+}
 
 const ACHAR* AcRxClass::name() const { return name_; }
 

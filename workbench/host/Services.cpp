@@ -1,5 +1,6 @@
 #include <dbapserv.h>
 
+#include "core/StandInTime.h"
 #include "host/FileSelection.h"
 
 namespace {
@@ -18,6 +19,7 @@ AcDbHostApplicationServices* acdbHostApplicationServices() { return &services();
 AcDbDatabase* AcDbHostApplicationServices::workingDatabase() const { return working; }
 
 void AcDbHostApplicationServices::setWorkingDatabase(AcDbDatabase* pDatabase) {
+  const wb::InStandIn inside;
   working = pDatabase;
 }
 

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "core/StandInTime.h"
 #include "core/Accounts.h"
 #include "host/DbObjects.h"
 #include "host/Drawing.h"
@@ -74,7 +75,10 @@ AcDbGraphNode* AcDbGraphNode::out(int idx) const {
 }
 
 AcDbGraph::AcDbGraph() : imp(new AcDbGraphImp) {}
-AcDbGraph::~AcDbGraph() { delete imp; }
+AcDbGraph::~AcDbGraph() {
+  const wb::InStandIn inside;
+  delete imp;
+}
 
 int AcDbGraph::numNodes() const { return static_cast<int>(imp->nodes.size()); }
 
@@ -115,6 +119,7 @@ Acad::ErrorStatus change(const ACHAR* name, const AcDbDatabase* database,
 }  // namespace
 
 Acad::ErrorStatus acedGetCurDwgXrefGraph(AcDbXrefGraph& graph, Adesk::Boolean includeGhosts) {
+  const wb::InStandIn inside;
   const wb::Drawing* drawing = drawingOf(nullptr);
   if (!drawing) return Acad::eNoDatabase;
   AcDbGraphImp::fill(graph, *drawing, includeGhosts != Adesk::kFalse);
@@ -122,9 +127,11 @@ Acad::ErrorStatus acedGetCurDwgXrefGraph(AcDbXrefGraph& graph, Adesk::Boolean in
 }
 
 Acad::ErrorStatus acedXrefUnload(const ACHAR* XrefBlockname, const bool, AcDbDatabase* pHostDb) {
+  const wb::InStandIn inside;
   return change(XrefBlockname, pHostDb, &wb::Xrefs::unload);
 }
 
 Acad::ErrorStatus acedXrefReload(const ACHAR* XrefBlockname, const bool, AcDbDatabase* pHostDb) {
+  const wb::InStandIn inside;
   return change(XrefBlockname, pHostDb, &wb::Xrefs::reload);
 }

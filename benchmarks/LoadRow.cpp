@@ -1,0 +1,28 @@
+// Loading and unloading the module.
+
+#include "Measure.h"
+#include "Rows.h"
+#include "host/Host.h"
+
+namespace bench {
+
+void moduleLoad(Workshop& workshop) {
+  workshop.session.unload();
+  const auto loadAndUnload = [](const wchar_t* name) {
+    const std::wstring file = (Workshop::binFolder() / name).wstring();
+    return spent([&] {
+             wb::Host::instance().loadModule(file);
+             wb::Host::instance().unloadModule(file);
+           })
+        .all;
+  };
+  Row row("Loading and unloading the module / an empty one", "us");
+  for (int round = 0; round < 9; ++round) {
+    const double module = loadAndUnload(L"TessaroAcad.arx");
+    row.add(module, loadAndUnload(L"emptymodule.arx"));
+  }
+  print(row);
+  workshop.run("@load\n");
+}
+
+}  // namespace bench

@@ -1,0 +1,55 @@
+#include "ModuleMemory.h"
+
+#include <malloc.h>
+
+#include <algorithm>
+#include <cstdlib>
+
+#include "host/ImportWatch.h"
+
+namespace bench {
+
+namespace {
+
+// What was allocated before the watching began and is freed later makes `held` negative.
+std::ptrdiff_t held = 0, peak = 0;
+
+void* taken(void* block) {
+  if (block) held += static_cast<std::ptrdiff_t>(_msize(block));
+  peak = std::max(peak, held);
+  return block;
+}
+
+void given(void* block) {
+  if (block) held -= static_cast<std::ptrdiff_t>(_msize(block));
+}
+
+void* observedMalloc(size_t size) { return taken(std::malloc(size)); }
+void* observedCalloc(size_t count, size_t size) { return taken(std::calloc(count, size)); }
+
+void* observedRealloc(void* block, size_t size) {
+  given(block);
+  return taken(std::realloc(block, size));
+}
+
+void observedFree(void* block) {
+  given(block);
+  std::free(block);
+}
+
+}  // namespace
+
+void watchMemoryOf(HMODULE module) {
+  wb::observeImports(module, {{"malloc", reinterpret_cast<void*>(observedMalloc)},
+                              {"calloc", reinterpret_cast<void*>(observedCalloc)},
+                              {"realloc", reinterpret_cast<void*>(observedRealloc)},
+                              {"free", reinterpret_cast<void*>(observedFree)}});
+}
+
+std::size_t peakSinceLastQuestion() {
+  const std::size_t found = static_cast<std::size_t>(std::max<std::ptrdiff_t>(peak, 0));
+  held = peak = 0;
+  return found;
+}
+
+}  // namespace bench
