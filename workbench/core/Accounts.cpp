@@ -76,8 +76,12 @@ class FreeSpy : public IMallocSpy {
 /// Automation keeps freed strings in a cache of its own, where the allocator doesn't see them. This
 /// switches it off, as the environment variable OANOCACHE does; oleaut32 declares it in no header.
 bool switchStringCacheOff() {
-  const HMODULE automation = GetModuleHandleW(L"oleaut32.dll");
-  const FARPROC found = automation ? GetProcAddress(automation, "SetOaNoCache") : nullptr;
+  // Pinned: unloaded with the client and loaded again, it would have its cache back.
+  HMODULE automation = nullptr;
+  if (!GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN, L"oleaut32.dll", &automation)) {
+    return GetEnvironmentVariableW(L"OANOCACHE", nullptr, 0) != 0;
+  }
+  const FARPROC found = GetProcAddress(automation, "SetOaNoCache");
   if (!found) return GetEnvironmentVariableW(L"OANOCACHE", nullptr, 0) != 0;
   reinterpret_cast<void(WINAPI*)()>(reinterpret_cast<void*>(found))();
   return true;
