@@ -2,7 +2,6 @@
 
 #include <fstream>
 #include <iterator>
-#include <map>
 
 #include "core/Text.h"
 
@@ -41,50 +40,6 @@ void XrefSession::reopenSheet() {
   for (const wchar_t* name : {L"Grid", L"Tree", L"Loose", L"Alpha", L"Beta", L"Zeta"}) {
     EXPECT_EQ(count(std::wstring(L"xref: loaded ") + name + L" "), 1) << recent();
   }
-}
-
-std::vector<std::string> XrefSession::clientCalls() const {
-  constexpr std::wstring_view kind = L"client: ";
-  std::vector<std::string> calls;
-  for (const std::wstring& line : lines()) {
-    if (line.rfind(kind, 0) != 0) continue;
-    calls.push_back(wb::toUtf8(line.substr(kind.size(), line.find(L'(') - kind.size())));
-  }
-  return calls;
-}
-
-void XrefSession::failEachCall(const std::string& script, const std::vector<std::string>& reset) {
-  openSheet();
-  run(script);
-  const std::vector<std::string> calls = clientCalls();
-  ASSERT_FALSE(calls.empty());
-  const auto goBack = [&] {
-    // Each undoes something that the command may not have come to.
-    for (const std::string& line : reset) session.run(line);
-    reopenSheet();
-  };
-  goBack();
-  std::map<std::string, int> before;
-  for (const std::string& call : calls) {
-    const int after = before[call]++;
-    SCOPED_TRACE(call + " after " + std::to_string(after));
-    mark();
-    run("@fail " + call + " E_FAIL after " + std::to_string(after) + "\n");
-    // What the failed command asks and what is answered needn't fit; that alone may be wrong.
-    session.run(script);
-    EXPECT_EQ(count(L"-> E_FAIL"), 1) << recent();
-    EXPECT_EQ(count(L"leak: "), 0) << recent();
-    int misfits = 0;
-    for (const wchar_t* one : {L"without an answer: ", L"can't be answered", L"error: line ",
-                               L"nothing asked for the answer"}) {
-      misfits += count(one);
-    }
-    EXPECT_EQ(count(L"error: "), misfits) << recent();
-    run("@fail clear\n");
-    goBack();
-    if (HasFailure()) return;
-  }
-  run(script);
 }
 
 std::vector<std::string> XrefSession::undoOfGrid() {

@@ -128,6 +128,4 @@ TEST_F(ContextMenu, AFailureOfTheClientIsToldAndLeavesNoEntries) {
   EXPECT_EQ(count(L"uncaught"), 0) << recent();
 }
 
-TEST_F(ContextMenu, NoFailureLosesAnything) { failEachCall("@pick Grid\n@menu\n", {}); }
-
 }  // namespace

@@ -122,10 +122,4 @@ TEST_F(EditXref, AFileThatCantBeOpenedIsTriedAgainWithTheNextActivation) {
   EXPECT_EQ(count(L"xref: unresolved Gone"), 1) << recent();
 }
 
-TEST_F(EditXref, NoFailureLosesAnXref) {
-  std::vector<std::string> reset = undoOfGrid();
-  reset.insert(reset.begin(), "@close " + windowOf(L"Grid.dxf") + "\n");
-  failEachCall("@pick\n@select Grid\nTessaro_editxref\n", reset);
-}
-
 }  // namespace

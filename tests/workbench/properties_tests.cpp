@@ -69,8 +69,4 @@ TEST_F(Properties, AFailureOfTheClientIsToldInPlaceOfTheDialog) {
   EXPECT_EQ(count(L"box: flags=MB_OK|MB_ICONINFORMATION"), 1) << recent();
 }
 
-TEST_F(Properties, NoFailureLosesAnything) {
-  failEachCall("@pick Grid\n@answer ok\nTessaro_properties\n", {});
-}
-
 }  // namespace

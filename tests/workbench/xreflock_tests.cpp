@@ -68,13 +68,4 @@ TEST_F(XrefLock, AFailedCheckOutIsToldAndTheNextXrefFollows) {
   EXPECT_EQ(count(L"text=\"Error checking in file.\\n"), 1) << recent();
 }
 
-TEST_F(XrefLock, NoFailureLosesAnythingOnTheWayOut) {
-  failEachCall("@pick Grid\nTessaro_lockxref\n", undoOfGrid());
-}
-
-TEST_F(XrefLock, NoFailureLosesAnythingOnTheWayIn) {
-  run("@vault checkout %WORK%\\View\\Xrefs\\Grid.dxf\n");
-  failEachCall("@pick Grid\n@answer cancel\nTessaro_unlockxref\n", {});
-}
-
 }  // namespace

@@ -93,12 +93,4 @@ TEST_F(XrefVersion, AHeldXrefTakesTheVersionAllTheSame) {
   EXPECT_EQ(count(L"getVersion("), 1) << recent();
 }
 
-TEST_F(XrefVersion, NoFailureOfTheCommandLineFormLosesAnXref) {
-  failEachCall("@pick Grid\n_Tessaro_getxrefver2 2 \n", {});
-}
-
-TEST_F(XrefVersion, NoFailureOfTheDialogLosesAnXref) {
-  failEachCall("@pick Grid\n@row 2\n@answer ok\nTessaro_getxrefversion\n", {});
-}
-
 }  // namespace

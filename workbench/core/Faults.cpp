@@ -1,6 +1,7 @@
 #include "core/Faults.h"
 
 #include <map>
+#include <utility>
 #include <vector>
 
 namespace wb {
@@ -16,6 +17,8 @@ struct Fault {
 
 std::vector<Fault> faults;
 std::map<std::wstring, unsigned, std::less<>> calls;
+std::vector<std::wstring> record;
+bool recording = false;
 
 bool names(std::wstring_view pattern, std::wstring_view operation) {
   if (pattern.find(L'.') != std::wstring_view::npos) return pattern == operation;
@@ -31,7 +34,13 @@ void failOperation(std::wstring operation, HRESULT code, unsigned after, bool al
 
 void clearFaults() { faults.clear(); }
 
+std::vector<std::wstring> recordOperations() {
+  recording = true;
+  return std::exchange(record, {});
+}
+
 HRESULT takeFault(std::wstring_view operation) {
+  if (recording) record.emplace_back(operation);
   ++calls[std::wstring(operation)];
   for (auto fault = faults.begin(); fault != faults.end(); ++fault) {
     if (!names(fault->operation, operation)) continue;

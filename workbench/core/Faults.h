@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace wb {
 
@@ -21,6 +22,9 @@ void clearFaults();
 /// Counts a call of an operation.
 /// @return S_OK, or the code that this call has to fail with.
 HRESULT takeFault(std::wstring_view operation);
+
+/// From here on every call of an operation is written down; gives what was written down so far.
+std::vector<std::wstring> recordOperations();
 
 /// Calls of an operation since resetCalls().
 unsigned callCount(std::wstring_view operation);

@@ -7,6 +7,7 @@
 #include <cwchar>
 #include <vector>
 
+#include "core/Faults.h"
 #include "core/Text.h"
 #include "core/Transcript.h"
 #include "host/CommandRunner.h"
@@ -71,7 +72,7 @@ int acedPrompt(const ACHAR* text) {
 }
 
 int acedGetInt(const ACHAR* prompt, int* result) {
-  if (!result) return RTERROR;
+  if (!result || FAILED(wb::takeFault(L"host.acedGetInt"))) return RTERROR;
   for (;;) {
     wb::commandLineSays(prompt ? prompt : L"");
     std::wstring token;

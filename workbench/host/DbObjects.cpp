@@ -2,6 +2,7 @@
 
 #include <unordered_map>
 
+#include "core/Faults.h"
 #include "core/StandInTime.h"
 #include "core/Transcript.h"
 #include "host/Drawing.h"
@@ -146,6 +147,7 @@ Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& pObj, AcDbObjectId id, AcDb::O
   const wb::InStandIn inside;
   pObj = nullptr;
   if (id.isNull()) return Acad::eNullObjectId;
+  if (FAILED(wb::takeFault(L"host.acdbOpenAcDbObject"))) return Acad::eWasErased;
   AcDbObjectImp* imp = AcDbObjectImp::find(id);
   if (!imp) return Acad::ePermanentlyErased;
   const Acad::ErrorStatus status = imp->open(mode, openErased);

@@ -1,5 +1,6 @@
 #include <axlock.h>
 
+#include "core/Faults.h"
 #include "core/StandInTime.h"
 #include "core/Accounts.h"
 #include "host/DocumentManager.h"
@@ -11,7 +12,7 @@ AcAxDocLock::AcAxDocLock(AcDbDatabase* pDb, DocLockType)
   wb::DocumentManager& manager = wb::Host::instance().documents();
   wb::Document* document = manager.find(pDb);
   if (!document) return;
-  if (!manager.lock(document, AcAp::kWrite, {})) {
+  if (FAILED(wb::takeFault(L"host.AcAxDocLock")) || !manager.lock(document, AcAp::kWrite, {})) {
     status = Acad::eLockViolation;
     return;
   }

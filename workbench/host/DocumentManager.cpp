@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/Faults.h"
 #include "core/StandInTime.h"
 #include "core/Transcript.h"
 #include "host/CommandRunner.h"
@@ -92,6 +93,10 @@ Acad::ErrorStatus DocumentManager::appContextOpenDocument(const ACHAR* pszDrawin
   // Drawings change only while nothing is pending at the command line.
   Host::instance().runner().runQueued();
   std::wstring reason;
+  if (FAILED(takeFault(L"host.appContextOpenDocument"))) {
+    tell(L"doc", L"refused: opening " + path + L": the disk fails");
+    return Acad::eFileSystemErr;
+  }
   return open(path, false, reason) ? Acad::eOk : Acad::eFilerError;
 }
 

@@ -9,6 +9,7 @@
 #include <optional>
 
 #include "core/Accounts.h"
+#include "core/Faults.h"
 #include "core/Transcript.h"
 #include "host/CommandLine.h"
 #include "host/CommandRunner.h"
@@ -212,6 +213,7 @@ int acedSSGet(const ACHAR* mode, const void* point1, const void* point2, const r
     wb::tell(L"error", L"acedSSGet with a mode, points or a filter that this host hasn't got");
     return RTERROR;
   }
+  if (FAILED(wb::takeFault(L"host.acedSSGet"))) return RTERROR;
   // What the user picked before the command also answers the prompt.
   wb::Ids ids = wb::pickedIds();
   if (ids.empty()) {
@@ -224,7 +226,7 @@ int acedSSGet(const ACHAR* mode, const void* point1, const void* point2, const r
 
 int acedSSLength(const ads_name ss, long* length) {
   const wb::Set* set = wb::findSet(ss);
-  if (!set || !length) return RTERROR;
+  if (!set || !length || FAILED(wb::takeFault(L"host.acedSSLength"))) return RTERROR;
   *length = static_cast<long>(set->ids.size());
   return RTNORM;
 }
@@ -232,6 +234,7 @@ int acedSSLength(const ads_name ss, long* length) {
 int acedSSName(const ads_name ss, long i, ads_name entity) {
   const wb::Set* set = wb::findSet(ss);
   if (!set || i < 0 || static_cast<size_t>(i) >= set->ids.size()) return RTERROR;
+  if (FAILED(wb::takeFault(L"host.acedSSName"))) return RTERROR;
   wb::nameEntity(set->ids[static_cast<size_t>(i)], entity);
   return RTNORM;
 }
@@ -248,6 +251,7 @@ int acedSSFree(const ads_name ss) {
 }
 
 int acedEntSel(const ACHAR* prompt, ads_name entity, ads_point point) {
+  if (FAILED(wb::takeFault(L"host.acedEntSel"))) return RTERROR;
   wb::Ids ids;
   const int asked = wb::SelectionPrompt(prompt ? prompt : L"\nSelect object: ").askOne(ids);
   if (asked != RTNORM) return asked;

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "core/Faults.h"
 #include "core/StandInTime.h"
 #include "core/Accounts.h"
 #include "host/DbObjects.h"
@@ -122,16 +123,19 @@ Acad::ErrorStatus acedGetCurDwgXrefGraph(AcDbXrefGraph& graph, Adesk::Boolean in
   const wb::InStandIn inside;
   const wb::Drawing* drawing = drawingOf(nullptr);
   if (!drawing) return Acad::eNoDatabase;
+  if (FAILED(wb::takeFault(L"host.acedGetCurDwgXrefGraph"))) return Acad::eOutOfMemory;
   AcDbGraphImp::fill(graph, *drawing, includeGhosts != Adesk::kFalse);
   return Acad::eOk;
 }
 
 Acad::ErrorStatus acedXrefUnload(const ACHAR* XrefBlockname, const bool, AcDbDatabase* pHostDb) {
   const wb::InStandIn inside;
+  if (FAILED(wb::takeFault(L"host.acedXrefUnload"))) return Acad::eFilerError;
   return change(XrefBlockname, pHostDb, &wb::Xrefs::unload);
 }
 
 Acad::ErrorStatus acedXrefReload(const ACHAR* XrefBlockname, const bool, AcDbDatabase* pHostDb) {
   const wb::InStandIn inside;
+  if (FAILED(wb::takeFault(L"host.acedXrefReload"))) return Acad::eFilerError;
   return change(XrefBlockname, pHostDb, &wb::Xrefs::reload);
 }

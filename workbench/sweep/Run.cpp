@@ -1,0 +1,129 @@
+#include "sweep/Run.h"
+
+#include <algorithm>
+#include <map>
+#include <set>
+
+#include "core/Faults.h"
+#include "core/ResultNames.h"
+#include "core/Store.h"
+#include "core/Text.h"
+
+namespace wb {
+namespace {
+
+bool holds(const std::wstring& line, std::wstring_view text) {
+  return line.find(text) != std::wstring::npos;
+}
+
+/// What the script says when a fault keeps a box from coming, brings one that nobody expected, or
+/// takes a step's ground away: the host and the module have done nothing wrong.
+bool isOfTheScript(const std::wstring& line) {
+  constexpr std::wstring_view harmless[] = {
+      L"without an answer",            // a box or dialog tells the fault
+      L"can't be answered",            // it has other buttons than the one expected
+      L"nothing asked for",            // it doesn't come
+      L"a prompt waits for input",     // the number behind a command that has ended
+      L"the selection can't be made",  // the xref isn't loaded
+      L"line ",                        // a directive finds nothing to work on
+  };
+  return std::any_of(std::begin(harmless), std::end(harmless),
+                     [&](std::wstring_view text) { return holds(line, text); });
+}
+
+std::vector<SweptCall> numbered(const std::vector<std::wstring>& operations) {
+  std::vector<SweptCall> calls;
+  std::map<std::wstring, unsigned> seen;
+  for (const std::wstring& operation : operations) {
+    const unsigned after = seen[operation]++;
+    // What the vault does for its own dialog is no call of the module's.
+    if (operation != L"VaultFile.checkIn") calls.push_back({operation, after});
+  }
+  return calls;
+}
+
+void judgeLines(const std::vector<std::wstring>& lines, bool faulty, Verdict& verdict) {
+  for (const std::wstring& line : lines) {
+    const bool leak = line.rfind(L"leak: ", 0) == 0;
+    const bool error = line.rfind(L"error: ", 0) == 0;
+    if (leak || (error && !(faulty && isOfTheScript(line)))) verdict.problems.push_back(line);
+  }
+}
+
+/// The xrefs that the lines tell of as unloaded and not loaded again since.
+std::set<std::wstring> leftUnloaded(const std::vector<std::wstring>& lines) {
+  const std::wstring unloaded = L"xref: unloaded ", loaded = L"xref: loaded ";
+  std::set<std::wstring> names;
+  for (const std::wstring& line : lines) {
+    if (line.rfind(unloaded, 0) == 0) names.insert(line.substr(unloaded.size()));
+    if (line.rfind(loaded, 0) == 0) {
+      names.erase(line.substr(loaded.size(), line.find(L" from ") - loaded.size()));
+    }
+    if (line.rfind(L"doc: destroyed", 0) == 0) names.clear();
+  }
+  return names;
+}
+
+/// The process goes on: another drawing is checked out and in as if nothing had been.
+void workOn(Session& session, Verdict& verdict) {
+  session.run(
+      "@client present\n@vault offline off Plant\n@reg set EditWarning 0\n"
+      "@reg set Autolock 0\n");
+  if (!GetModuleHandleW(L"TessaroAcad.arx")) session.load();
+  const size_t begin = session.transcript().size();
+  const bool done = session.run(
+      "@open %WORK%\\Plant\\Notes.dxf\n@answer yes\nTessaro_lock\n@edit\n"
+      "@answer yes\n@answer ok\nTessaro_unlock\n");
+  const auto& lines = session.transcript();
+  const bool stored =
+      std::any_of(lines.begin() + static_cast<std::ptrdiff_t>(begin), lines.end(),
+                  [](const std::wstring& line) {
+                    return holds(line, L"InvokeCommand(") && holds(line, L"-> S_OK");
+                  });
+  if (!done || !stored) verdict.problems.push_back(L"another drawing can't be checked out and in");
+}
+
+}  // namespace
+
+bool SweptCall::ofHost() const {
+  return operation.rfind(L"host.", 0) == 0 || operation.rfind(L"AcDb", 0) == 0;
+}
+
+Verdict runScenario(const Yard& yard, const Scenario& scenario, const SweptCall* fault,
+                    HRESULT code) {
+  Verdict verdict;
+  yard.restore();
+  Session session(yard.options());
+  if (!session.run(scenario.setUp)) verdict.problems.push_back(L"the set-up fails");
+  recordOperations();
+  if (fault) failOperation(fault->operation, code, fault->after);
+  const bool done = session.run(scenario.action);
+  clearFaults();
+  verdict.calls = numbered(recordOperations());
+  if (!fault && !done) verdict.problems.push_back(L"the script fails without a fault");
+  judgeLines(session.transcript(), fault != nullptr, verdict);
+  const bool mayStay = scenario.mayLeaveUnloaded || (fault && fault->ofHost());
+  if (!mayStay) {
+    for (const std::wstring& name : leftUnloaded(session.transcript())) {
+      verdict.problems.push_back(L"the xref stays unloaded: " + name);
+    }
+  }
+  for (const std::wstring& loss : yard.losses(scenario.savesChanges)) {
+    verdict.problems.push_back(loss);
+  }
+  const size_t judged = session.transcript().size();
+  workOn(session, verdict);
+  session.end();
+  const auto& all = session.transcript();
+  judgeLines({all.begin() + static_cast<std::ptrdiff_t>(judged), all.end()}, true, verdict);
+  verdict.transcript = all;
+  return verdict;
+}
+
+std::string scriptOf(const Scenario& scenario, const SweptCall& fault, HRESULT code) {
+  return std::string(yardSetUp) + scenario.setUp + "@fail " + toUtf8(fault.operation) + " " +
+         toUtf8(resultName(code)) + " after " + std::to_string(fault.after) + "\n" +
+         scenario.action;
+}
+
+}  // namespace wb

@@ -1,0 +1,114 @@
+#include "sweep/Yard.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+
+#include "core/Store.h"
+#include "core/Text.h"
+#include "host/LoadRecord.h"
+#include "host/RegistrySettings.h"
+
+namespace wb {
+namespace {
+
+namespace fs = std::filesystem;
+
+void removeTree(const fs::path& folder) {
+  if (!fs::exists(folder)) return;
+  for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+    SetFileAttributesW(entry.path().c_str(), FILE_ATTRIBUTE_NORMAL);
+  }
+  fs::remove_all(folder);
+}
+
+/// With dates and attributes, which the vault's local copies live by.
+void copyTree(const fs::path& from, const fs::path& to) {
+  fs::create_directories(to);
+  for (const auto& entry : fs::directory_iterator(from)) {
+    const fs::path target = to / entry.path().filename();
+    if (entry.is_directory()) {
+      copyTree(entry.path(), target);
+    } else if (!CopyFileW(entry.path().c_str(), target.c_str(), FALSE)) {
+      throw std::runtime_error("can't be copied: " + toUtf8(entry.path().wstring()));
+    }
+  }
+}
+
+/// Also of a drawing that is open in the host.
+std::string contentOf(const fs::path& file) {
+  std::ifstream in(file, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), {}};
+}
+
+fs::path binFolder() {
+  wchar_t path[MAX_PATH];
+  GetModuleFileNameW(nullptr, path, MAX_PATH);
+  return fs::path(path).parent_path();
+}
+
+}  // namespace
+
+Yard::Yard(const fs::path& folder, const fs::path& drawings, const char* setUp)
+    : work(folder / L"work"), kept(folder / L"kept"), drawings(drawings) {
+  removeTree(folder);
+  SessionOptions first = options();
+  first.keep = false;
+  Session session(first);
+  if (!session.run(setUp)) throw std::runtime_error(toUtf8(session.text()));
+  session.end();
+  copyTree(work, kept);
+  for (const auto& entry : fs::recursive_directory_iterator(work / L"Plant")) {
+    if (entry.is_regular_file()) localContents[entry.path().wstring()] = contentOf(entry.path());
+  }
+}
+
+SessionOptions Yard::options() const {
+  SessionOptions options;
+  options.module = (binFolder() / L"TessaroAcad.arx").wstring();
+  options.client = (binFolder() / L"TessaroClient.dll").wstring();
+  options.workFolder = work.wstring();
+  options.drawings = drawings.wstring();
+  options.keep = true;
+  return options;
+}
+
+void Yard::restore() const {
+  removeTree(work);
+  copyTree(kept, work);
+  resetSettings();
+  clearLoadRecord();
+}
+
+std::vector<std::wstring> Yard::losses(bool savesChanges) const {
+  std::vector<std::wstring> missed;
+  for (const auto& [path, content] : localContents) {
+    if (!fs::exists(path)) {
+      missed.push_back(L"the local file is gone: " + path);
+      continue;
+    }
+    const StoredFile* file = store().find(path);
+    if (!file) continue;  // desktop.ini
+    std::vector<std::string> known{content};
+    for (const StoredVersion& version : file->versions) {
+      const fs::path archived = work / L"store" / L"archive" / version.archive;
+      if (fs::exists(archived)) {
+        known.push_back(contentOf(archived));
+      } else {
+        missed.push_back(L"the archive lacks a version of " + path);
+      }
+    }
+    if (std::find(known.begin() + 1, known.end(), content) == known.end()) {
+      missed.push_back(L"the first version is gone: " + path);
+    }
+    if (!savesChanges && std::find(known.begin(), known.end(), contentOf(path)) == known.end()) {
+      missed.push_back(L"the local file holds what nobody stored: " + path);
+    }
+  }
+  return missed;
+}
+
+}  // namespace wb
