@@ -82,3 +82,14 @@ if(sweep_sources AND TARGET wbhost)
     endif()
   endforeach()
 endif()
+
+# Random user sessions.
+collect_sources(session_sources workbench/sessions)
+if(session_sources AND TARGET tessaro_client_idl)
+  add_executable(sessions ${session_sources})
+  project_target(sessions)
+  # It looks into the module by the module's own headers.
+  target_include_directories(sessions PRIVATE ${CMAKE_SOURCE_DIR}/src)
+  target_link_libraries(sessions PRIVATE wbhost comsupp tessaro_client_idl)
+  add_dependencies(sessions TessaroAcad TessaroClient)
+endif()

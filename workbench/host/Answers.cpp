@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <deque>
 #include <exception>
+#include <optional>
 #include <stdexcept>
 
 #include "core/Text.h"
 #include "core/Transcript.h"
 #include "host/DialogActions.h"
 #include "host/DialogReader.h"
+#include "host/RandomAnswers.h"
 
 namespace wb {
 namespace {
@@ -28,6 +30,7 @@ struct OpenDialog {
   bool covered = false;  ///< another one was open on top of it
   unsigned looks = 0;
   unsigned closings = 0;
+  unsigned answered = 0;
 };
 
 struct BoxCall {
@@ -52,6 +55,7 @@ struct Answers::State {
   unsigned unanswered = 0;
   std::vector<AnswerStep> prepared;
   std::deque<Answer> queue;
+  std::optional<RandomAnswers> random;
   std::vector<OpenDialog> dialogs;  ///< the topmost last
   std::vector<BoxCall> boxes;       ///< the innermost last
 
@@ -141,7 +145,10 @@ std::vector<std::wstring> Answers::unused() const {
 void Answers::clear() {
   state->queue.clear();
   state->prepared.clear();
+  state->random.reset();
 }
+
+void Answers::answerAny(unsigned seed) { state->random.emplace(seed); }
 
 unsigned Answers::unanswered() const { return state->unanswered; }
 
@@ -231,12 +238,17 @@ void Answers::State::answer(HWND window) {
     if (dialog.looks > grace) EndDialog(window, 0);
     return;
   }
-  if (queue.empty()) {
+  if (queue.empty() && !random) {
     if (!leaveToPerson && dialog.looks > grace) refuse(window, L"without an answer");
     return;
   }
-  const Answer next = queue.front();
-  queue.pop_front();
+  Answer next;
+  if (queue.empty()) {
+    next = random->next(window, dialog.answered++);
+  } else {
+    next = queue.front();
+    queue.pop_front();
+  }
   dialog.busy = true;
   carryOut(window, next);
   // The dialog may be gone by now, and the list with it may have moved.

@@ -56,9 +56,12 @@ class Answers {
   void prepare(AnswerStep step);
   /// Queues an answer: the prepared steps, `steps`, then `button`.
   void queue(std::wstring button, std::vector<AnswerStep> steps = {});
+  /// From here on, what has no answer queued gets one from a random stream: a button that it has and
+  /// that can be pressed, before that perhaps a row of its list. Until clear().
+  void answerAny(unsigned seed);
   /// The answers and prepared steps that nothing asked for, in words; empty if there are none.
   std::vector<std::wstring> unused() const;
-  /// Drops queued answers and prepared steps.
+  /// Drops queued answers, prepared steps and the random stream.
   void clear();
   /// How many boxes and dialogs had no answer since start().
   unsigned unanswered() const;

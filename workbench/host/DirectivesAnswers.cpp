@@ -26,6 +26,12 @@ void answer(ScriptContext&, Arguments& arguments) {
   Answers::instance().queue(button, std::move(steps));
 }
 
+void answerAny(ScriptContext&, Arguments& arguments) {
+  const int seed = arguments.number();
+  arguments.end();
+  Answers::instance().answerAny(static_cast<unsigned>(seed));
+}
+
 void fill(ScriptContext&, Arguments& arguments) {
   const int id = arguments.number();
   Answers::instance().prepare(
@@ -73,6 +79,7 @@ std::vector<Directive> answerDirectives() {
   return {
       {L"answer", L"@answer yes|no|ok|cancel|close|abort|retry|ignore|ID [shot FILE]", answer,
        true},
+      {L"answer-any", L"@answer-any SEED", answerAny, true},
       {L"fill", L"@fill ID TEXT", fill, true},
       {L"check", L"@check ID on|off", check, true},
       {L"row", L"@row N", row, true},

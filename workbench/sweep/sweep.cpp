@@ -40,7 +40,7 @@ class Sweep {
     for (const wb::Scenario& scenario : wb::scenarios()) {
       if (std::string(scenario.name).find(wishes.only) != std::string::npos) sweep(scenario);
     }
-    std::printf("sweep: %u runs, %u failed\n", runs, failed);
+    std::printf("sweep: %u passed, %u failed\n", runs - failed, failed);
     return failed == 0 && runs > 0 ? 0 : 1;
   }
 

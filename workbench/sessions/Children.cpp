@@ -1,0 +1,101 @@
+#include "sessions/Children.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <numeric>
+#include <stdexcept>
+
+#include "sessions/Places.h"
+
+namespace sessions {
+namespace {
+
+struct HandleCloser {
+  void operator()(HANDLE handle) const { CloseHandle(handle); }
+};
+using OwnedHandle = std::unique_ptr<void, HandleCloser>;
+
+constexpr unsigned trialSeconds = 90;
+constexpr unsigned mostTrials = 200;
+
+bool fails(unsigned seed, unsigned steps, const std::vector<size_t>& kept) {
+  return runChild(L"--trial " + std::to_wstring(seed) + L" --steps " + std::to_wstring(steps) +
+                      L" --kept " + joined(kept),
+                  trialSeconds)
+             .code != 0;
+}
+
+}  // namespace
+
+std::wstring joined(const std::vector<size_t>& numbers) {
+  std::wstring text;
+  for (const size_t number : numbers) text += (text.empty() ? L"" : L",") + std::to_wstring(number);
+  return text;
+}
+
+ChildResult runChild(const std::wstring& arguments, unsigned seconds) {
+  const std::filesystem::path file = workFolder().parent_path() / L"child.txt";
+  SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
+  // The desktop's own process may have got an earlier child's handle and still hold it.
+  OwnedHandle output(CreateFileW(file.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                 &inherited, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+  if (output.get() == INVALID_HANDLE_VALUE) {
+    output.release();
+    throw std::runtime_error("the child's output can't be written");
+  }
+  wchar_t program[MAX_PATH];
+  GetModuleFileNameW(nullptr, program, MAX_PATH);
+  std::wstring line = L"\"" + std::wstring(program) + L"\" " + arguments;
+  STARTUPINFOW start{};
+  start.cb = sizeof start;
+  start.dwFlags = STARTF_USESTDHANDLES;
+  start.hStdOutput = start.hStdError = output.get();
+  PROCESS_INFORMATION made{};
+  if (!CreateProcessW(program, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start,
+                      &made)) {
+    throw std::runtime_error("the child can't be started");
+  }
+  const OwnedHandle process(made.hProcess);
+  const OwnedHandle thread(made.hThread);
+  if (WaitForSingleObject(process.get(), seconds * 1000) != WAIT_OBJECT_0) {
+    TerminateProcess(process.get(), WAIT_TIMEOUT);
+    WaitForSingleObject(process.get(), INFINITE);
+  }
+  ChildResult result{};
+  GetExitCodeProcess(process.get(), &result.code);
+  output.reset();
+  std::ifstream stream(file, std::ios::binary);
+  result.output.assign(std::istreambuf_iterator<char>(stream), {});
+  return result;
+}
+
+std::vector<size_t> shrink(unsigned seed, unsigned steps) {
+  std::vector<size_t> kept(steps);
+  std::iota(kept.begin(), kept.end(), size_t(0));
+  unsigned trials = 0;
+  for (size_t part = std::max<size_t>(steps / 2, 1); trials < mostTrials;) {
+    bool smaller = false;
+    for (size_t at = 0; at < kept.size() && trials < mostTrials;) {
+      std::vector<size_t> fewer = kept;
+      const auto begin = fewer.begin() + static_cast<std::ptrdiff_t>(at);
+      fewer.erase(begin, begin + static_cast<std::ptrdiff_t>(std::min(part, kept.size() - at)));
+      ++trials;
+      if (!fewer.empty() && fails(seed, steps, fewer)) {
+        kept = fewer;
+        smaller = true;
+      } else {
+        at += part;
+      }
+    }
+    if (part == 1 && !smaller) break;
+    if (part > 1) part /= 2;
+  }
+  return kept;
+}
+
+}  // namespace sessions

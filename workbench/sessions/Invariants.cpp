@@ -1,0 +1,109 @@
+#include "sessions/Invariants.h"
+
+#include <windows.h>
+
+#include <acdocman.h>
+
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "core/Store.h"
+#include "core/Text.h"
+#include "host/DialogReader.h"
+#include "sessions/ModuleState.h"
+#include "sessions/Places.h"
+
+namespace sessions {
+namespace {
+
+bool heapsAreSound() {
+  std::array<HANDLE, 64> heaps{};
+  const DWORD count = GetProcessHeaps(static_cast<DWORD>(heaps.size()), heaps.data());
+  for (DWORD at = 0; at < count && at < heaps.size(); ++at) {
+    if (!HeapValidate(heaps[at], 0, nullptr)) return false;
+  }
+  return count != 0;
+}
+
+constexpr int lockBox = 1006;
+constexpr int versionText = 1007;
+
+BOOL CALLBACK matchStatusWindow(HWND window, LPARAM argument) {
+  if (!GetDlgItem(window, lockBox) || !GetDlgItem(window, versionText)) return TRUE;
+  *reinterpret_cast<HWND*>(argument) = window;
+  return FALSE;
+}
+
+std::wstring versionName(long version) {
+  return version < 1 ? std::wstring(L"-") : std::to_wstring(version);
+}
+
+}  // namespace
+
+std::string Invariants::check(bool thorough) {
+  if (!heapsAreSound()) return "a heap is damaged";
+  std::string problem = staleDocuments();
+  return problem.empty() ? checkVault(thorough) : problem;
+}
+
+std::string Invariants::checkVault(bool thorough) {
+  const wb::StoredVault* vault = wb::store().vaultNamed(L"Works");
+  if (!vault) return "the vault is gone";
+  for (const auto& [name, file] : vault->files) {
+    const std::wstring path = wb::Store::localPath(*vault, file);
+    size_t& known = versions[path];
+    if (file.versions.size() < known) return "versions are lost: " + wb::toUtf8(name);
+    known = file.versions.size();
+    if (!std::filesystem::exists(path)) return "the local file is gone: " + wb::toUtf8(name);
+    for (const wb::StoredVersion& version : file.versions) {
+      const bool seen = contents.count(version.archive) != 0;
+      if (seen && !thorough) continue;
+      std::ifstream stream(workFolder() / L"store" / L"archive" / version.archive,
+                           std::ios::binary);
+      std::string content(std::istreambuf_iterator<char>(stream), {});
+      if (!stream || content.empty()) return "a content can't be read: " + wb::toUtf8(name);
+      const auto at = contents.emplace(version.archive, content).first;
+      if (at->second != content) return "a content has changed: " + wb::toUtf8(name);
+    }
+  }
+  for (const auto& [path, count] : versions) {
+    if (!wb::store().find(path)) return "a file left the vault: " + wb::toUtf8(path);
+  }
+  return {};
+}
+
+std::string checkStatusWindow() {
+  HWND window = nullptr;
+  EnumThreadWindows(GetCurrentThreadId(), matchStatusWindow, reinterpret_cast<LPARAM>(&window));
+  const AcApDocument* document = acDocManagerPtr()->mdiActiveDocument();
+  if (!window || !document) return {};
+  const std::wstring path = document->fileName();
+  const wb::StoredFile* file = wb::store().find(path);
+  std::wstring versions = L"-/-";
+  UINT lock = BST_UNCHECKED;
+  if (file && !file->denied) {
+    const long here = wb::store().folderIdOf(path);
+    file = wb::store().find(path);  // the store gives ids out at the first question
+    versions = versionName(wb::store().localVersion(*file, here)) + L"/" +
+               versionName(file->latest().number);
+    if (file->holder) {
+      const bool mine = file->holder->user == wb::Store::thisUser() &&
+                        file->holder->computer == wb::Store::thisComputer() &&
+                        file->holder->folderId == here;
+      lock = mine ? BST_CHECKED : BST_INDETERMINATE;
+    }
+  } else if (file) {
+    return {};
+  }
+  const std::wstring shown = wb::windowTitle(GetDlgItem(window, versionText));
+  // The words in front are the client's.
+  if (shown.substr(shown.rfind(L' ') + 1) != versions) {
+    return "the status window shows " + wb::toUtf8(shown) + " for " + wb::toUtf8(versions);
+  }
+  if (IsDlgButtonChecked(window, lockBox) != lock) return "the status window's lock box is wrong";
+  return {};
+}
+
+}  // namespace sessions

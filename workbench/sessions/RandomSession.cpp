@@ -1,0 +1,99 @@
+#include "sessions/RandomSession.h"
+
+#include "core/Faults.h"
+#include "core/Text.h"
+#include "host/Answers.h"
+#include "host/Session.h"
+#include "sessions/Generator.h"
+#include "sessions/Invariants.h"
+#include "sessions/Places.h"
+
+namespace sessions {
+namespace {
+
+bool holds(const std::string& text, const char* part) {
+  return text.find(part) != std::string::npos;
+}
+
+bool begins(const std::wstring& line, const wchar_t* with) { return line.rfind(with, 0) == 0; }
+
+/// What the script itself can't do at its place, such as closing a drawing when none is open, and
+/// its own word on an error that was told before it. Neither comes from the module.
+bool isScriptsOwn(const std::wstring& line) {
+  return begins(line, L"error: line ") || begins(line, L"error: nothing asked for the answer: ");
+}
+
+class Run {
+ public:
+  Run() : session(options()) {}
+
+  std::string run(const std::vector<std::string>& steps) {
+    if (!session.run(preamble())) return "the preparation failed\n" + told(0);
+    for (size_t at = 0; at < steps.size(); ++at) {
+      const std::string problem = step(steps[at], at % 16 == 15 || at + 1 == steps.size());
+      if (!problem.empty()) return problem;
+    }
+    const size_t start = session.transcript().size();
+    // With the client gone, the documents' ends bring boxes up.
+    wb::Answers::instance().answerAny(1);
+    session.end();
+    return problemSince(start);
+  }
+
+ private:
+  static wb::SessionOptions options() {
+    wb::SessionOptions options;
+    options.module = programFolder() / L"TessaroAcad.arx";
+    options.client = programFolder() / L"TessaroClient.dll";
+    options.workFolder = workFolder();
+    options.drawings = drawingsFolder();
+    options.timeoutSeconds = 30;
+    return options;
+  }
+
+  std::string step(const std::string& lines, bool thorough) {
+    const size_t start = session.transcript().size();
+    const bool done = session.run(lines);
+    wb::clearFaults();
+    std::string problem = problemSince(start);
+    if (problem.empty()) problem = invariants.check(thorough);
+    follow(lines);
+    const bool refreshed = holds(lines, "@tick") || holds(lines, "@click 1021");
+    if (problem.empty() && done && refreshed && reliable && !holds(lines, "@fail")) {
+      problem = checkStatusWindow();
+    }
+    return problem.empty() ? problem : problem + "\n" + lines + "----\n" + told(start);
+  }
+
+  /// With the client gone or a vault offline nobody can say what the window should show.
+  void follow(const std::string& lines) {
+    if (holds(lines, "@client")) reliable = false;
+    if (holds(lines, "@vault offline")) reliable = reliable && holds(lines, "offline off");
+  }
+
+  std::string problemSince(size_t start) const {
+    const auto& lines = session.transcript();
+    for (size_t at = start; at < lines.size(); ++at) {
+      if (begins(lines[at], L"leak: ")) return wb::toUtf8(lines[at]);
+      if (begins(lines[at], L"error: ") && !isScriptsOwn(lines[at])) return wb::toUtf8(lines[at]);
+    }
+    return {};
+  }
+
+  std::string told(size_t start) const {
+    std::string text;
+    const auto& lines = session.transcript();
+    for (size_t at = start; at < lines.size(); ++at) text += wb::toUtf8(lines[at]) + "\n";
+    return text;
+  }
+
+  wb::Session session;
+  Invariants invariants;
+  bool reliable = true;
+};
+
+}  // namespace
+
+std::string runSession(const std::vector<std::string>& steps) { return Run().run(steps); }
+
+}  // namespace sessions
