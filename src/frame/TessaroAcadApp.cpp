@@ -28,10 +28,10 @@ TessaroAcadApp::TessaroAcadApp() : ArxMfcApp(L"Tessaro", 1, 1, 1) {}
 TessaroAcadApp::~TessaroAcadApp() {
   // Still there only if the host went without a word: its windows and reactor lists are gone by
   // now, and what is in them mustn't be touched any more.
-  xrefContext.release();
-  editorReactor.release();
-  docManagerReactor.release();
-  statusWindow.release();
+  static_cast<void>(xrefContext.release());
+  static_cast<void>(editorReactor.release());
+  static_cast<void>(docManagerReactor.release());
+  static_cast<void>(statusWindow.release());
 }
 
 AcRx::AppRetCode TessaroAcadApp::initApp(void* pkt) {

@@ -150,6 +150,8 @@ void Answers::clear() {
 
 void Answers::answerAny(unsigned seed) { state->random.emplace(seed); }
 
+bool Answers::answersAny() const { return state->random.has_value(); }
+
 unsigned Answers::unanswered() const { return state->unanswered; }
 
 void Answers::noteModeless(HWND dialog) { state->forget(dialog); }

@@ -56,9 +56,10 @@ class Answers {
   void prepare(AnswerStep step);
   /// Queues an answer: the prepared steps, `steps`, then `button`.
   void queue(std::wstring button, std::vector<AnswerStep> steps = {});
-  /// From here on, what has no answer queued gets one from a random stream: a button that it has and
-  /// that can be pressed, before that perhaps a row of its list. Until clear().
+  /// From here on, what has no answer queued gets one from a random stream: a button that it has
+  /// and that can be pressed, before that perhaps a row of its list. Until clear().
   void answerAny(unsigned seed);
+  bool answersAny() const;
   /// The answers and prepared steps that nothing asked for, in words; empty if there are none.
   std::vector<std::wstring> unused() const;
   /// Drops queued answers, prepared steps and the random stream.

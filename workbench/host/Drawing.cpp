@@ -153,6 +153,12 @@ std::vector<AcDbObjectId> Drawing::entities(std::wstring_view name) const {
   return {result[number - 1]};
 }
 
+void Drawing::edit() {
+  static unsigned edits = 0;
+  database_->addRemark("edit " + std::to_string(++edits));
+  touch();
+}
+
 bool Drawing::erase(AcDbObjectId id) {
   auto* entity = dynamic_cast<EntityImp*>(AcDbObjectImp::find(id));
   if (!entity || &entity->database != database_.get() || entity->erased) return false;

@@ -40,6 +40,8 @@ class Drawing {
   short dbmod() const { return dbmod_; }
   void setDbmod(short value) { dbmod_ = value; }
   /// Notes a change of the drawing's content.
+  /// The user changes something: the content is another one each time.
+  void edit();
   void touch() { dbmod_ = static_cast<short>(dbmod_ | 1); }
 
   /// The tabs in the order of the file, model space first.

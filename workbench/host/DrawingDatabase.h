@@ -57,6 +57,9 @@ class DrawingDatabase {
   std::wstring textOf(DxfEntry entry, int code, std::string_view subclass = {}) const;
   /// Changes it, or adds it behind the others of the class `subclass`.
   void setText(DxfEntry entry, int code, std::string_view subclass, std::wstring_view text);
+  /// Puts a remark, which no reader of the file takes for a part of the drawing, before its end; it
+  /// takes the place of the one that was put there since the file was read.
+  void addRemark(std::string text) { groups.addBefore(groups.size() - 1, 999, std::move(text)); }
   /// Takes an object's groups out of the file.
   void remove(DxfEntry entry) { groups.remove(entry.begin, entry.end); }
 

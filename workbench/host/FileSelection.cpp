@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "core/Transcript.h"
+#include "host/Answers.h"
 #include "host/Guarded.h"
 #include "host/Host.h"
 #include "host/Names.h"
@@ -47,7 +48,7 @@ Acad::ErrorStatus FileSelection::pick(short* userCancel, ACHAR*& chosenPath, int
   chosenPath = nullptr;
   std::optional<std::wstring> picked;
   if (picks.empty()) {
-    tell(L"error", L"the file dialog has no answer");
+    if (!Answers::instance().answersAny()) tell(L"error", L"the file dialog has no answer");
   } else {
     picked = std::move(picks.front());
     picks.pop_front();

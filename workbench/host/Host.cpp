@@ -191,7 +191,7 @@ bool Host::edit() {
   if (!document) return false;
   Command command;
   command.global = L"LINE";
-  command.work = [&] { document->drawing()->touch(); };
+  command.work = [&] { document->drawing()->edit(); };
   parts->runner.run(command, document);
   runUntilIdle();
   return true;

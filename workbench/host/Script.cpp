@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cwctype>
 
+#include "core/Store.h"
 #include "core/Text.h"
 #include "core/Transcript.h"
 #include "host/Answers.h"
@@ -18,7 +19,25 @@ bool isProblem(const std::wstring& line) {
   return line.rfind(L"error: ", 0) == 0 || line.rfind(L"leak: ", 0) == 0;
 }
 
+void runDirective(ScriptContext& context, const std::wstring& line, bool commandWaits);
+
+/// A step that may not be possible just now, such as closing what isn't open.
+void tryDirective(ScriptContext& context, const std::wstring& line, bool commandWaits) {
+  if (line.empty() || line[0] != L'@') throw ScriptError(L"@try needs a directive");
+  try {
+    runDirective(context, line, commandWaits);
+  } catch (const ScriptError& error) {
+    tell(L"try", error.why);
+  } catch (const StoreError& error) {
+    tell(L"try", fromUtf8(error.what()));
+  }
+}
+
 void runDirective(ScriptContext& context, const std::wstring& line, bool commandWaits) {
+  constexpr std::wstring_view tried = L"@try ";
+  if (line.rfind(tried, 0) == 0) {
+    return tryDirective(context, line.substr(tried.size()), commandWaits);
+  }
   const size_t nameEnd = std::min(line.find_first_of(L" \t"), line.size());
   const std::wstring name = line.substr(1, nameEnd - 1);
   for (const Directive& directive : directives()) {
@@ -116,6 +135,7 @@ bool Script::refuse(const ScriptLine& line, const std::wstring& why) {
 }
 
 bool Script::refuseUnusedAnswers() {
+  if (Answers::instance().answersAny()) return true;
   std::vector<std::wstring> unused = Answers::instance().unused();
   for (std::wstring& pick : Selection::instance().unused()) unused.push_back(std::move(pick));
   for (const std::wstring& answer : unused) {

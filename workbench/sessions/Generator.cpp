@@ -62,7 +62,7 @@ class Generator {
     const bool failing = below(12) == 0;
     if (failing)
       lines += "@fail " + any(operations) + " E_FAIL after " + std::to_string(below(4)) + "\n";
-    lines += action();
+    lines += tried(action());
     if (failing) lines += "@fail clear\n";
     return lines;
   }
@@ -72,6 +72,18 @@ class Generator {
   const std::string& any(const Texts& texts) { return texts[below(texts.size())]; }
   std::string file() { return R"(%WORK%\View\)" + any(vaultFiles); }
   std::string sheet() { return below(2) ? R"(%WORK%\View\Site\Plan.dxf)" : file(); }
+
+  /// Directives are passed over where they aren't possible, so that the script goes on.
+  static std::string tried(const std::string& lines) {
+    std::string result;
+    for (size_t at = 0; at < lines.size();) {
+      const size_t end = lines.find('\n', at) + 1;
+      if (lines[at] == '@') result += "@try ";
+      result += lines.substr(at, end - at);
+      at = end;
+    }
+    return result;
+  }
 
   std::string action() {
     const unsigned kind = below(100);
@@ -108,7 +120,8 @@ class Generator {
   std::string xrefStep() {
     const std::string pick = "@pick " + any(xrefs) + "\n";
     if (below(2)) return pick + "@menu\n@choose " + any(menuItems) + "\n";
-    return pick + "Tessaro_" + any(xrefCommands) + "\n";
+    // A prompt that comes up all the same is cancelled.
+    return pick + "@select none\nTessaro_" + any(xrefCommands) + "\n";
   }
 
   std::string windowStep() {
@@ -138,7 +151,8 @@ class Generator {
       case 3:
         return "@vault deny " + file() + (below(3) ? " off\n" : " on\n");
       case 4:
-        return "@vault state " + file() + (below(2) ? " Released\n" : " Work in progress\n");
+        return "@vault state \"" + file() + "\"" +
+               (below(2) ? " Released\n" : " Work in progress\n");
       case 5:
         return std::string("@vault offline ") + (below(3) ? "off\n" : "on\n");
       case 6:

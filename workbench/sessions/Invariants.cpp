@@ -40,12 +40,55 @@ std::wstring versionName(long version) {
   return version < 1 ? std::wstring(L"-") : std::to_wstring(version);
 }
 
+std::string contentOf(const std::filesystem::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+bool isStored(const wb::StoredFile& file, const std::string& content) {
+  for (const wb::StoredVersion& version : file.versions) {
+    if (contentOf(workFolder() / L"store" / L"archive" / version.archive) == content) return true;
+  }
+  return false;
+}
+
+/// A check-out, a refresh or a version that was asked for brings the vault's content to the disk,
+/// an undone check-out as well; a saving writes the user's next content.
+bool wasThrownAway(const std::vector<std::wstring>& lines) {
+  constexpr const wchar_t* ways[] = {L".checkOut(", L".getLocalCopy(", L".getVersion(",
+                                     L"doc: saved ", L"@vault undo "};
+  for (const std::wstring& line : lines) {
+    for (const wchar_t* way : ways) {
+      if (line.find(way) != std::wstring::npos) return true;
+    }
+  }
+  return false;
+}
+
 }  // namespace
 
-std::string Invariants::check(bool thorough) {
+std::string Invariants::check(bool thorough, const std::vector<std::wstring>& lines) {
   if (!heapsAreSound()) return "a heap is damaged";
   std::string problem = staleDocuments();
-  return problem.empty() ? checkVault(thorough) : problem;
+  if (problem.empty()) problem = checkVault(thorough);
+  return problem.empty() ? checkSaved(lines) : problem;
+}
+
+/// What the user saved stays on the disk or becomes a version, unless he has the vault put another
+/// version in its place.
+std::string Invariants::checkSaved(const std::vector<std::wstring>& lines) {
+  const wb::StoredVault* vault = wb::store().vaultNamed(L"Works");
+  for (const auto& [name, file] : vault->files) {
+    const std::wstring path = wb::Store::localPath(*vault, file);
+    const std::string now = contentOf(path);
+    const auto before = saved.find(path);
+    if (before != saved.end() && before->second != now && !isStored(file, before->second) &&
+        !wasThrownAway(lines)) {
+      return "what was saved is lost: " + wb::toUtf8(name);
+    }
+    saved[path] = now;
+  }
+  return {};
 }
 
 std::string Invariants::checkVault(bool thorough) {

@@ -1,5 +1,7 @@
 #include "sessions/RandomSession.h"
 
+#include <algorithm>
+
 #include "core/Faults.h"
 #include "core/Text.h"
 #include "host/Answers.h"
@@ -16,12 +18,6 @@ bool holds(const std::string& text, const char* part) {
 }
 
 bool begins(const std::wstring& line, const wchar_t* with) { return line.rfind(with, 0) == 0; }
-
-/// What the script itself can't do at its place, such as closing a drawing when none is open, and
-/// its own word on an error that was told before it. Neither comes from the module.
-bool isScriptsOwn(const std::wstring& line) {
-  return begins(line, L"error: line ") || begins(line, L"error: nothing asked for the answer: ");
-}
 
 class Run {
  public:
@@ -56,9 +52,14 @@ class Run {
     const bool done = session.run(lines);
     wb::clearFaults();
     std::string problem = problemSince(start);
-    if (problem.empty()) problem = invariants.check(thorough);
+    std::vector<std::wstring> story = linesSince(start);
+    story.push_back(wb::fromUtf8(lines));
+    if (problem.empty()) problem = invariants.check(thorough, story);
     follow(lines);
-    const bool refreshed = holds(lines, "@tick") || holds(lines, "@click 1021");
+    const bool possible = std::none_of(story.begin(), story.end(), [](const std::wstring& line) {
+      return begins(line, L"try: ");
+    });
+    const bool refreshed = possible && (holds(lines, "@tick") || holds(lines, "@click 1021"));
     if (problem.empty() && done && refreshed && reliable && !holds(lines, "@fail")) {
       problem = checkStatusWindow();
     }
@@ -75,9 +76,14 @@ class Run {
     const auto& lines = session.transcript();
     for (size_t at = start; at < lines.size(); ++at) {
       if (begins(lines[at], L"leak: ")) return wb::toUtf8(lines[at]);
-      if (begins(lines[at], L"error: ") && !isScriptsOwn(lines[at])) return wb::toUtf8(lines[at]);
+      if (begins(lines[at], L"error: ")) return wb::toUtf8(lines[at]);
     }
     return {};
+  }
+
+  std::vector<std::wstring> linesSince(size_t start) const {
+    const auto& lines = session.transcript();
+    return {lines.begin() + static_cast<std::ptrdiff_t>(start), lines.end()};
   }
 
   std::string told(size_t start) const {

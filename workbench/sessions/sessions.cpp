@@ -26,7 +26,7 @@ constexpr char usage[] =
     "none failed, 1 if some did, 2 for a wrong command line.\n";
 
 // What one session leaves in Windows, such as the allocator's watch, must not be another's fault.
-constexpr unsigned batch = 1;
+constexpr unsigned batch = 10;
 constexpr unsigned secondsASession = 90;
 
 struct Options {

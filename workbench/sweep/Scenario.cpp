@@ -57,7 +57,7 @@ const std::vector<Scenario>& scenarios() {
        "@answer no\n@opendialog " PLAN "\n"},
       {"activating", OPEN_PLAN QUIET "@open " PLANT "Notes.dxf\n",
        "@activate " PLAN "\n@activate " PLANT "Notes.dxf\n"},
-      {"saving", HOLD_PLAN OPEN_PLAN "@edit\n", "@save\n"},
+      {"saving", HOLD_PLAN OPEN_PLAN "@edit\n", "@save\n", false, true},
       {"closing", HOLD_PLAN OPEN_PLAN, "@close\n"},
       // The first change.
       {"a change, check-out accepted", OPEN_PLAN, "@answer yes\n@edit\n"},
@@ -75,7 +75,7 @@ const std::vector<Scenario>& scenarios() {
       {"locksilent", OPEN_PLAN, "Tessaro_locksilent\n"},
       {"unlock", HOLD_PLAN OPEN_PLAN, "@answer yes\n@answer ok\nTessaro_unlock\n"},
       {"unlock of a changed drawing", HOLD_PLAN OPEN_PLAN "@edit\n",
-       "@answer yes\n@answer ok\nTessaro_unlock\n"},
+       "@answer yes\n@answer ok\nTessaro_unlock\n", false, true},
       {"unlock, dialog cancelled", HOLD_PLAN OPEN_PLAN,
        "@answer yes\n@answer cancel\nTessaro_unlock\n"},
       {"unlock of what another holds",
