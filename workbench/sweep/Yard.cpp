@@ -59,11 +59,14 @@ Yard::Yard(const fs::path& folder, const fs::path& drawings, const char* setUp)
   first.keep = false;
   Session session(first);
   if (!session.run(setUp)) throw std::runtime_error(toUtf8(session.text()));
+  for (const auto& entry : fs::recursive_directory_iterator(work / L"Plant")) {
+    if (!entry.is_regular_file()) continue;
+    const std::wstring path = entry.path().wstring();
+    localContents[path] = contentOf(path);
+    if (const StoredFile* file = store().find(path)) versions[path] = file->versions.size();
+  }
   session.end();
   copyTree(work, kept);
-  for (const auto& entry : fs::recursive_directory_iterator(work / L"Plant")) {
-    if (entry.is_regular_file()) localContents[entry.path().wstring()] = contentOf(entry.path());
-  }
 }
 
 SessionOptions Yard::options() const {
@@ -104,10 +107,26 @@ std::vector<std::wstring> Yard::losses(bool savesChanges) const {
     if (std::find(known.begin() + 1, known.end(), content) == known.end()) {
       missed.push_back(L"the first version is gone: " + path);
     }
-    if (!savesChanges && std::find(known.begin(), known.end(), contentOf(path)) == known.end()) {
+    const bool mayBeNew = savesChanges && fs::path(path).filename() == L"Plan.dxf";
+    if (!mayBeNew && std::find(known.begin(), known.end(), contentOf(path)) == known.end()) {
       missed.push_back(L"the local file holds what nobody stored: " + path);
     }
   }
+  return missed;
+}
+
+std::vector<std::wstring> Yard::lossesInStore() const {
+  std::vector<std::wstring> missed;
+  try {
+    store().open(work / L"store");
+  } catch (const StoreError& error) {
+    return {L"the store doesn't open: " + fromUtf8(error.what())};
+  }
+  for (const auto& [path, count] : versions) {
+    const StoredFile* file = store().find(path);
+    if (!file || file->versions.size() < count) missed.push_back(L"versions are lost: " + path);
+  }
+  store().close();
   return missed;
 }
 

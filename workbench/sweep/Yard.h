@@ -25,8 +25,10 @@ class Yard {
 
   /// What somebody would miss after a run: a version, a content, a local file. To be called while
   /// the run's session has the store open.
-  /// @param savesChanges a local file may hold something new
+  /// @param savesChanges the plan's local file may hold something new
   std::vector<std::wstring> losses(bool savesChanges) const;
+  /// The same for the store alone, which is opened anew. To be called after the session's end.
+  std::vector<std::wstring> lossesInStore() const;
 
  private:
   std::filesystem::path work;
@@ -34,6 +36,8 @@ class Yard {
   std::filesystem::path drawings;
   /// Contents of the local files, by their paths.
   std::map<std::wstring, std::string> localContents;
+  /// Versions of the vault's files, by their paths.
+  std::map<std::wstring, size_t> versions;
 };
 
 }  // namespace wb

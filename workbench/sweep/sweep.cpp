@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <set>
 #include <string>
 
 #include "core/ResultNames.h"
@@ -46,6 +47,7 @@ class Sweep {
 
  private:
   void sweep(const wb::Scenario& scenario) {
+    announce(scenario, nullptr, S_OK);
     const wb::Verdict good = wb::runScenario(yard, scenario, nullptr, S_OK);
     report(scenario, nullptr, S_OK, good);
     unsigned number = 0;
@@ -54,21 +56,35 @@ class Sweep {
       const HRESULT* const codes = ofHost ? hostCodes : clientCodes;
       const size_t count = ofHost ? std::size(hostCodes) : std::size(clientCodes);
       for (size_t index = 0; index < count; ++index, ++number) {
-        // Another part of the codes in each scenario, so that a share sees them all.
-        if ((number + skew) % wishes.shares != wishes.share) continue;
+        // A share has a run of each scenario and of each operation, and another part of the codes
+        // in each scenario.
+        const bool first = number == skew % count || seen.insert(call.operation).second;
+        if (!first && (number + skew) % wishes.shares != wishes.share) continue;
+        announce(scenario, &call, codes[index]);
         report(scenario, &call, codes[index], wb::runScenario(yard, scenario, &call, codes[index]));
       }
     }
     skew += 7;
   }
 
+  static std::string nameOf(const wb::Scenario& scenario, const wb::SweptCall* call, HRESULT code) {
+    const std::string name = scenario.name;
+    if (!call) return name + ": no fault";
+    return name + ": " + wb::toUtf8(call->operation) + " #" + std::to_string(call->after + 1) +
+           " " + wb::toUtf8(wb::resultName(code));
+  }
+
+  /// Should the process die, this is the last that it said.
+  void announce(const wb::Scenario& scenario, const wb::SweptCall* call, HRESULT code) const {
+    if (!wishes.list) return;
+    std::printf("run     %s\n", nameOf(scenario, call, code).c_str());
+    std::fflush(stdout);
+  }
+
   void report(const wb::Scenario& scenario, const wb::SweptCall* call, HRESULT code,
               const wb::Verdict& verdict) {
     ++runs;
-    const std::string what = scenario.name + (call ? ": " + wb::toUtf8(call->operation) + " #" +
-                                                         std::to_string(call->after + 1) + " " +
-                                                         wb::toUtf8(wb::resultName(code))
-                                                   : std::string(": no fault"));
+    const std::string what = nameOf(scenario, call, code);
     if (verdict.problems.empty()) {
       if (wishes.list) std::printf("ok      %s\n", what.c_str());
       return;
@@ -92,6 +108,7 @@ class Sweep {
   unsigned runs = 0;
   unsigned failed = 0;
   unsigned skew = 0;
+  std::set<std::wstring> seen;
 };
 
 bool understand(int count, wchar_t** words, Wishes& wishes) {
