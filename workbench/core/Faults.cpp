@@ -32,7 +32,11 @@ void failOperation(std::wstring operation, HRESULT code, unsigned after, bool al
   faults.push_back({std::move(operation), code, after, always});
 }
 
-void clearFaults() { faults.clear(); }
+size_t clearFaults() {
+  const size_t left = faults.size();
+  faults.clear();
+  return left;
+}
 
 std::vector<std::wstring> recordOperations() {
   recording = true;

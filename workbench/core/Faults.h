@@ -17,7 +17,8 @@ namespace wb {
 void failOperation(std::wstring operation, HRESULT code, unsigned after = 0, bool always = false);
 
 /// Takes all faults back.
-void clearFaults();
+/// @return how many of them no call has met yet
+size_t clearFaults();
 
 /// Counts a call of an operation.
 /// @return S_OK, or the code that this call has to fail with.

@@ -43,7 +43,10 @@ void client(ScriptContext& context, Arguments& arguments) {
 
 void fail(ScriptContext&, Arguments& arguments) {
   const std::wstring operation = arguments.word();
-  if (operation == L"clear" && arguments.atEnd()) return clearFaults();
+  if (operation == L"clear" && arguments.atEnd()) {
+    clearFaults();
+    return;
+  }
   const std::wstring name = arguments.word();
   const auto code = resultFromName(name);
   if (!code) arguments.fail(wb::quoted(name) + L" is no result code");

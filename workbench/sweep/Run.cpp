@@ -94,22 +94,26 @@ std::set<std::wstring> leftUnloaded(const std::vector<std::wstring>& lines) {
 }
 
 /// The process goes on: another drawing is checked out and in as if nothing had been.
-void workOn(Session& session, Verdict& verdict) {
+void workOn(const Yard& yard, Session& session, Verdict& verdict) {
   session.run(
       "@client present\n@vault offline off Plant\n@reg set EditWarning 0\n"
       "@reg set Autolock 0\n");
   if (!GetModuleHandleW(L"TessaroAcad.arx")) session.load();
-  const size_t begin = session.transcript().size();
+  const std::wstring notes = yard.options().workFolder + L"\\Plant\\Notes.dxf";
+  const size_t before = yard.versions()[notes];
   const bool done = session.run(
       "@open %WORK%\\Plant\\Notes.dxf\n@answer yes\nTessaro_lock\n@edit\n"
       "@answer yes\n@answer ok\nTessaro_unlock\n");
-  const auto& lines = session.transcript();
-  const bool stored =
-      std::any_of(lines.begin() + static_cast<std::ptrdiff_t>(begin), lines.end(),
-                  [](const std::wstring& line) {
-                    return holds(line, L"InvokeCommand(") && holds(line, L"-> S_OK");
-                  });
-  if (!done || !stored) verdict.problems.push_back(L"another drawing can't be checked out and in");
+  const StoredFile* file = store().find(notes);
+  if (!done || !file || file->holder || file->versions.size() != before + 1) {
+    verdict.problems.push_back(L"another drawing can't be checked out and in");
+  }
+}
+
+/// The host's operations whose failure itself leaves an xref unloaded.
+bool unloads(const SweptCall& call) {
+  return call.operation == L"host.acedXrefReload" || call.operation == L"host.acedXrefUnload" ||
+         call.operation == L"host.acedGetCurDwgXrefGraph";
 }
 
 }  // namespace
@@ -124,14 +128,15 @@ Verdict runScenario(const Yard& yard, const Scenario& scenario, const SweptCall*
   yard.restore();
   Session session(yard.options());
   if (!session.run(scenario.setUp)) verdict.problems.push_back(L"the set-up fails");
+  const std::map<std::wstring, size_t> before = yard.versions();
   recordOperations();
   if (fault) failOperation(fault->operation, code, fault->after);
   const bool done = session.run(scenario.action);
-  clearFaults();
+  if (clearFaults() > 0) verdict.problems.push_back(L"the call that was to fail didn't come");
   verdict.calls = numbered(recordOperations());
   if (!fault && !done) verdict.problems.push_back(L"the script fails without a fault");
   judgeLines(session.transcript(), fault != nullptr, verdict);
-  const bool mayStay = scenario.mayLeaveUnloaded || (fault && fault->ofHost());
+  const bool mayStay = scenario.mayLeaveUnloaded || (fault && unloads(*fault));
   for (const std::wstring& name : leftUnloaded(session.transcript())) {
     if (!mayStay) verdict.problems.push_back(L"the xref stays unloaded: " + name);
   }
@@ -139,12 +144,12 @@ Verdict runScenario(const Yard& yard, const Scenario& scenario, const SweptCall*
     verdict.problems.push_back(loss);
   }
   const size_t judged = session.transcript().size();
-  workOn(session, verdict);
+  workOn(yard, session, verdict);
   session.end();
   const auto& all = session.transcript();
   judgeLines({all.begin() + static_cast<std::ptrdiff_t>(judged), all.end()}, true, verdict);
   verdict.transcript = all;
-  for (const std::wstring& loss : yard.lossesInStore()) verdict.problems.push_back(loss);
+  for (const std::wstring& loss : yard.lossesInStore(before)) verdict.problems.push_back(loss);
   return verdict;
 }
 

@@ -61,9 +61,7 @@ Yard::Yard(const fs::path& folder, const fs::path& drawings, const char* setUp)
   if (!session.run(setUp)) throw std::runtime_error(toUtf8(session.text()));
   for (const auto& entry : fs::recursive_directory_iterator(work / L"Plant")) {
     if (!entry.is_regular_file()) continue;
-    const std::wstring path = entry.path().wstring();
-    localContents[path] = contentOf(path);
-    if (const StoredFile* file = store().find(path)) versions[path] = file->versions.size();
+    localContents[entry.path().wstring()] = contentOf(entry.path());
   }
   session.end();
   copyTree(work, kept);
@@ -115,14 +113,22 @@ std::vector<std::wstring> Yard::losses(bool savesChanges) const {
   return missed;
 }
 
-std::vector<std::wstring> Yard::lossesInStore() const {
+std::map<std::wstring, size_t> Yard::versions() const {
+  std::map<std::wstring, size_t> counts;
+  for (const auto& [path, content] : localContents) {
+    if (const StoredFile* file = store().find(path)) counts[path] = file->versions.size();
+  }
+  return counts;
+}
+
+std::vector<std::wstring> Yard::lossesInStore(const std::map<std::wstring, size_t>& before) const {
   std::vector<std::wstring> missed;
   try {
     store().open(work / L"store");
   } catch (const StoreError& error) {
     return {L"the store doesn't open: " + fromUtf8(error.what())};
   }
-  for (const auto& [path, count] : versions) {
+  for (const auto& [path, count] : before) {
     const StoredFile* file = store().find(path);
     if (!file || file->versions.size() < count) missed.push_back(L"versions are lost: " + path);
   }

@@ -27,8 +27,10 @@ class Yard {
   /// the run's session has the store open.
   /// @param savesChanges the plan's local file may hold something new
   std::vector<std::wstring> losses(bool savesChanges) const;
-  /// The same for the store alone, which is opened anew. To be called after the session's end.
-  std::vector<std::wstring> lossesInStore() const;
+  /// How many versions the store has of each of the view's files, by their paths.
+  std::map<std::wstring, size_t> versions() const;
+  /// What the store lacks of `before`. It is opened anew, so the session must have ended.
+  std::vector<std::wstring> lossesInStore(const std::map<std::wstring, size_t>& before) const;
 
  private:
   std::filesystem::path work;
@@ -36,8 +38,6 @@ class Yard {
   std::filesystem::path drawings;
   /// Contents of the local files, by their paths.
   std::map<std::wstring, std::string> localContents;
-  /// Versions of the vault's files, by their paths.
-  std::map<std::wstring, size_t> versions;
 };
 
 }  // namespace wb
