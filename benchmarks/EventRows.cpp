@@ -34,44 +34,50 @@ void readSettingOnce() {
 /// Two lock-mode events: one as the lock is taken, one as it goes.
 void lockAndUnlock() { const AcAxDocLock lock(acdbHostApplicationServices()->workingDatabase()); }
 
-/// The calls that a status query can't do without, in the module's order.
-void bareStatusCalls(const std::wstring& path) {
+/// A file as every routine of the module finds it: with calls that none can do without.
+struct FoundFile {
+  explicit FoundFile(const std::wstring& path) {
+    client.CreateInstance(__uuidof(VaultMain), nullptr, CLSCTX_ALL);
+    const _bstr_t name(path.c_str());
+    _bstr_t vault;
+    client->vaultNameFromPath(name, vault.GetAddress());
+    client->login(vault, 0);
+    client->fileFromPath(name, &folder, &file);
+  }
+
+  bool isCheckedOut() const {
+    VARIANT_BOOL checkedOut = VARIANT_FALSE;
+    file->isCheckedOut(&checkedOut);
+    return checkedOut == VARIANT_TRUE;
+  }
+
+  long folderId() const {
+    const VaultObjectPtr object = folder;
+    long id = 0;
+    object->id(&id);
+    return id;
+  }
+
   VaultClientPtr client;
-  client.CreateInstance(__uuidof(VaultMain), nullptr, CLSCTX_ALL);
-  const _bstr_t name(path.c_str());
-  _bstr_t vault;
-  client->vaultNameFromPath(name, vault.GetAddress());
-  client->login(vault, 0);
   VaultFolderPtr folder;
   VaultFilePtr file;
-  client->fileFromPath(name, &folder, &file);
-  VaultObjectPtr object = folder;
-  long id = 0, local = 0, latest = 0;
-  object->id(&id);
-  file->localVersion(_variant_t(id), &local);
-  file->latestVersion(&latest);
-  VARIANT_BOOL checkedOut = VARIANT_FALSE;
-  file->isCheckedOut(&checkedOut);
-  file->isCheckedOut(&checkedOut);
+};
+
+/// The bare calls of a status query, in the module's order.
+void bareStatusCalls(const std::wstring& path) {
+  const FoundFile found(path);
+  long local = 0, latest = 0;
+  found.file->localVersion(_variant_t(found.folderId()), &local);
+  found.file->latestVersion(&latest);
+  found.isCheckedOut();
+  found.isCheckedOut();
 }
 
-/// The same for a check-out.
+/// Those of a check-out.
 void bareCheckOutCalls(const std::wstring& path) {
-  VaultClientPtr client;
-  client.CreateInstance(__uuidof(VaultMain), nullptr, CLSCTX_ALL);
-  const _bstr_t name(path.c_str());
-  _bstr_t vault;
-  client->vaultNameFromPath(name, vault.GetAddress());
-  client->login(vault, 0);
-  VaultFolderPtr folder;
-  VaultFilePtr file;
-  client->fileFromPath(name, &folder, &file);
-  VARIANT_BOOL checkedOut = VARIANT_FALSE;
-  file->isCheckedOut(&checkedOut);
-  VaultObjectPtr object = folder;
-  long id = 0;
-  object->id(&id);
-  file->checkOut(id, 0, 0);
+  const FoundFile found(path);
+  found.isCheckedOut();
+  found.file->checkOut(found.folderId(), 0, 0);
 }
 
 }  // namespace
