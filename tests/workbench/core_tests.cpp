@@ -4,7 +4,11 @@
 #include <objbase.h>
 #include <oleauto.h>
 
+#include <filesystem>
+#include <fstream>
+
 #include "core/Accounts.h"
+#include "core/DiskFaults.h"
 #include "core/Faults.h"
 #include "core/ResultNames.h"
 #include "core/Text.h"
@@ -12,6 +16,8 @@
 #include "vault/ResultCodeTable.h"
 
 namespace {
+
+namespace fs = std::filesystem;
 
 std::wstring labelsSince(wb::Ticket since) {
   std::wstring labels;
@@ -83,6 +89,40 @@ TEST_F(Faults, AnOperationWithoutInterfaceMatchesAllAndAlwaysLastsUntilCleared) 
   EXPECT_EQ(S_OK, wb::takeFault(L"VaultClient.relogin"));
   wb::clearFaults();
   EXPECT_EQ(S_OK, wb::takeFault(L"VaultClient.login"));
+}
+
+TEST_F(Faults, AnotherProgramWaitsForAFileAndGivesItBack) {
+  const fs::path file = fs::temp_directory_path() / L"faults.dxf";
+  const fs::path away = file.wstring() + L".away";
+  const auto content = [&] {
+    std::string word;
+    std::ifstream(file) >> word;
+    return word;
+  };
+  const auto disturb = [&](wb::DiskFault what) {
+    std::ofstream(file) << "first";
+    wb::disturbFile(file, what, L"VaultFile.checkOut", 1);
+    std::ofstream holder(file, std::ios::app);
+    wb::takeFault(L"VaultFile.checkOut");
+    wb::takeFault(L"VaultFile.checkOut");
+    EXPECT_EQ("first", content());  // whoever has it open keeps it
+    holder.close();
+    wb::takeFault(L"VaultFile.id");
+    EXPECT_EQ("", content());
+  };
+  disturb(wb::DiskFault::held);
+  EXPECT_EQ(0u, wb::clearFaults());
+  EXPECT_EQ("first", content());
+  disturb(wb::DiskFault::away);
+  EXPECT_EQ(0u, wb::clearFaults());
+  EXPECT_EQ("first", content());
+  disturb(wb::DiskFault::away);
+  std::ofstream(file) << "second";
+  wb::disturbFile(file, wb::DiskFault::held, L"VaultFile.never");
+  EXPECT_EQ(1u, wb::clearFaults());
+  EXPECT_EQ("second", content());
+  EXPECT_FALSE(fs::exists(away));
+  fs::remove(file);
 }
 
 class TranscriptTest : public testing::Test {

@@ -4,6 +4,8 @@
 #include <utility>
 #include <vector>
 
+#include "core/DiskFaults.h"
+
 namespace wb {
 
 namespace {
@@ -35,7 +37,7 @@ void failOperation(std::wstring operation, HRESULT code, unsigned after, bool al
 size_t clearFaults() {
   const size_t left = faults.size();
   faults.clear();
-  return left;
+  return left + endDisturbances();
 }
 
 std::vector<std::wstring> recordOperations() {
@@ -46,6 +48,7 @@ std::vector<std::wstring> recordOperations() {
 HRESULT takeFault(std::wstring_view operation) {
   if (recording) record.emplace_back(operation);
   ++calls[std::wstring(operation)];
+  disturbAt(operation);
   for (auto fault = faults.begin(); fault != faults.end(); ++fault) {
     if (!names(fault->operation, operation)) continue;
     if (fault->letThrough > 0) {

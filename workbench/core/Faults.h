@@ -16,8 +16,8 @@ namespace wb {
 /// @param always every call after those fails, not only the first.
 void failOperation(std::wstring operation, HRESULT code, unsigned after = 0, bool always = false);
 
-/// Takes all faults back.
-/// @return how many of them no call has met yet
+/// Takes all faults back, those of the disk too.
+/// @return how many of them never came about
 size_t clearFaults();
 
 /// Counts a call of an operation.

@@ -10,13 +10,10 @@ namespace wb {
 ClientLibrary::ClientLibrary(const std::wstring& file) {
   if (file.empty()) return;
   library = LoadLibraryW(file.c_str());
-  if (library) return;
+  // It stays: GCC's run-time library doesn't give back what it takes of the process.
+  if (library && GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN, file.c_str(), &library)) return;
   throw std::runtime_error("the client " + toUtf8(file) + " can't be loaded, Windows error " +
                            std::to_string(GetLastError()));
-}
-
-ClientLibrary::~ClientLibrary() {
-  if (library) FreeLibrary(library);
 }
 
 bool ClientLibrary::isThere() const { return library != nullptr; }

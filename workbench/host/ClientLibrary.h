@@ -6,14 +6,13 @@
 
 namespace wb {
 
-/// The stand-in client's library, as an installation would register it.
+/// The stand-in client's library, as an installation would register it. Once loaded it stays.
 class ClientLibrary {
  public:
   /// Without a file there is no client. Raises std::runtime_error if the file is no library.
   explicit ClientLibrary(const std::wstring& file);
   ClientLibrary(const ClientLibrary&) = delete;
   ClientLibrary& operator=(const ClientLibrary&) = delete;
-  ~ClientLibrary();
 
   bool isThere() const;
   /// Both raise std::runtime_error if the library hasn't got the function or it fails.

@@ -3,6 +3,7 @@
 #include <cwchar>
 
 #include "core/Condition.h"
+#include "core/DiskFaults.h"
 #include "core/Faults.h"
 #include "core/ResultNames.h"
 #include "core/Transcript.h"
@@ -41,6 +42,12 @@ void client(ScriptContext& context, Arguments& arguments) {
   }
 }
 
+unsigned numberOfCalls(Arguments& arguments) {
+  const int calls = arguments.number();
+  if (calls < 0) arguments.fail(L"no negative number of calls");
+  return static_cast<unsigned>(calls);
+}
+
 void fail(ScriptContext&, Arguments& arguments) {
   const std::wstring operation = arguments.word();
   if (operation == L"clear" && arguments.atEnd()) {
@@ -56,14 +63,24 @@ void fail(ScriptContext&, Arguments& arguments) {
     if (arguments.take(L"always")) {
       always = true;
     } else if (arguments.take(L"after")) {
-      const int calls = arguments.number();
-      if (calls < 0) arguments.fail(L"no negative number of calls");
-      after = static_cast<unsigned>(calls);
+      after = numberOfCalls(arguments);
     } else {
       arguments.end();
     }
   }
   failOperation(operation, *code, after, always);
+}
+
+void disturb(ScriptContext&, Arguments& arguments) {
+  const std::filesystem::path file = windowsPath(arguments.textUntil({L"held", L"away"}));
+  const DiskFault what = arguments.take(L"held") ? DiskFault::held : DiskFault::away;
+  if (what == DiskFault::away && !arguments.take(L"away")) arguments.fail(L"held or away?");
+  if (!arguments.take(L"at")) arguments.fail(L"at which operation?");
+  const std::wstring operation = arguments.word();
+  unsigned after = 0;
+  if (arguments.take(L"after")) after = numberOfCalls(arguments);
+  arguments.end();
+  disturbFile(file, what, operation, after);
 }
 
 void checkStatus(LSTATUS status, const std::wstring& name) {
@@ -123,6 +140,7 @@ std::vector<Directive> clientDirectives() {
        L"@client missing | present | version MAJOR MINOR | language FILE | language default",
        client, true},
       {L"fail", L"@fail OPERATION CODE [after N] [always], or @fail clear", fail, true},
+      {L"disturb", L"@disturb FILE held | away at OPERATION [after N]", disturb, true},
       {L"reg", L"@reg set NAME VALUE [as number|text|big-endian|long-number] | delete NAME | show",
        reg, true},
   };

@@ -24,6 +24,10 @@ void observeImports(HMODULE module, const std::vector<WatchedCall>& calls);
 /// Puts the module's import table back. To be called just before FreeLibrary.
 void unwatchImports(HMODULE module);
 
+/// Frees the thread-local slots that a watched module has taken: GCC's run-time library leaves its
+/// own behind, and a process has 1,088. To be called after FreeLibrary.
+void freeThreadSlots(HMODULE module);
+
 /// CoInitialize calls of the watched module less its CoUninitialize calls. A command that leaves by
 /// an exception keeps one.
 int apartmentBalance();

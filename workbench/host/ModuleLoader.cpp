@@ -12,6 +12,7 @@
 #include "host/FileSelection.h"
 #include "host/Guarded.h"
 #include "host/Host.h"
+#include "host/ImportWatch.h"
 #include "host/LispFunctions.h"
 #include "host/Names.h"
 
@@ -154,7 +155,9 @@ bool ModuleLoader::end(Module& module, bool force, std::wstring& reason) {
   if (host.onModuleLeaving) host.onModuleLeaving(module.handle);
   const std::wstring name = module.name();
   const Ticket since = module.since;
-  FreeLibrary(module.handle);
+  const HMODULE handle = module.handle;
+  FreeLibrary(handle);
+  freeThreadSlots(handle);
   modules.erase(std::find_if(modules.begin(), modules.end(),
                              [&](const auto& one) { return one.get() == &module; }));
   tell(L"doc", L"application unloaded " + name);

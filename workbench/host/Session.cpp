@@ -120,6 +120,7 @@ void Session::end() {
   state->ended = true;
   Host& host = Host::instance();
   host.stop();
+  clearFaults();
   host.runner().tellLeaks(state->since, true);
   host.onModuleMapped = nullptr;
   host.onModuleLeaving = nullptr;

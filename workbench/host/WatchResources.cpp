@@ -1,6 +1,9 @@
 #include <windows.h>
 
+#include <map>
+
 #include "host/HandleLedger.h"
+#include "host/ImportWatch.h"
 #include "host/WatchedCalls.h"
 
 namespace wb {
@@ -90,7 +93,32 @@ BOOL WINAPI seenDestroyMenu(HMENU menu) {
   return destroyed;
 }
 
+std::multimap<HMODULE, DWORD>& threadSlots() {
+  static std::multimap<HMODULE, DWORD> slots;
+  return slots;
+}
+
+DWORD WINAPI seenTlsAlloc() {
+  const DWORD slot = TlsAlloc();
+  const DWORD error = GetLastError();
+  HMODULE module = nullptr;
+  if (GetModuleHandleExW(
+          GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+          static_cast<LPCWSTR>(__builtin_return_address(0)), &module) &&
+      slot != TLS_OUT_OF_INDEXES) {
+    threadSlots().emplace(module, slot);
+  }
+  SetLastError(error);
+  return slot;
+}
+
 }  // namespace
+
+void freeThreadSlots(HMODULE module) {
+  const auto [begin, end] = threadSlots().equal_range(module);
+  for (auto at = begin; at != end; ++at) TlsFree(at->second);
+  threadSlots().erase(begin, end);
+}
 
 std::vector<WatchedCall> resourceCalls() {
   return {
@@ -99,6 +127,7 @@ std::vector<WatchedCall> resourceCalls() {
       {"LoadImageW", observerOf(seenLoadImageW, LoadImageW)},
       {"DeleteObject", observerOf(seenDeleteObject, DeleteObject)},
       {"CreatePopupMenu", observerOf(seenCreatePopupMenu, CreatePopupMenu)},
+      {"TlsAlloc", observerOf(seenTlsAlloc, TlsAlloc)},
       {"DestroyMenu", observerOf(seenDestroyMenu, DestroyMenu)},
   };
 }

@@ -12,13 +12,15 @@ namespace {
 
 constexpr wchar_t markName[] = L".workbench-session";
 
-void deleteAll(const std::filesystem::path& path) {
+}  // namespace
+
+void deleteTree(const std::filesystem::path& path) {
   const DWORD attributes = GetFileAttributesW(path.c_str());
   const bool isFolder =
       attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
   const bool isLink = isFolder && (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
   if (isFolder && !isLink) {
-    for (const auto& entry : std::filesystem::directory_iterator(path)) deleteAll(entry.path());
+    for (const auto& entry : std::filesystem::directory_iterator(path)) deleteTree(entry.path());
   }
   // The files of a vault view are write-protected.
   SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
@@ -26,8 +28,6 @@ void deleteAll(const std::filesystem::path& path) {
   throw std::runtime_error(toUtf8(path.wstring()) + " can't be deleted, Windows error " +
                            std::to_string(GetLastError()));
 }
-
-}  // namespace
 
 void prepareWorkFolder(const std::filesystem::path& folder, bool keep) {
   std::filesystem::create_directories(folder);
@@ -44,7 +44,7 @@ void prepareWorkFolder(const std::filesystem::path& folder, bool keep) {
   }
   if (keep) return;
   for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-    if (entry.path().filename() != markName) deleteAll(entry.path());
+    if (entry.path().filename() != markName) deleteTree(entry.path());
   }
 }
 

@@ -9,4 +9,8 @@ namespace wb {
 /// and stays as it is. With `keep` a marked folder keeps what it holds.
 void prepareWorkFolder(const std::filesystem::path& folder, bool keep);
 
+/// Deletes a file, or a folder with all that is in it, write-protected or not. Raises
+/// std::runtime_error.
+void deleteTree(const std::filesystem::path& path);
+
 }  // namespace wb

@@ -29,8 +29,8 @@ bool isOfTheScript(const std::wstring& line) {
       L": the menu has no item",       // the fault took the entries away
       L": no menu is open",
       L": nothing more of that name",
-      L" is disabled",  // a control of the status window
-      L" isn't open",   // the drawing that was to be opened or edited
+      L" is disabled",   // a control of the status window
+      L"\" isn't open",  // the drawing that was to be opened or edited
       L": no drawing is open",
       L": there is no drawing to edit",
       L": the status window's timer isn't running",
@@ -93,7 +93,8 @@ std::set<std::wstring> leftUnloaded(const std::vector<std::wstring>& lines) {
   return names;
 }
 
-/// The process goes on: another drawing is checked out and in as if nothing had been.
+/// The process goes on: another drawing is checked out and in as if nothing had been, and the sheet
+/// opens with all that belongs to it.
 void workOn(const Yard& yard, Session& session, Verdict& verdict) {
   session.run(
       "@client present\n@vault offline off Plant\n@reg set EditWarning 0\n"
@@ -108,6 +109,7 @@ void workOn(const Yard& yard, Session& session, Verdict& verdict) {
   if (!done || !file || file->holder || file->versions.size() != before + 1) {
     verdict.problems.push_back(L"another drawing can't be checked out and in");
   }
+  if (!session.run(sheetOpensWhole)) verdict.problems.push_back(L"the sheet doesn't open whole");
 }
 
 /// The host's operations whose failure itself leaves an xref unloaded.
@@ -116,29 +118,64 @@ bool unloads(const SweptCall& call) {
          call.operation == L"host.acedGetCurDwgXrefGraph";
 }
 
+bool mayLeaveUnloaded(const Scenario& scenario, const SweptFault* fault) {
+  const auto named = [&](std::string_view operation) {
+    const auto& calls = scenario.leavesUnloaded;
+    return std::find(calls.begin(), calls.end(), operation) != calls.end();
+  };
+  if (named(byItself)) return true;
+  return fault && (fault->onDisk || unloads(fault->call) || named(toUtf8(fault->call.operation)));
+}
+
 }  // namespace
+
+// A box that tells the fault doesn't end the script.
+const std::string answerAll = "@answer-any 1\n";
 
 bool SweptCall::ofHost() const {
   return operation.rfind(L"host.", 0) == 0 || operation.rfind(L"AcDb", 0) == 0;
 }
 
-Verdict runScenario(const Yard& yard, const Scenario& scenario, const SweptCall* fault,
-                    HRESULT code) {
+SweptFault failing(const SweptCall& call, HRESULT code) {
+  const std::string name = toUtf8(resultName(code));
+  return {call, name,
+          answerAll + "@fail " + toUtf8(call.operation) + " " + name + " after " +
+              std::to_string(call.after) + "\n"};
+}
+
+std::vector<SweptFault> disturbing(const SweptCall& call) {
+  std::vector<SweptFault> all;
+  for (const std::string way : {"held", "away"}) {
+    const std::string rest =
+        " " + way + " at " + toUtf8(call.operation) + " after " + std::to_string(call.after) + "\n";
+    all.push_back({call, "sheet " + way, answerAll + "@disturb " + sheet + rest, 1});
+    std::string lines = answerAll;
+    for (const char* xref : xrefsOfSheet) lines += "@disturb " + std::string(xref) + rest;
+    all.push_back({call, "xrefs " + way, lines, std::size(xrefsOfSheet)});
+  }
+  return all;
+}
+
+Verdict runScenario(const Yard& yard, const Scenario& scenario, const SweptFault* fault) {
   Verdict verdict;
   yard.restore();
   Session session(yard.options());
   if (!session.run(scenario.setUp)) verdict.problems.push_back(L"the set-up fails");
   const std::map<std::wstring, size_t> before = yard.versions();
   recordOperations();
-  if (fault) failOperation(fault->operation, code, fault->after);
-  const bool done = session.run(scenario.action);
-  if (clearFaults() > 0) verdict.problems.push_back(L"the call that was to fail didn't come");
+  const bool done = session.run((fault ? fault->lines : "") + scenario.action);
+  const size_t missed = clearFaults();
+  verdict.faultCame = missed < (fault ? std::max(fault->onDisk, 1u) : 0);
+  if (fault && !fault->onDisk && !verdict.faultCame) {
+    verdict.problems.push_back(L"the call that was to fail didn't come");
+  }
   verdict.calls = numbered(recordOperations());
   if (!fault && !done) verdict.problems.push_back(L"the script fails without a fault");
   judgeLines(session.transcript(), fault != nullptr, verdict);
-  const bool mayStay = scenario.mayLeaveUnloaded || (fault && unloads(*fault));
-  for (const std::wstring& name : leftUnloaded(session.transcript())) {
-    if (!mayStay) verdict.problems.push_back(L"the xref stays unloaded: " + name);
+  if (!mayLeaveUnloaded(scenario, fault)) {
+    for (const std::wstring& name : leftUnloaded(session.transcript())) {
+      verdict.problems.push_back(L"the xref stays unloaded: " + name);
+    }
   }
   for (const std::wstring& loss : yard.losses(scenario.savesChanges)) {
     verdict.problems.push_back(loss);
@@ -147,16 +184,14 @@ Verdict runScenario(const Yard& yard, const Scenario& scenario, const SweptCall*
   workOn(yard, session, verdict);
   session.end();
   const auto& all = session.transcript();
-  judgeLines({all.begin() + static_cast<std::ptrdiff_t>(judged), all.end()}, true, verdict);
+  judgeLines({all.begin() + static_cast<std::ptrdiff_t>(judged), all.end()}, false, verdict);
   verdict.transcript = all;
   for (const std::wstring& loss : yard.lossesInStore(before)) verdict.problems.push_back(loss);
   return verdict;
 }
 
-std::string scriptOf(const Scenario& scenario, const SweptCall& fault, HRESULT code) {
-  return std::string(yardSetUp) + scenario.setUp + "@fail " + toUtf8(fault.operation) + " " +
-         toUtf8(resultName(code)) + " after " + std::to_string(fault.after) + "\n" +
-         scenario.action;
+std::string scriptOf(const Scenario& scenario, const SweptFault& fault) {
+  return std::string(yardSetUp) + scenario.setUp + fault.lines + scenario.action;
 }
 
 }  // namespace wb

@@ -11,19 +11,12 @@
 #include "core/Text.h"
 #include "host/LoadRecord.h"
 #include "host/RegistrySettings.h"
+#include "host/WorkFolder.h"
 
 namespace wb {
 namespace {
 
 namespace fs = std::filesystem;
-
-void removeTree(const fs::path& folder) {
-  if (!fs::exists(folder)) return;
-  for (const auto& entry : fs::recursive_directory_iterator(folder)) {
-    SetFileAttributesW(entry.path().c_str(), FILE_ATTRIBUTE_NORMAL);
-  }
-  fs::remove_all(folder);
-}
 
 /// With dates and attributes, which the vault's local copies live by.
 void copyTree(const fs::path& from, const fs::path& to) {
@@ -54,7 +47,7 @@ fs::path binFolder() {
 
 Yard::Yard(const fs::path& folder, const fs::path& drawings, const char* setUp)
     : work(folder / L"work"), kept(folder / L"kept"), drawings(drawings) {
-  removeTree(folder);
+  prepareWorkFolder(folder, false);
   SessionOptions first = options();
   first.keep = false;
   Session session(first);
@@ -78,7 +71,7 @@ SessionOptions Yard::options() const {
 }
 
 void Yard::restore() const {
-  removeTree(work);
+  deleteTree(work);
   copyTree(kept, work);
   resetSettings();
   clearLoadRecord();

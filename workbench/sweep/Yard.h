@@ -14,7 +14,8 @@ namespace wb {
 class Yard {
  public:
   /// Makes the vault by the script. Raises std::runtime_error if that fails.
-  /// @param folder emptied; its subfolder `work` becomes the sessions' work folder
+  /// @param folder a work folder of the workbench, or empty; it is emptied. Its subfolder `work`
+  /// becomes the sessions' work folder
   Yard(const std::filesystem::path& folder, const std::filesystem::path& drawings,
        const char* setUp);
 

@@ -7,21 +7,16 @@
 #include <exception>
 #include <set>
 #include <string>
+#include <vector>
 
-#include "core/ResultNames.h"
+#include "core/ResultCodes.h"
 #include "core/Text.h"
 #include "sweep/Run.h"
 
 namespace {
 
-constexpr HRESULT clientCodes[] = {
-    E_FAIL,
-    static_cast<HRESULT>(0x80040203),  // E_QVT_PERMISSION_DENIED
-    static_cast<HRESULT>(0x8004020B),  // E_QVT_FILE_SHARE_ERROR
-    E_OUTOFMEMORY,
-    static_cast<HRESULT>(0x80010108),  // RPC_E_DISCONNECTED
-};
-constexpr HRESULT hostCodes[] = {E_FAIL};
+constexpr HRESULT clientCodes[] = {E_FAIL, wb::E_QVT_PERMISSION_DENIED, wb::E_QVT_FILE_SHARE_ERROR,
+                                   E_OUTOFMEMORY, RPC_E_DISCONNECTED};
 
 struct Wishes {
   std::string only;    // a part of the scenarios' names
@@ -32,6 +27,27 @@ struct Wishes {
   std::filesystem::path folder = std::filesystem::temp_directory_path() / L"workbench-sweep";
 };
 
+/// A client's call fails with each of the codes, a host's in its own way. What another program does
+/// to the files begins at the first call of each operation.
+std::vector<wb::SweptFault> faultsOf(const std::vector<wb::SweptCall>& calls) {
+  std::vector<wb::SweptFault> faults;
+  for (const wb::SweptCall& call : calls) {
+    if (call.ofHost()) {
+      faults.push_back(wb::failing(call, E_FAIL));
+    } else {
+      for (const HRESULT code : clientCodes) faults.push_back(wb::failing(call, code));
+    }
+    if (call.after > 0) continue;
+    for (wb::SweptFault& fault : wb::disturbing(call)) faults.push_back(std::move(fault));
+  }
+  return faults;
+}
+
+/// What a share has to have seen once, whatever the scenario.
+std::wstring kindOf(const wb::SweptFault& fault) {
+  return fault.onDisk ? wb::fromUtf8(fault.name) : fault.call.operation;
+}
+
 class Sweep {
  public:
   explicit Sweep(const Wishes& wishes)
@@ -39,52 +55,46 @@ class Sweep {
 
   int run() {
     for (const wb::Scenario& scenario : wb::scenarios()) {
-      if (std::string(scenario.name).find(wishes.only) != std::string::npos) sweep(scenario);
+      if (scenario.name.find(wishes.only) != std::string::npos) sweep(scenario);
     }
+    std::printf("The files were in use throughout %u runs, so that no other program got at them.\n",
+                impossible);
     std::printf("sweep: %u passed, %u failed\n", runs - failed, failed);
     return failed == 0 && runs > 0 ? 0 : 1;
   }
 
  private:
   void sweep(const wb::Scenario& scenario) {
-    announce(scenario, nullptr, S_OK);
-    const wb::Verdict good = wb::runScenario(yard, scenario, nullptr, S_OK);
-    report(scenario, nullptr, S_OK, good);
-    unsigned number = 0;
-    for (const wb::SweptCall& call : good.calls) {
-      const bool ofHost = call.ofHost();
-      const HRESULT* const codes = ofHost ? hostCodes : clientCodes;
-      const size_t count = ofHost ? std::size(hostCodes) : std::size(clientCodes);
-      for (size_t index = 0; index < count; ++index, ++number) {
-        // A share has a run of each scenario and of each operation, and another part of the codes
-        // in each scenario.
-        const bool first = number == skew % count || seen.insert(call.operation).second;
-        if (!first && (number + skew) % wishes.shares != wishes.share) continue;
-        announce(scenario, &call, codes[index]);
-        report(scenario, &call, codes[index], wb::runScenario(yard, scenario, &call, codes[index]));
-      }
+    announce(scenario, nullptr);
+    const wb::Verdict good = wb::runScenario(yard, scenario, nullptr);
+    report(scenario, nullptr, good);
+    const auto faults = faultsOf(good.calls);
+    for (const wb::SweptFault& fault : faults) {
+      const bool ofShare = number++ % wishes.shares == wishes.share;
+      if (!seen.insert(kindOf(fault)).second && !ofShare) continue;
+      announce(scenario, &fault);
+      report(scenario, &fault, wb::runScenario(yard, scenario, &fault));
     }
-    skew += 7;
   }
 
-  static std::string nameOf(const wb::Scenario& scenario, const wb::SweptCall* call, HRESULT code) {
-    const std::string name = scenario.name;
-    if (!call) return name + ": no fault";
-    return name + ": " + wb::toUtf8(call->operation) + " #" + std::to_string(call->after + 1) +
-           " " + wb::toUtf8(wb::resultName(code));
+  static std::string nameOf(const wb::Scenario& scenario, const wb::SweptFault* fault) {
+    if (!fault) return scenario.name + ": no fault";
+    return scenario.name + ": " + wb::toUtf8(fault->call.operation) + " #" +
+           std::to_string(fault->call.after + 1) + " " + fault->name;
   }
 
   /// Should the process die, this is the last that it said.
-  void announce(const wb::Scenario& scenario, const wb::SweptCall* call, HRESULT code) const {
+  void announce(const wb::Scenario& scenario, const wb::SweptFault* fault) const {
     if (!wishes.list) return;
-    std::printf("run     %s\n", nameOf(scenario, call, code).c_str());
+    std::printf("run     %s\n", nameOf(scenario, fault).c_str());
     std::fflush(stdout);
   }
 
-  void report(const wb::Scenario& scenario, const wb::SweptCall* call, HRESULT code,
+  void report(const wb::Scenario& scenario, const wb::SweptFault* fault,
               const wb::Verdict& verdict) {
+    if (fault && fault->onDisk && !verdict.faultCame) ++impossible;
     ++runs;
-    const std::string what = nameOf(scenario, call, code);
+    const std::string what = nameOf(scenario, fault);
     if (verdict.problems.empty()) {
       if (wishes.list) std::printf("ok      %s\n", what.c_str());
       return;
@@ -94,8 +104,8 @@ class Sweep {
     for (const std::wstring& problem : verdict.problems) {
       std::printf("        %s\n", wb::toUtf8(problem).c_str());
     }
-    if (call) std::printf("%s----\n", wb::scriptOf(scenario, *call, code).c_str());
-    if (!call || wishes.list) {
+    if (fault) std::printf("%s----\n", wb::scriptOf(scenario, *fault).c_str());
+    if (!fault || wishes.list) {
       for (const std::wstring& line : verdict.transcript) {
         std::printf("    %s\n", wb::toUtf8(line).c_str());
       }
@@ -107,7 +117,8 @@ class Sweep {
   const wb::Yard yard;
   unsigned runs = 0;
   unsigned failed = 0;
-  unsigned skew = 0;
+  unsigned impossible = 0;
+  unsigned number = 0;
   std::set<std::wstring> seen;
 };
 
