@@ -19,13 +19,13 @@ class Messages : public testing::Test {
   void SetUp() override {
     CoInitialize(nullptr);
     releaseTextService();
-    script = ClientScript();
+    FakeMain::reset();
     FakeTexts::reset();
   }
   void TearDown() override {
     releaseTextService();
     EXPECT_EQ(FakeTexts::alive, 0);
-    EXPECT_EQ(aliveObjects(), 0);
+    EXPECT_EQ(FakeMain::alive, 0);
     CoUninitialize();
   }
 };
@@ -112,12 +112,12 @@ TEST_F(Messages, ReportFallsBackToWindowsWords) {
   const _com_error error(E_ACCESSDENIED);
   const std::wstring expected = L"Context.\n" + textOf(systemMessage(E_ACCESSDENIED));
   reportComErrorClient(app, VaultClientPtr(), error, L"Context.");
-  script.errorText = L"";
+  FakeMain::words = L"";
   reportComErrorClient(app, client, error, L"Context.");
-  script.errorText = nullptr;
+  FakeMain::words = nullptr;
   reportComErrorClient(app, client, error, L"Context.");
-  script.errorText = L"words";
-  script.failures["errorText"] = E_FAIL;
+  FakeMain::words = L"words";
+  FakeMain::result = E_FAIL;
   reportComErrorClient(app, client, error, L"Context.");
   EXPECT_EQ(BoxWatch::texts, Texts(4, expected));
 }
@@ -132,5 +132,5 @@ TEST_F(Messages, ReportOfAnOpenFileAdvisesAndDoesNotAsk) {
             Texts(2,
                   L"Context.\nMake sure the file or any of it's external references isn't opened "
                   L"in another window."));
-  EXPECT_TRUE(script.calls.empty());
+  EXPECT_EQ(FakeMain::asked, 0);
 }

@@ -2,9 +2,11 @@
 
 #include <aced.h>
 
+#include <cctype>
 #include <filesystem>
 
 #include "ModuleSession.h"
+#include "core/Store.h"
 #include "core/Text.h"
 
 namespace {
@@ -114,6 +116,20 @@ TEST_P(StatusWindowState, IsShown) {
 
 INSTANTIATE_TEST_SUITE_P(Table, StatusWindowState, testing::ValuesIn(cases),
                          [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(StatusWindow, ComputersAreToldApartByTheirWholeNamesInAnyCase) {
+  const std::string computer = wb::toUtf8(wb::Store::thisComputer());
+  std::string otherCase;
+  for (const unsigned char letter : computer) {
+    otherCase +=
+        static_cast<char>(std::isupper(letter) ? std::tolower(letter) : std::toupper(letter));
+  }
+  run("@vault checkout " + plan + " computer " + otherCase + "\n@vault checkout " + other +
+      " computer " + computer + "X\n@load\n@open " + plan + "\n");
+  expectShown({"unchecked disabled", "checked", "1/1"});
+  run("@open " + other + "\n");
+  expectShown({"unchecked disabled", "indeterminate", "1/1"});
+}
 
 TEST_F(StatusWindow, BeforeAnyDrawingNothingIsKnown) {
   run("@load\n");

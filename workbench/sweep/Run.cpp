@@ -72,8 +72,9 @@ void judgeLines(const std::vector<std::wstring>& lines, bool faulty, Verdict& ve
     const bool leak = line.rfind(L"leak: ", 0) == 0;
     const bool error = line.rfind(L"error: ", 0) == 0;
     const bool escaped = holds(line, L" ended by an uncaught error ");
-    if (leak || (error && !(faulty && isOfTheScript(line))) ||
-        (escaped && !(faulty && mayEscape(line)))) {
+    const bool asMeant = escaped && faulty && mayEscape(line);
+    if (asMeant) verdict.escaped = true;
+    if (leak || (error && !(faulty && isOfTheScript(line))) || (escaped && !asMeant)) {
       verdict.problems.push_back(line);
     }
   }

@@ -39,6 +39,7 @@ struct Verdict {
   std::vector<SweptCall> calls;        ///< that the action made, in their order
   std::vector<std::wstring> problems;  ///< empty if all is well
   std::vector<std::wstring> transcript;
+  bool escaped = false;    ///< an error left what the host called, as it may
   bool faultCame = false;  ///< files may be in use as long as the action lasts
 };
 

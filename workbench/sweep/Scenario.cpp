@@ -43,7 +43,7 @@ const char sheet[] = PLAN;
 const char* const xrefsOfSheet[2] = {GRID, BUILDING};
 
 const char sheetOpensWhole[] =
-    "@answer-any 1\n@try @close " PLAN "\n@mark\n@open " PLAN
+    "@answer-any 1\n@try @close " PLAN "\n@try @window close\n@mark\n@open " PLAN
     "\n@expect xref: loaded Grid\n@expect xref: loaded Building\n@expect xref: loaded Drain\n"
     "@expect xref: loaded North\n@close " PLAN "\n";
 

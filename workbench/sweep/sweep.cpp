@@ -96,7 +96,8 @@ class Sweep {
     ++runs;
     const std::string what = nameOf(scenario, fault);
     if (verdict.problems.empty()) {
-      if (wishes.list) std::printf("ok      %s\n", what.c_str());
+      if (wishes.list)
+        std::printf("ok      %s%s\n", what.c_str(), verdict.escaped ? ": escapes" : "");
       return;
     }
     ++failed;
