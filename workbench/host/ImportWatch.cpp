@@ -21,7 +21,7 @@ std::map<HMODULE, std::vector<PatchedSlot>>& patchedModules() {
 
 std::vector<WatchedCall> allCalls() {
   std::vector<WatchedCall> all;
-  for (const auto& calls : {registryCalls(), resourceCalls(), windowCalls()}) {
+  for (const auto& calls : {registryCalls(), resourceCalls(), memoryCalls(), windowCalls()}) {
     all.insert(all.end(), calls.begin(), calls.end());
   }
   return all;

@@ -10,12 +10,12 @@
 namespace wb {
 
 /// Watches what a loaded module asks of Windows, by its import address table: boxes, settings,
-/// files, COM initialisations, images, menus, timers, modeless dialogs. Every call goes through to
-/// Windows with the same arguments and result. Writes to the registry are told as `reg` lines,
-/// boxes as `box` lines; keys, files, images, menus, timers and windows are accounted
-/// (core/Accounts.h). To be called after the module is mapped and before its first message. What
-/// its static constructors did isn't seen, so its static destructors mustn't be either: see
-/// unwatchImports().
+/// files, COM initialisations, images, menus, timers, modeless dialogs, memory that goes back.
+/// Every call goes through to Windows with the same arguments and result. Writes to the registry
+/// are told as `reg` lines, boxes as `box` lines; keys, files, images, menus, timers and windows
+/// are accounted (core/Accounts.h). To be called after the module is mapped and before its first
+/// message. What its static constructors did isn't seen, so its static destructors mustn't be
+/// either: see unwatchImports().
 void watchImports(HMODULE module);
 
 /// Puts observers of the caller's own in the place of functions that the module imports.

@@ -12,6 +12,7 @@ struct WatchedCall {
 
 std::vector<WatchedCall> registryCalls();  ///< WatchRegistry.cpp
 std::vector<WatchedCall> resourceCalls();  ///< WatchResources.cpp: files, images, menus
+std::vector<WatchedCall> memoryCalls();    ///< WatchMemory.cpp: what goes back to the heap
 std::vector<WatchedCall> windowCalls();    ///< WatchWindows.cpp: boxes, dialogs, timers, apartments
 
 /// What the observers remember of handles is dropped; open accounts stay.

@@ -20,6 +20,9 @@ struct HandleCloser {
 };
 using OwnedHandle = std::unique_ptr<void, HandleCloser>;
 
+// FLG_HEAP_ENABLE_TAIL_CHECK and FLG_HEAP_ENABLE_FREE_CHECK
+constexpr DWORD heapFlags = 0x30;
+
 constexpr unsigned trialSeconds = 90;
 constexpr unsigned mostTrials = 200;
 
@@ -38,6 +41,22 @@ std::wstring joined(const std::vector<size_t>& numbers) {
   return text;
 }
 
+void watchHeaps() {
+  const std::wstring key =
+      LR"(Software\Microsoft\Windows NT\CurrentVersion\Image File Execution Options\)" +
+      programFile().filename().wstring();
+  const LSTATUS status = RegSetKeyValueW(HKEY_LOCAL_MACHINE, key.c_str(), L"GlobalFlag", REG_DWORD,
+                                         &heapFlags, sizeof heapFlags);
+  if (status != ERROR_SUCCESS) throw std::runtime_error("the heaps' flags can't be set");
+}
+
+bool heapsAreWatched() {
+  const HMODULE library = GetModuleHandleW(L"ntdll.dll");
+  const auto globalFlags = reinterpret_cast<ULONG(WINAPI*)()>(
+      reinterpret_cast<void*>(GetProcAddress(library, "RtlGetNtGlobalFlags")));
+  return globalFlags && (globalFlags() & heapFlags) == heapFlags;
+}
+
 ChildResult runChild(const std::wstring& arguments, unsigned seconds) {
   const std::filesystem::path file = workFolder().parent_path() / L"child.txt";
   SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
@@ -48,16 +67,15 @@ ChildResult runChild(const std::wstring& arguments, unsigned seconds) {
     output.release();
     throw std::runtime_error("the child's output can't be written");
   }
-  wchar_t program[MAX_PATH];
-  GetModuleFileNameW(nullptr, program, MAX_PATH);
-  std::wstring line = L"\"" + std::wstring(program) + L"\" " + arguments;
+  const std::wstring program = programFile();
+  std::wstring line = L"\"" + program + L"\" " + arguments;
   STARTUPINFOW start{};
   start.cb = sizeof start;
   start.dwFlags = STARTF_USESTDHANDLES;
   start.hStdOutput = start.hStdError = output.get();
   PROCESS_INFORMATION made{};
-  if (!CreateProcessW(program, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start,
-                      &made)) {
+  if (!CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
+                      &start, &made)) {
     throw std::runtime_error("the child can't be started");
   }
   const OwnedHandle process(made.hProcess);

@@ -11,6 +11,13 @@ struct ChildResult {
   std::string output;
 };
 
+/// Has Windows watch the heaps of every process of this program that starts from here on: what is
+/// written beyond a block or after it was freed is found by HeapValidate.
+void watchHeaps();
+
+/// Whether the heaps of this process are watched so.
+bool heapsAreWatched();
+
 /// Runs this program again and waits for its end; one that doesn't end in time is terminated.
 ChildResult runChild(const std::wstring& arguments, unsigned seconds);
 

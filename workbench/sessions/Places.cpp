@@ -12,10 +12,10 @@ std::filesystem::path drawingsFolder() {
   return std::filesystem::temp_directory_path() / L"random-sessions" / L"drawings";
 }
 
-std::filesystem::path programFolder() {
+std::filesystem::path programFile() {
   wchar_t file[MAX_PATH];
   GetModuleFileNameW(nullptr, file, MAX_PATH);
-  return std::filesystem::path(file).parent_path();
+  return file;
 }
 
 }  // namespace sessions

@@ -39,8 +39,8 @@ class Run {
  private:
   static wb::SessionOptions options() {
     wb::SessionOptions options;
-    options.module = programFolder() / L"TessaroAcad.arx";
-    options.client = programFolder() / L"TessaroClient.dll";
+    options.module = programFile().replace_filename(L"TessaroAcad.arx");
+    options.client = programFile().replace_filename(L"TessaroClient.dll");
     options.workFolder = workFolder();
     options.drawings = drawingsFolder();
     options.timeoutSeconds = 30;

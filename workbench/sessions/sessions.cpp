@@ -125,6 +125,7 @@ unsigned passedIn(const std::string& output) {
 }
 
 int runAll(const Options& options) {
+  sessions::watchHeaps();
   std::filesystem::create_directories(sessions::workFolder().parent_path());
   std::filesystem::copy(
       wb::windowsPath(options.drawings), sessions::drawingsFolder(),
@@ -155,6 +156,9 @@ int main() {
   wchar_t** const arguments = CommandLineToArgvW(GetCommandLineW(), &count);
   try {
     const Options options = parse(count, arguments);
+    const bool isChild = options.isTrial || options.isChild;
+    if (isChild && !sessions::heapsAreWatched())
+      throw std::runtime_error("the heaps aren't watched");
     if (options.isTrial) {
       return report(static_cast<unsigned>(options.trial), sessions::runSession(keptSteps(options)));
     }
