@@ -5,6 +5,7 @@
 #include "core/Transcript.h"
 #include "host/Answers.h"
 #include "host/Directives.h"
+#include "host/Selection.h"
 
 namespace wb {
 namespace {
@@ -29,6 +30,9 @@ void answer(ScriptContext&, Arguments& arguments) {
 void answerAny(ScriptContext&, Arguments& arguments) {
   const int seed = arguments.number();
   arguments.end();
+  // What an earlier part of the script prepared for nothing is no answer in this one.
+  Answers::instance().clear();
+  Selection::instance().clear();
   Answers::instance().answerAny(static_cast<unsigned>(seed));
 }
 

@@ -84,6 +84,7 @@ struct Session::State {
   ScriptContext context;
   Ticket since = 0;
   bool ended = false;
+  bool answersAny = false;  ///< what the last script asked for, which holds for the end as well
 };
 
 Session::Session(SessionOptions options) : state(std::make_unique<State>(std::move(options))) {
@@ -119,6 +120,8 @@ void Session::end() {
   if (state->ended) return;
   state->ended = true;
   Host& host = Host::instance();
+  // With the client gone, the documents' ends bring boxes up.
+  if (state->answersAny) Answers::instance().answerAny(1);
   host.stop();
   clearFaults();
   host.runner().tellLeaks(state->since, true);
@@ -145,6 +148,7 @@ bool Session::run(std::string_view utf8Script) {
                 : std::string();
   });
   const bool succeeded = script.run();
+  state->answersAny = Answers::instance().answersAny();
   Answers::instance().clear();
   Selection::instance().clear();
   return succeeded && Answers::instance().unanswered() == unanswered;

@@ -3,12 +3,15 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <cctype>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <memory>
 #include <numeric>
 #include <stdexcept>
+#include <string_view>
 
 #include "sessions/Places.h"
 
@@ -25,12 +28,17 @@ constexpr DWORD heapFlags = 0x30;
 
 constexpr unsigned trialSeconds = 90;
 constexpr unsigned mostTrials = 200;
+constexpr std::chrono::seconds mostTime(150);
 
-bool fails(unsigned seed, unsigned steps, const std::vector<size_t>& kept) {
-  return runChild(L"--trial " + std::to_wstring(seed) + L" --steps " + std::to_wstring(steps) +
-                      L" --kept " + joined(kept),
-                  trialSeconds)
-             .code != 0;
+// A step takes a second at most; a hang is run into many times.
+constexpr unsigned trialStepSeconds = 8;
+constexpr unsigned long judged = 1;
+
+std::string trial(unsigned seed, unsigned steps, const std::vector<size_t>& kept) {
+  return failureOf(runChild(L"--trial " + std::to_wstring(seed) + L" --steps " +
+                                std::to_wstring(steps) + L" --kept " + joined(kept) +
+                                L" --patience " + std::to_wstring(trialStepSeconds),
+                            trialSeconds));
 }
 
 }  // namespace
@@ -92,18 +100,39 @@ ChildResult runChild(const std::wstring& arguments, unsigned seconds) {
   return result;
 }
 
-std::vector<size_t> shrink(unsigned seed, unsigned steps) {
+std::string failureOf(const ChildResult& child) {
+  if (child.code == 0) return {};
+  if (child.code != judged) return "code " + std::to_string(child.code);
+  constexpr std::string_view mark = "failed ";
+  size_t at = child.output.find(mark);
+  while (at != std::string::npos && at > 0 && child.output[at - 1] != '\n') {
+    at = child.output.find(mark, at + 1);
+  }
+  if (at == std::string::npos) return child.output;
+  const size_t begin = std::min(child.output.find('\n', at), child.output.size() - 1) + 1;
+  std::string problem = child.output.substr(begin, child.output.find('\n', begin) - begin);
+  const auto digit = [](unsigned char sign) { return std::isdigit(sign) != 0; };
+  problem.erase(std::remove_if(problem.begin(), problem.end(), digit), problem.end());
+  return problem;
+}
+
+std::vector<size_t> shrink(unsigned seed, unsigned steps, const std::string& failure) {
+  const auto end = std::chrono::steady_clock::now() + mostTime;
   std::vector<size_t> kept(steps);
   std::iota(kept.begin(), kept.end(), size_t(0));
-  unsigned trials = 0;
-  for (size_t part = std::max<size_t>(steps / 2, 1); trials < mostTrials;) {
+  if (trial(seed, steps, kept) != failure) return {};
+  unsigned trials = 1;
+  const auto mayGoOn = [&] {
+    return trials < mostTrials && std::chrono::steady_clock::now() < end;
+  };
+  for (size_t part = std::max<size_t>(steps / 2, 1); mayGoOn();) {
     bool smaller = false;
-    for (size_t at = 0; at < kept.size() && trials < mostTrials;) {
+    for (size_t at = 0; at < kept.size() && mayGoOn();) {
       std::vector<size_t> fewer = kept;
       const auto begin = fewer.begin() + static_cast<std::ptrdiff_t>(at);
       fewer.erase(begin, begin + static_cast<std::ptrdiff_t>(std::min(part, kept.size() - at)));
       ++trials;
-      if (!fewer.empty() && fails(seed, steps, fewer)) {
+      if (!fewer.empty() && trial(seed, steps, fewer) == failure) {
         kept = fewer;
         smaller = true;
       } else {

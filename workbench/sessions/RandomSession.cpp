@@ -4,7 +4,6 @@
 
 #include "core/Faults.h"
 #include "core/Text.h"
-#include "host/Answers.h"
 #include "host/Session.h"
 #include "sessions/Generator.h"
 #include "sessions/Invariants.h"
@@ -21,7 +20,7 @@ bool begins(const std::wstring& line, const wchar_t* with) { return line.rfind(w
 
 class Run {
  public:
-  Run() : session(options()) {}
+  explicit Run(unsigned patience) : session(options(patience)) {}
 
   std::string run(const std::vector<std::string>& steps) {
     if (!session.run(preamble())) return "the preparation failed\n" + told(0);
@@ -30,20 +29,18 @@ class Run {
       if (!problem.empty()) return problem;
     }
     const size_t start = session.transcript().size();
-    // With the client gone, the documents' ends bring boxes up.
-    wb::Answers::instance().answerAny(1);
     session.end();
     return problemSince(start);
   }
 
  private:
-  static wb::SessionOptions options() {
+  static wb::SessionOptions options(unsigned patience) {
     wb::SessionOptions options;
     options.module = programFile().replace_filename(L"TessaroAcad.arx");
     options.client = programFile().replace_filename(L"TessaroClient.dll");
     options.workFolder = workFolder();
     options.drawings = drawingsFolder();
-    options.timeoutSeconds = 30;
+    options.timeoutSeconds = patience;
     return options;
   }
 
@@ -100,6 +97,8 @@ class Run {
 
 }  // namespace
 
-std::string runSession(const std::vector<std::string>& steps) { return Run().run(steps); }
+std::string runSession(const std::vector<std::string>& steps, unsigned patience) {
+  return Run(patience).run(steps);
+}
 
 }  // namespace sessions

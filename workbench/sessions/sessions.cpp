@@ -33,6 +33,7 @@ struct Options {
   unsigned sessions = 10;
   unsigned seed = 1;
   unsigned steps = 60;
+  unsigned patience = 30;
   unsigned long trial = 0;
   bool isTrial = false;
   bool isChild = false;
@@ -63,6 +64,8 @@ Options parse(int count, wchar_t** arguments) {
       options.seed = number(value);
     else if (name == L"--steps")
       options.steps = number(value);
+    else if (name == L"--patience")
+      options.patience = number(value);
     else if (name == L"--drawings")
       options.drawings = value;
     else if (name == L"--kept")
@@ -101,17 +104,23 @@ int report(unsigned seed, const std::string& problem) {
 int runBatch(const Options& options) {
   for (unsigned at = 0; at < options.sessions; ++at) {
     const unsigned seed = options.seed + at;
-    if (report(seed, sessions::runSession(sessions::steps(seed, options.steps)))) return 1;
+    if (report(seed, sessions::runSession(sessions::steps(seed, options.steps), options.patience)))
+      return 1;
   }
   return 0;
 }
 
 void tellFailure(unsigned seed, unsigned steps, const sessions::ChildResult& child) {
-  std::printf("FAILED  session %u, code %lu\n%s\nThe shortest script that fails:\n", seed,
-              child.code, child.output.c_str());
-  std::printf("%s", sessions::preamble().c_str());
-  const std::vector<std::string> all = sessions::steps(seed, steps);
-  for (const size_t at : sessions::shrink(seed, steps)) std::printf("%s", all[at].c_str());
+  std::printf("FAILED  session %u, code %lu\n%s\n", seed, child.code, child.output.c_str());
+  std::fflush(stdout);
+  const std::vector<size_t> kept = sessions::shrink(seed, steps, sessions::failureOf(child));
+  if (kept.empty()) {
+    std::printf("It doesn't fail so when it runs alone.\n");
+  } else {
+    std::printf("The shortest script that fails:\n%s", sessions::preamble().c_str());
+    const std::vector<std::string> all = sessions::steps(seed, steps);
+    for (const size_t at : kept) std::printf("%s", all[at].c_str());
+  }
   std::fflush(stdout);
 }
 
@@ -160,7 +169,8 @@ int main() {
     if (isChild && !sessions::heapsAreWatched())
       throw std::runtime_error("the heaps aren't watched");
     if (options.isTrial) {
-      return report(static_cast<unsigned>(options.trial), sessions::runSession(keptSteps(options)));
+      return report(static_cast<unsigned>(options.trial),
+                    sessions::runSession(keptSteps(options), options.patience));
     }
     if (options.isChild) return runBatch(options);
     if (options.drawings.empty()) throw std::invalid_argument("--drawings is needed");
