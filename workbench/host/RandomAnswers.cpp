@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include <iterator>
+
 #include "host/DialogReader.h"
 
 namespace wb {
@@ -18,6 +20,24 @@ size_t rowsOf(HWND dialog) {
     rows = SendMessageW(box, LB_GETCOUNT, 0, 0);
   }
   return rows > 0 ? static_cast<size_t>(rows) : 0;
+}
+
+/// Fields that take a text and boxes that can be ticked, in tab order.
+std::vector<HWND> inputsOf(HWND dialog) {
+  std::vector<HWND> inputs;
+  for (HWND control = GetWindow(dialog, GW_CHILD); control;
+       control = GetWindow(control, GW_HWNDNEXT)) {
+    const LONG_PTR style = GetWindowLongPtrW(control, GWL_STYLE);
+    const LONG_PTR kind = style & BS_TYPEMASK;
+    const bool box =
+        windowClass(control) == L"Button" && (kind == BS_CHECKBOX || kind == BS_AUTOCHECKBOX ||
+                                              kind == BS_3STATE || kind == BS_AUTO3STATE);
+    const bool field = windowClass(control) == L"Edit" && !(style & ES_READONLY);
+    if ((box || field) && IsWindowEnabled(control) && IsWindowVisible(control)) {
+      inputs.push_back(control);
+    }
+  }
+  return inputs;
 }
 
 std::wstring idOf(HWND button) { return std::to_wstring(GetDlgCtrlID(button)); }
@@ -37,6 +57,17 @@ Answer RandomAnswers::next(HWND dialog, unsigned answeredBefore) {
   if (rows && below(3)) {
     const SelectRow row{static_cast<int>(below(rows)) + 1, false};
     answer.steps.emplace_back(std::in_place_type<SelectRow>, row);
+  }
+  for (const HWND input : inputsOf(dialog)) {
+    if (below(3) == 0) continue;
+    const int id = GetDlgCtrlID(input);
+    if (windowClass(input) == L"Button") {
+      answer.steps.emplace_back(std::in_place_type<ClickControl>, ClickControl{id});
+    } else {
+      static constexpr const wchar_t* texts[] = {L"", L"0", L"1", L"15", L"60", L"99999"};
+      const FillControl fill{id, texts[below(std::size(texts))]};
+      answer.steps.emplace_back(std::in_place_type<FillControl>, fill);
+    }
   }
   std::vector<std::wstring> buttons;
   for (const HWND button : pushButtons(dialog)) {

@@ -13,7 +13,8 @@ class RandomAnswers {
  public:
   explicit RandomAnswers(unsigned seed) : stream(seed) {}
 
-  /// An answer that the dialog can be given: a button of its own, before that perhaps a row.
+  /// An answer that the dialog can be given: a button of its own, before that perhaps
+  /// a row, texts in its fields and ticks in its boxes.
   /// @param answeredBefore answers that this dialog got already; after a few it is closed.
   Answer next(HWND dialog, unsigned answeredBefore);
 

@@ -11,6 +11,7 @@
 #include "core/Accounts.h"
 #include "core/Faults.h"
 #include "core/Transcript.h"
+#include "host/Answers.h"
 #include "host/CommandLine.h"
 #include "host/CommandRunner.h"
 #include "host/DbObjects.h"
@@ -135,7 +136,12 @@ class SelectionPrompt {
     }
     std::wstring error;
     if (!addNamed(names, ids, error)) {
-      tell(L"error", L"the selection can't be made: " + error);
+      // A person who tries anything may miss.
+      if (Answers::instance().answersAny()) {
+        commandLineSays(L"0 found");
+      } else {
+        tell(L"error", L"the selection can't be made: " + error);
+      }
       return RTERROR;
     }
     commandLineSays(std::to_wstring(ids.size()) + L" found");

@@ -11,7 +11,10 @@ const Texts vaultFiles = {R"(Site\Plan.dxf)",          R"(Site\Notes.dxf)",
                           R"(Xrefs\Grid.dxf)",         R"(Xrefs\Building.dxf)",
                           R"(Xrefs\O'Neil drain.dxf)", R"(Xrefs\Detail\Furniture.dxf)",
                           R"(Standards\North.dxf)"};
-const Texts xrefs = {"Grid", "Building", "North", "NorthDetail", "Outside", "Nobody"};
+const std::string firstSheet = R"(Site\Plan.dxf)";
+const std::string secondSheet = R"(Site\Section.dxf)";  // refers to what the first one does
+const Texts xrefs = {"Grid",        "Building", "O'Neil drain", "North",
+                     "NorthDetail", "Outside",  "Furniture",    "Nobody"};
 const Texts commands = {"lock",       "locksilent", "unlock",        "getlatestxrefs",
                         "properties", "update",     "updatecurrent", "settings",
                         "install",    "uninstall",  "asklock",       "telllockedelsewhere"};
@@ -43,7 +46,21 @@ const Texts operations = {"VaultClient.login",
                           "IContextMenu.InvokeCommand",
                           "IShellFolder.ParseDisplayName",
                           "AcDbText.setTextString",
-                          "AcDbBlockTable.getAt"};
+                          "AcDbBlockTable.getAt",
+                          "host.AcAxDocLock",
+                          "host.acdbOpenAcDbObject",
+                          "host.acedEntSel",
+                          "host.acedGetCurDwgXrefGraph",
+                          "host.acedGetInt",
+                          "host.acedSSGet",
+                          "host.acedSSLength",
+                          "host.acedSSName",
+                          "host.acedXrefReload",
+                          "host.acedXrefUnload",
+                          "host.appContextOpenDocument"};
+const Texts codes = {"E_FAIL", "E_QVT_PERMISSION_DENIED", "E_QVT_FILE_SHARE_ERROR", "E_OUTOFMEMORY",
+                     "0x80010108"};  // the last is RPC_E_DISCONNECTED
+const Texts clientVersions = {"5 3", "5 3", "5 3", "5 2", "4 9", "6 0"};
 const Texts settings = {"Autolock 0",
                         "Autolock 1",
                         "EditWarning 0",
@@ -60,9 +77,14 @@ class Generator {
   std::string step() {
     std::string lines = "@answer-any " + std::to_string(below(1000000)) + "\n";
     const bool failing = below(12) == 0;
-    if (failing)
-      lines += "@fail " + any(operations) + " E_FAIL after " + std::to_string(below(4)) + "\n";
+    if (failing) {
+      lines += "@fail " + any(operations) + ' ' + any(codes) + " after " +
+               std::to_string(below(4)) + (below(3) ? "\n" : " always\n");
+    }
+    const bool held = below(20) == 0;
+    if (held) lines += "@try @hold " + file() + "\n";
     lines += tried(action());
+    if (held) lines += "@hold none\n";
     if (failing) lines += "@fail clear\n";
     return lines;
   }
@@ -70,8 +92,11 @@ class Generator {
  private:
   unsigned below(size_t end) { return stream() % static_cast<unsigned>(end); }
   const std::string& any(const Texts& texts) { return texts[below(texts.size())]; }
-  std::string file() { return R"(%WORK%\View\)" + any(vaultFiles); }
-  std::string sheet() { return below(2) ? R"(%WORK%\View\Site\Plan.dxf)" : file(); }
+  std::string file() { return R"(%WORK%\View\)" + (below(8) ? any(vaultFiles) : secondSheet); }
+  std::string sheet() {
+    if (below(2)) return file();
+    return R"(%WORK%\View\)" + (below(3) ? firstSheet : secondSheet);
+  }
 
   /// Directives are passed over where they aren't possible, so that the script goes on.
   static std::string tried(const std::string& lines) {
@@ -97,8 +122,7 @@ class Generator {
     if (kind < 76) return windowStep();
     if (kind < 92) return vaultStep();
     if (kind < 95) return "@reg set " + any(settings) + "\n";
-    if (kind < 96) return "@client missing\n";
-    if (kind < 97) return "@client present\n";
+    if (kind < 98) return clientStep();
     return "@unload\n@load\n";
   }
 
@@ -117,12 +141,26 @@ class Generator {
     }
   }
 
+  std::string clientStep() {
+    switch (below(4)) {
+      case 0:
+        return "@client missing\n";
+      case 1:
+        return "@client version " + any(clientVersions) + "\n";
+      default:
+        return "@client present\n";
+    }
+  }
+
   std::string xrefStep() {
+    if (below(5) == 0) return "@select " + any(xrefs) + "\n" + xrefCommand();
     const std::string pick = "@pick " + any(xrefs) + "\n";
     if (below(2)) return pick + "@menu\n@choose " + any(menuItems) + "\n";
     // A prompt that comes up all the same is cancelled.
-    return pick + "@select none\nTessaro_" + any(xrefCommands) + "\n";
+    return pick + xrefCommand();
   }
+
+  std::string xrefCommand() { return "@select none\nTessaro_" + any(xrefCommands) + "\n"; }
 
   std::string windowStep() {
     switch (below(8)) {
@@ -141,7 +179,7 @@ class Generator {
   }
 
   std::string vaultStep() {
-    switch (below(8)) {
+    switch (below(9)) {
       case 0:
         return "@vault checkout " + file() + " user mary computer DRAFTING2 folder D:\\Plant\n";
       case 1:
@@ -158,6 +196,12 @@ class Generator {
       case 6:
         return R"(@vault card %WORK%\View\Site\Plan.dxf Title Layout1 Pump house )" +
                std::to_string(below(100)) + "\n";
+      case 7: {
+        // Somebody else takes the drawing and gives it back while the user works with it.
+        const std::string drawing = sheet();
+        return "@vault checkout " + drawing + " user mary computer DRAFTING2 folder D:\\Plant\n" +
+               "Tessaro_" + any(commands) + "\n@vault undo " + drawing + "\n@click 1021\n";
+      }
       default:
         return "@vault newversion " + file() + " from %DRAWINGS%\\" + any(vaultFiles) +
                " user mary comment Widened\n";
@@ -174,6 +218,7 @@ std::string preamble() {
   for (const std::string& file : vaultFiles) {
     lines += "@vault add %WORK%\\View\\" + file + " from %DRAWINGS%\\" + file + "\n";
   }
+  lines += "@vault add %WORK%\\View\\" + secondSheet + " from %DRAWINGS%\\" + firstSheet + "\n";
   return lines + "@vault map %WORK%\\View\\Site\\Plan.dxf Title A1_TITLE TITLE\n@load\n";
 }
 

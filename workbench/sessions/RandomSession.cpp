@@ -52,21 +52,22 @@ class Run {
     std::vector<std::wstring> story = linesSince(start);
     story.push_back(wb::fromUtf8(lines));
     if (problem.empty()) problem = invariants.check(thorough, story);
-    follow(lines);
     const bool possible = std::none_of(story.begin(), story.end(), [](const std::wstring& line) {
       return begins(line, L"try: ");
     });
     const bool refreshed = possible && (holds(lines, "@tick") || holds(lines, "@click 1021"));
-    if (problem.empty() && done && refreshed && reliable && !holds(lines, "@fail")) {
-      problem = checkStatusWindow();
-    }
+    if (possible) follow(lines);
+    const bool judgeable = !clientGone && !offline && !holds(lines, "@fail");
+    if (problem.empty() && done && refreshed && judgeable) problem = checkStatusWindow();
     return problem.empty() ? problem : problem + "\n" + lines + "----\n" + told(start);
   }
 
-  /// With the client gone or a vault offline nobody can say what the window should show.
+  /// With the client gone or a vault offline nobody can say what the window should show until they
+  /// are back and it was refreshed.
   void follow(const std::string& lines) {
-    if (holds(lines, "@client")) reliable = false;
-    if (holds(lines, "@vault offline")) reliable = reliable && holds(lines, "offline off");
+    if (holds(lines, "@client missing")) clientGone = true;
+    if (holds(lines, "@client present")) clientGone = false;
+    if (holds(lines, "@vault offline")) offline = holds(lines, "offline on");
   }
 
   std::string problemSince(size_t start) const {
@@ -92,7 +93,8 @@ class Run {
 
   wb::Session session;
   Invariants invariants;
-  bool reliable = true;
+  bool clientGone = false;
+  bool offline = false;
 };
 
 }  // namespace
