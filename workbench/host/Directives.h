@@ -1,6 +1,5 @@
 #pragma once
 
-#include <memory>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -11,14 +10,12 @@ namespace wb {
 
 struct SessionOptions;
 class ClientLibrary;
-class FileHandle;
 
 /// What a directive needs of the session it runs in.
 struct ScriptContext {
   const SessionOptions& options;
   ClientLibrary& client;
   std::vector<std::wstring> vaults;  ///< names of those made by the session's scripts
-  std::shared_ptr<FileHandle> held;  ///< the file that another program reads
 };
 
 /// A line of a script that can't be carried out. The text is shown with the line's number.

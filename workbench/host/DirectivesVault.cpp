@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "core/Store.h"
-#include "core/StoreFiles.h"
 #include "core/Transcript.h"
 #include "host/Directives.h"
 #include "host/RegistrySettings.h"
@@ -164,14 +163,6 @@ void show(ScriptContext&, Arguments& arguments) {
   }
 }
 
-void hold(ScriptContext& context, Arguments& arguments) {
-  const std::wstring path = arguments.textUntil();
-  context.held.reset();
-  if (path == L"none") return;
-  context.held =
-      std::make_shared<FileHandle>(windowsPath(path), GENERIC_READ, FILE_SHARE_READ, OPEN_EXISTING);
-}
-
 struct Subcommand {
   const wchar_t* name;
   void (*run)(ScriptContext&, Arguments&);
@@ -204,8 +195,7 @@ std::vector<Directive> vaultDirectives() {
            L" | card PATH VAR CONFIG VALUE [type T] | map PATH VAR BLOCK TAG"
            L" | deny PATH [on|off] | date PATH YYYY-MM-DD HH:MM:SS | fetch PATH [VERSION]"
            L" | show PATH",
-           vault, true},
-          {L"hold", L"@hold PATH, or @hold none", hold, true}};
+           vault, true}};
 }
 
 }  // namespace wb

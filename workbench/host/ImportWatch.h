@@ -18,6 +18,15 @@ namespace wb {
 /// either: see unwatchImports().
 void watchImports(HMODULE module);
 
+/// FLG_HEAP_ENABLE_TAIL_CHECK and FLG_HEAP_ENABLE_FREE_CHECK, for the `GlobalFlag` of a program's
+/// image file execution options: Windows puts marks behind the blocks of its heaps and into freed
+/// ones.
+constexpr DWORD heapCheckFlags = 0x30;
+
+/// Whether this process runs with them. A module that is loaded then is told of when it gives back
+/// memory that is damaged, or twice.
+bool heapsAreWatched();
+
 /// Puts observers of the caller's own in the place of functions that the module imports.
 void observeImports(HMODULE module, const std::vector<WatchedCall>& calls);
 

@@ -77,9 +77,7 @@ class InputSource {
 
 struct Session::State {
   explicit State(SessionOptions given)
-      : options(complete(std::move(given))),
-        client(options.client),
-        context{options, client, {}, {}} {}
+      : options(complete(std::move(given))), client(options.client), context{options, client, {}} {}
 
   const SessionOptions options;
   ClientLibrary client;

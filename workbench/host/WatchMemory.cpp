@@ -6,6 +6,7 @@
 #include <cstdlib>
 
 #include "core/Transcript.h"
+#include "host/ImportWatch.h"
 #include "host/WatchedCalls.h"
 
 namespace wb {
@@ -31,7 +32,15 @@ void* seenRealloc(void* block, size_t size) {
 
 }  // namespace
 
+bool heapsAreWatched() {
+  const HMODULE library = GetModuleHandleW(L"ntdll.dll");
+  const auto globalFlags = reinterpret_cast<ULONG(WINAPI*)()>(
+      reinterpret_cast<void*>(GetProcAddress(library, "RtlGetNtGlobalFlags")));
+  return globalFlags && (globalFlags() & heapCheckFlags) == heapCheckFlags;
+}
+
 std::vector<WatchedCall> memoryCalls() {
+  if (!heapsAreWatched()) return {};
   return {
       {"free", observerOf(seenFree, std::free)},
       {"realloc", observerOf(seenRealloc, std::realloc)},

@@ -13,6 +13,7 @@
 #include <stdexcept>
 #include <string_view>
 
+#include "host/ImportWatch.h"
 #include "sessions/Places.h"
 
 namespace sessions {
@@ -22,9 +23,6 @@ struct HandleCloser {
   void operator()(HANDLE handle) const { CloseHandle(handle); }
 };
 using OwnedHandle = std::unique_ptr<void, HandleCloser>;
-
-// FLG_HEAP_ENABLE_TAIL_CHECK and FLG_HEAP_ENABLE_FREE_CHECK
-constexpr DWORD heapFlags = 0x30;
 
 constexpr unsigned trialSeconds = 90;
 constexpr unsigned mostTrials = 200;
@@ -54,15 +52,8 @@ void watchHeaps() {
       LR"(Software\Microsoft\Windows NT\CurrentVersion\Image File Execution Options\)" +
       programFile().filename().wstring();
   const LSTATUS status = RegSetKeyValueW(HKEY_LOCAL_MACHINE, key.c_str(), L"GlobalFlag", REG_DWORD,
-                                         &heapFlags, sizeof heapFlags);
+                                         &wb::heapCheckFlags, sizeof wb::heapCheckFlags);
   if (status != ERROR_SUCCESS) throw std::runtime_error("the heaps' flags can't be set");
-}
-
-bool heapsAreWatched() {
-  const HMODULE library = GetModuleHandleW(L"ntdll.dll");
-  const auto globalFlags = reinterpret_cast<ULONG(WINAPI*)()>(
-      reinterpret_cast<void*>(GetProcAddress(library, "RtlGetNtGlobalFlags")));
-  return globalFlags && (globalFlags() & heapFlags) == heapFlags;
 }
 
 ChildResult runChild(const std::wstring& arguments, unsigned seconds) {

@@ -15,9 +15,6 @@ struct ChildResult {
 /// written beyond a block or after it was freed is found by HeapValidate.
 void watchHeaps();
 
-/// Whether the heaps of this process are watched so.
-bool heapsAreWatched();
-
 /// Runs this program again and waits for its end; one that doesn't end in time is terminated.
 ChildResult runChild(const std::wstring& arguments, unsigned seconds);
 

@@ -81,11 +81,13 @@ class Generator {
       lines += "@fail " + any(operations) + ' ' + any(codes) + " after " +
                std::to_string(below(4)) + (below(3) ? "\n" : " always\n");
     }
-    const bool held = below(20) == 0;
-    if (held) lines += "@try @hold " + file() + "\n";
+    const bool disturbed = below(20) == 0;
+    if (disturbed) {
+      lines +=
+          "@disturb " + file() + (below(2) ? " held" : " away") + " at " + any(operations) + "\n";
+    }
     lines += tried(action());
-    if (held) lines += "@hold none\n";
-    if (failing) lines += "@fail clear\n";
+    if (failing || disturbed) lines += "@fail clear\n";
     return lines;
   }
 

@@ -11,6 +11,7 @@
 
 #include "core/Text.h"
 #include "host/Directives.h"
+#include "host/ImportWatch.h"
 #include "sessions/Children.h"
 #include "sessions/Generator.h"
 #include "sessions/Places.h"
@@ -166,8 +167,7 @@ int main() {
   try {
     const Options options = parse(count, arguments);
     const bool isChild = options.isTrial || options.isChild;
-    if (isChild && !sessions::heapsAreWatched())
-      throw std::runtime_error("the heaps aren't watched");
+    if (isChild && !wb::heapsAreWatched()) throw std::runtime_error("the heaps aren't watched");
     if (options.isTrial) {
       return report(static_cast<unsigned>(options.trial),
                     sessions::runSession(keptSteps(options), options.patience));
