@@ -88,8 +88,5 @@ bool isinf(double);
   endforeach()
   add_custom_target(portability DEPENDS ${portability_objects})
 else()
-  add_custom_target(portability
-    COMMAND ${CMAKE_COMMAND} -E echo
-            "The portability check needs clang-19, libc++-19-dev and libwine-dev."
-    COMMAND ${CMAKE_COMMAND} -E false)
+  add_missing_check(portability "clang-19, libc++-19-dev, libwine-dev and MinGW's comdef.h")
 endif()

@@ -26,12 +26,19 @@ function(check_name_of file variable)
   set(${variable} ${name} PARENT_SCOPE)
 endfunction()
 
+# Adds a check whose program isn't there: it fails when it is asked for.
+function(add_missing_check target needed)
+  add_custom_target(${target}
+    COMMAND ${CMAKE_COMMAND} -E echo "${target} needs ${needed}."
+    COMMAND ${CMAKE_COMMAND} -E false)
+endfunction()
+
 # --- format -------------------------------------------------------------------------------------
 
 find_program(CLANG_FORMAT NAMES clang-format clang-format-14)
-set(format_stamps "")
-project_files(formatted_files h cpp)
 if(CLANG_FORMAT)
+  set(format_stamps "")
+  project_files(formatted_files h cpp)
   foreach(file IN LISTS formatted_files)
     check_name_of(${file} name)
     set(stamp ${checks_folder}/${name}.format)
@@ -43,8 +50,10 @@ if(CLANG_FORMAT)
       COMMENT "Checking the format of ${name}" VERBATIM)
     list(APPEND format_stamps ${stamp})
   endforeach()
+  add_custom_target(format_check DEPENDS ${format_stamps})
+else()
+  add_missing_check(format_check clang-format)
 endif()
-add_custom_target(format_check DEPENDS ${format_stamps})
 
 # --- clang-tidy ---------------------------------------------------------------------------------
 
@@ -53,10 +62,7 @@ set(project_defines ${PROJECT_DEFINITIONS})
 list(TRANSFORM project_defines PREPEND -D)
 set(module_flags -std=c++17 ${project_defines} -I ${CMAKE_SOURCE_DIR}/src
     -I ${CMAKE_SOURCE_DIR}/hostapi -isystem ${GENERATED_FOLDER})
-set(module_order_dependency "")
-if(TARGET tessaro_client_files)
-  set(module_order_dependency tessaro_client_files)
-endif()
+set(module_order_dependency tessaro_client_files)
 
 find_program(CLANG_TIDY NAMES clang-tidy clang-tidy-14)
 # clang knows MinGW's C headers, but not where Debian keeps the C++ ones.
@@ -67,9 +73,9 @@ foreach(folder IN LISTS CMAKE_CXX_IMPLICIT_INCLUDE_DIRECTORIES)
   endif()
 endforeach()
 
-# Adds a target that runs clang-tidy over sources, without some of the checks, and with the compiler
-# flags that follow.
-function(add_tidy_target target sources left_out)
+# Adds a target that runs clang-tidy over sources and the headers with a matching path, without some
+# of the checks, and with the compiler flags that follow.
+function(add_tidy_target target sources headers left_out)
   set(stamps "")
   foreach(file IN LISTS ${sources})
     check_name_of(${file} name)
@@ -78,7 +84,7 @@ function(add_tidy_target target sources left_out)
       OUTPUT ${stamp}
       COMMAND ${CMAKE_CXX_COMPILER} ${ARGN} -MM -MF ${stamp}.d -MT ${stamp} ${file}
       COMMAND ${CLANG_TIDY} --quiet --config-file=${CMAKE_SOURCE_DIR}/.clang-tidy
-              --checks=${left_out} ${file} --
+              --header-filter=${headers} --checks=${left_out} ${file} --
               --target=x86_64-w64-mingw32 ${mingw_include} ${ARGN}
       COMMAND ${CMAKE_COMMAND} -E touch ${stamp}
       DEPENDS ${file} ${CMAKE_SOURCE_DIR}/.clang-tidy ${module_order_dependency}
@@ -94,13 +100,17 @@ file(GLOB_RECURSE other_files CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/workbench/*.
      ${CMAKE_SOURCE_DIR}/support/*.cpp ${CMAKE_SOURCE_DIR}/tests/*.cpp
      ${CMAKE_SOURCE_DIR}/benchmarks/*.cpp)
 if(CLANG_TIDY)
-  add_tidy_target(tidy module_files "" ${module_flags})
+  add_tidy_target(tidy module_files "/src/" "" ${module_flags})
   # COM objects and test fixtures are never deleted through their bases, and a test's lists of texts
   # are full of literals that go on in the next line.
   set(left_out -cppcoreguidelines-virtual-class-destructor,-bugprone-suspicious-missing-comma)
-  add_tidy_target(tidy_others other_files ${left_out} ${module_flags} -DPROJECT_FOLDER="" -I ${CMAKE_SOURCE_DIR}/workbench
+  add_tidy_target(tidy_others other_files "/(workbench|support|tests|benchmarks)/" ${left_out}
+                  ${module_flags} -DPROJECT_FOLDER="" -I ${CMAKE_SOURCE_DIR}/workbench
                   -I ${CMAKE_SOURCE_DIR}/tests -isystem ${CMAKE_BINARY_DIR}/json
                   -isystem ${GOOGLETEST_FOLDER}/googletest/include)
+else()
+  add_missing_check(tidy clang-tidy)
+  add_missing_check(tidy_others clang-tidy)
 endif()
 
 # --- portability --------------------------------------------------------------------------------

@@ -3,10 +3,6 @@
 
 set(CLIENT_IDL ${CMAKE_SOURCE_DIR}/src/vault/TessaroClient.idl)
 set(GENERATED_FOLDER ${CMAKE_BINARY_DIR}/generated)
-if(NOT EXISTS ${CLIENT_IDL})
-  return()
-endif()
-
 file(MAKE_DIRECTORY ${GENERATED_FOLDER})
 set(client_header ${GENERATED_FOLDER}/TessaroClient.h)
 set(client_identifiers ${GENERATED_FOLDER}/TessaroClient_i.c)

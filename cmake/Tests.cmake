@@ -8,6 +8,4 @@ set(INSTALL_GTEST OFF CACHE BOOL "" FORCE)
 add_subdirectory(${GOOGLETEST_FOLDER} ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
 
 enable_testing()
-if(EXISTS ${CMAKE_SOURCE_DIR}/tests/CMakeLists.txt)
-  add_subdirectory(tests)
-endif()
+add_subdirectory(tests)
