@@ -1,12 +1,16 @@
 # shellcheck shell=bash
-# Sourced by check, tour and run-under-wine: a display, a Wine prefix of our own and a desktop in
-# it, all ended when the script that asked for them ends.
+# Sourced by check, tour, bench and run-under-wine: a display, a Wine prefix of our own and a desktop
+# in it, all ended when the script that asked for them ends.
 #
-#   wine_begin FOLDER           the prefix lives in FOLDER; made at the first use
+#   end_with COMMAND            runs it when the script ends, be it by a signal
+#   wine_begin FOLDER [COMMAND] the prefix lives in FOLDER; made at the first use. What it began
+#                               ends with the script, and COMMAND runs then, too
 #   wine_run SECONDS PROGRAM... runs a Windows program with a time limit; gives its exit code
 #   wine_end                    ends the prefix's processes and the display
 #   windows_path PATH           the same file as a Windows program names it
 
+wine_prefix=
+wine_child=
 wine_display_process=
 wine_desktop_size=1280x800
 
@@ -28,17 +32,38 @@ windows_path() {
   printf 'Z:%s' "${1//\//\\}"
 }
 
+end_with() {
+  # A second signal must not cut the ending short. The command is meant to be the one of now.
+  # shellcheck disable=SC2064
+  trap "trap '' INT TERM HUP; $1" EXIT
+  trap 'exit 130' INT
+  trap 'exit 143' TERM HUP
+}
+
+# Waits for a command in the background: a trap would wait for the end of one in the foreground.
+run_and_wait() {
+  local result
+  "$@" <&0 &
+  wine_child=$!
+  wait "$wine_child"
+  result=$?
+  wine_child=
+  return $result
+}
+
 wine_begin() {
   local folder=$1
   find_wine || { echo "There is no 64-bit Wine." >&2; return 1; }
   mkdir -p "$folder/home" || return 1
+  end_with "wine_end; ${2:-}"
   # Two runs in one prefix would end each other's server; the second waits.
   exec 9>"$folder/lock"
-  flock 9
-  trap wine_end EXIT
-  trap 'exit 130' INT
-  trap 'exit 143' TERM HUP
-  export WINEPREFIX=$folder/prefix HOME=$folder/home LC_ALL=C.UTF-8
+  if ! flock --nonblock 9; then
+    echo "Another run uses $folder; waiting for it." >&2
+    run_and_wait flock 9 || return
+  fi
+  wine_prefix=$folder/prefix
+  export WINEPREFIX=$wine_prefix HOME=$folder/home LC_ALL=C.UTF-8
   export WINEDEBUG=-all WINEDLLOVERRIDES='mscoree,mshtml,winemenubuilder.exe='
   unset WAYLAND_DISPLAY WINEARCH
   start_display "$folder" && make_prefix
@@ -88,14 +113,18 @@ wine_settings() {
 wine_run() {
   local seconds=$1
   shift
-  timeout --foreground --kill-after=5 "$seconds" "$wine_loader" "$@" 9>&-
+  run_and_wait timeout --foreground --kill-after=5 "$seconds" "$wine_loader" "$@" 9>&-
 }
 
 wine_end() {
   trap - EXIT
-  if [[ -n ${WINEPREFIX:-} && -d $WINEPREFIX ]]; then
+  [[ -z $wine_child ]] || kill "$wine_child" 2>/dev/null
+  if [[ -d $wine_prefix ]]; then
     timeout 30 "$wine_server" -k 9>&- 2>/dev/null
   fi
+  [[ -z $wine_child ]] || wait "$wine_child" 2>/dev/null
+  wine_child=
+  wine_prefix=
   if [[ -n $wine_display_process ]]; then
     kill "$wine_display_process" 2>/dev/null
     wait "$wine_display_process" 2>/dev/null
