@@ -6,8 +6,13 @@
 #include <comdef.h>
 #include <dbapserv.h>
 
+#include <stdexcept>
+#include <string>
+
 #include "Measure.h"
 #include "Rows.h"
+#include "core/ResultNames.h"
+#include "core/Text.h"
 #include "foundation/SettingsLight.h"
 #include "host/Document.h"
 #include "host/DocumentManager.h"
@@ -24,37 +29,48 @@ constexpr int eventsInARound = 500;
 /// One opening and reading of a setting, as Windows makes any program pay for it.
 void readSettingOnce() {
   HKEY key = nullptr;
-  if (RegOpenKeyExW(HKEY_CURRENT_USER, addinSettingsKey, 0, KEY_READ, &key) != ERROR_SUCCESS)
-    return;
+  if (RegOpenKeyExW(HKEY_CURRENT_USER, addinSettingsKey, 0, KEY_READ, &key) != ERROR_SUCCESS) {
+    throw std::runtime_error("the settings can't be opened");
+  }
   DWORD value = 0, size = sizeof(value);
-  RegQueryValueExW(key, L"EditWarning", nullptr, nullptr, reinterpret_cast<BYTE*>(&value), &size);
+  const LSTATUS status = RegQueryValueExW(key, L"EditWarning", nullptr, nullptr,
+                                          reinterpret_cast<BYTE*>(&value), &size);
   RegCloseKey(key);
+  if (status != ERROR_SUCCESS) throw std::runtime_error("the setting can't be read");
 }
 
 /// Two lock-mode events: one as the lock is taken, one as it goes.
 void lockAndUnlock() { const AcAxDocLock lock(acdbHostApplicationServices()->workingDatabase()); }
 
+/// Raises a call's failure: a bare side that fails would distort the ratio.
+void need(HRESULT result) {
+  if (FAILED(result)) {
+    throw std::runtime_error("a bare call of the client failed: " +
+                             wb::toUtf8(wb::resultName(result)));
+  }
+}
+
 /// A file as every routine of the module finds it: with calls that none can do without.
 struct FoundFile {
   explicit FoundFile(const std::wstring& path) {
-    client.CreateInstance(__uuidof(VaultMain), nullptr, CLSCTX_ALL);
+    need(client.CreateInstance(__uuidof(VaultMain), nullptr, CLSCTX_ALL));
     const _bstr_t name(path.c_str());
     _bstr_t vault;
-    client->vaultNameFromPath(name, vault.GetAddress());
-    client->login(vault, 0);
-    client->fileFromPath(name, &folder, &file);
+    need(client->vaultNameFromPath(name, vault.GetAddress()));
+    need(client->login(vault, 0));
+    need(client->fileFromPath(name, &folder, &file));
   }
 
   bool isCheckedOut() const {
     VARIANT_BOOL checkedOut = VARIANT_FALSE;
-    file->isCheckedOut(&checkedOut);
+    need(file->isCheckedOut(&checkedOut));
     return checkedOut == VARIANT_TRUE;
   }
 
   long folderId() const {
     const VaultObjectPtr object = folder;
     long id = 0;
-    object->id(&id);
+    need(object->id(&id));
     return id;
   }
 
@@ -67,8 +83,8 @@ struct FoundFile {
 void bareStatusCalls(const std::wstring& path) {
   const FoundFile found(path);
   long local = 0, latest = 0;
-  found.file->localVersion(_variant_t(found.folderId()), &local);
-  found.file->latestVersion(&latest);
+  need(found.file->localVersion(_variant_t(found.folderId()), &local));
+  need(found.file->latestVersion(&latest));
   found.isCheckedOut();
   found.isCheckedOut();
 }
@@ -77,7 +93,7 @@ void bareStatusCalls(const std::wstring& path) {
 void bareCheckOutCalls(const std::wstring& path) {
   const FoundFile found(path);
   found.isCheckedOut();
-  found.file->checkOut(found.folderId(), 0, 0);
+  need(found.file->checkOut(found.folderId(), 0, 0));
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 // Loading and unloading the module.
 
+#include <stdexcept>
+
 #include "Measure.h"
 #include "Rows.h"
 #include "host/Host.h"
@@ -11,8 +13,10 @@ void moduleLoad(Workshop& workshop) {
   const auto loadAndUnload = [](const wchar_t* name) {
     const std::wstring file = (Workshop::binFolder() / name).wstring();
     return spent([&] {
-             wb::Host::instance().loadModule(file);
-             wb::Host::instance().unloadModule(file);
+             wb::Host& host = wb::Host::instance();
+             if (!host.loadModule(file) || !host.unloadModule(file)) {
+               throw std::runtime_error("a module can't be loaded or unloaded");
+             }
            })
         .all;
   };

@@ -9,6 +9,7 @@
 
 #include <cwchar>
 #include <fstream>
+#include <stdexcept>
 #include <string>
 
 #include "Measure.h"
@@ -70,13 +71,14 @@ void setText(AcDbBlockReference& reference, const std::wstring& tag, const wchar
   for (walk->start(); !walk->done(); walk->step()) {
     ArxPtr<AcDbAttribute> attribute;
     if (reference.openAttribute(attribute.out(), walk->objectId(), AcDb::kForWrite) != Acad::eOk) {
-      return;
+      throw std::runtime_error("an attribute can't be opened");
     }
     const HostString own(attribute->tag());
     if (_wcsicmp(own.text().c_str(), tag.c_str()) != 0) continue;
-    attribute->setTextString(value);
+    if (attribute->setTextString(value) != Acad::eOk) break;
     return;
   }
+  throw std::runtime_error("an attribute can't be set");
 }
 
 /// The loop that no update can do without: each reference, its attributes up to the tag, the text.
@@ -93,7 +95,8 @@ void bareLoop() {
     for (references->start(); !references->done(); references->step()) {
       ArxPtr<AcDbBlockReference> reference;
       references->getBlockReference(reference.out(), AcDb::kForWrite);
-      if (reference) setText(*reference, tag, L"The value");
+      if (!reference) throw std::runtime_error("a block reference can't be opened");
+      setText(*reference, tag, L"The value");
     }
   }
 }

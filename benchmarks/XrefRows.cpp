@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <stdexcept>
 #include <string>
 
 #include "Measure.h"
@@ -22,8 +23,9 @@ void readTimes(int count) {
                                     FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
                                     FILE_ATTRIBUTE_NORMAL, nullptr);
     FILETIME written;
-    GetFileTime(file, nullptr, nullptr, &written);
+    const bool read = file != INVALID_HANDLE_VALUE && GetFileTime(file, nullptr, nullptr, &written);
     CloseHandle(file);
+    if (!read) throw std::runtime_error("a file's time can't be read");
   }
 }
 

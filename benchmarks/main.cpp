@@ -1,7 +1,12 @@
 // Measures the module against what its work can't do without, and prints a table of ratios.
+#include <fcntl.h>
+#include <io.h>
+
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <exception>
+#include <iterator>
 
 #include "Measure.h"
 #include "Rows.h"
@@ -18,17 +23,26 @@ constexpr struct {
     {"load", bench::moduleLoad},    {"batch", bench::batchAgainstFileByFile},
 };
 
+bool isRow(const char* word) {
+  return std::any_of(std::begin(rows), std::end(rows),
+                     [&](const auto& row) { return std::strcmp(row.name, word) == 0; });
+}
+
 bool isWanted(const char* name, int count, char** words) {
-  for (int index = 1; index < count; ++index) {
-    if (std::strcmp(words[index], name) == 0) return true;
-  }
-  return count == 1;
+  return count == 1 || std::any_of(words + 1, words + count,
+                                   [&](const char* word) { return std::strcmp(word, name) == 0; });
 }
 
 }  // namespace
 
 /// Words name the rows to measure; all without.
 int main(int count, char** words) {
+  const char* const* unknown = std::find_if_not(words + 1, words + count, isRow);
+  if (unknown != words + count) {
+    std::fprintf(stderr, "there is no row %s\n", *unknown);
+    return 2;
+  }
+  _setmode(_fileno(stdout), _O_BINARY);
   try {
     bench::Workshop workshop;
     bench::printHead();
