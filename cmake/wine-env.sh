@@ -91,11 +91,14 @@ make_prefix() {
   # the signs on the buttons of a caption.
   [[ -e $WINEPREFIX/complete ]] && return
   rm -rf "$WINEPREFIX"
+  # Of two that are made at the same time one may fail.
+  exec 7>"${WINEPREFIX%/*/*}/wine.lock"
+  run_and_wait flock 7 || return
   wine_run 300 wineboot --init >"$WINEPREFIX.log" 2>&1 &&
     wine_settings >>"$WINEPREFIX.log" 2>&1 &&
-    timeout 60 "$wine_server" -w 9>&- &&
+    timeout 60 "$wine_server" -w 7>&- 9>&- &&
     cp /usr/share/wine/fonts/*.ttf "$WINEPREFIX/drive_c/windows/Fonts/" &&
-    : >"$WINEPREFIX/complete" && return
+    : >"$WINEPREFIX/complete" && exec 7>&- && return
   cat "$WINEPREFIX.log" >&2
   echo "The Wine prefix couldn't be made." >&2
   return 1
@@ -113,7 +116,7 @@ wine_settings() {
 wine_run() {
   local seconds=$1
   shift
-  run_and_wait timeout --foreground --kill-after=5 "$seconds" "$wine_loader" "$@" 9>&-
+  run_and_wait timeout --foreground --kill-after=5 "$seconds" "$wine_loader" "$@" 7>&- 9>&-
 }
 
 wine_end() {
