@@ -45,7 +45,7 @@ class ClientCall {
   template <class Type>
   ClientCall& optionalOut(Type* target, const wchar_t* name = nullptr);
 
-  /// Runs the operation. `body` throws ClientFailure, StoreFailure or what the library throws;
+  /// Runs the operation. `body` throws ClientFailure, StoreError or what the library throws;
   /// what it returns is the result otherwise.
   HRESULT run(const std::function<HRESULT()>& body);
 

@@ -56,7 +56,7 @@ const wchar_t* interfaceName(REFIID iid) {
   static const struct {
     const IID& iid;
     const wchar_t* name;
-  } catalogue[] = {
+  } interfaces[] = {
       {__uuidof(VaultClient), L"VaultClient"},
       {__uuidof(VaultClientLegacy), L"VaultClientLegacy"},
       {__uuidof(VaultObject), L"VaultObject"},
@@ -76,7 +76,7 @@ const wchar_t* interfaceName(REFIID iid) {
       {__uuidof(VaultRowList), L"VaultRowList"},
       {__uuidof(VaultTextService), L"VaultTextService"},
   };
-  for (const auto& entry : catalogue) {
+  for (const auto& entry : interfaces) {
     if (iid == entry.iid) return entry.name;
   }
   return nullptr;

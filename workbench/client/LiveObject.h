@@ -34,7 +34,7 @@ class LiveObject {
   /// The references that there are now may outlive the command that took them.
   void keepReferences();
 
-  /// S_OK, or the code that a query for this interface of the catalogue was told to fail with.
+  /// S_OK, or the code that a query for this interface of TessaroClient.idl was told to fail with.
   static HRESULT admitInterface(REFIID iid);
 
  private:
@@ -45,7 +45,7 @@ class LiveObject {
 /// The label of an object that has a name: its kind and the name in quotes.
 std::wstring namedLabel(const std::wstring& kind, std::wstring_view name);
 
-/// The name of an interface of the catalogue; null for any other.
+/// The name of an interface of TessaroClient.idl; null for any other.
 const wchar_t* interfaceName(REFIID iid);
 
 }  // namespace wb

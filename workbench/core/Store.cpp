@@ -75,10 +75,10 @@ void Store::createVault(const std::wstring& name, const std::wstring& root) {
                      vault.root + L" is the view of the vault " + other->name);
   }
   makeFolder(vault.root + L"\\");
+  writeViewId(vault);
   content->vaults.push_back(vault);
   try {
     content->save();
-    writeViewId(vault);
   } catch (...) {
     content->vaults.pop_back();
     throw;

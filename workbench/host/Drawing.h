@@ -39,9 +39,9 @@ class Drawing {
   /// What the variable DBMOD gives.
   short dbmod() const { return dbmod_; }
   void setDbmod(short value) { dbmod_ = value; }
-  /// Notes a change of the drawing's content.
   /// The user changes something: the content is another one each time.
   void edit();
+  /// Notes a change of the drawing's content.
   void touch() { dbmod_ = static_cast<short>(dbmod_ | 1); }
 
   /// The tabs in the order of the file, model space first.

@@ -87,10 +87,22 @@ struct Session::State {
   bool answersAny = false;  ///< what the last script asked for, which holds for the end as well
 };
 
+namespace {
+
+/// A session begins by deleting the client's and the module's settings.
+void requireWine() {
+  if (GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version")) return;
+  throw std::runtime_error(
+      "the workbench runs under Wine only: it would delete this computer's settings");
+}
+
+}  // namespace
+
 Session::Session(SessionOptions options) : state(std::make_unique<State>(std::move(options))) {
   if (Host::instance().running()) throw std::runtime_error("another session runs");
   prepareWorkFolder(state->options.workFolder, state->options.keep);
   if (!state->options.keep) {
+    requireWine();
     resetSettings();
     clearLoadRecord();
   }

@@ -75,6 +75,8 @@ LSTATUS WINAPI seenRegCloseKey(HKEY key) {
   if (status == ERROR_SUCCESS) {
     openKeys().closed(key);
     keyNames().erase(key);
+  } else {
+    tell(L"error", L"RegCloseKey of a key that isn't open");
   }
   return status;
 }

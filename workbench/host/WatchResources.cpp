@@ -2,6 +2,7 @@
 
 #include <map>
 
+#include "core/Transcript.h"
 #include "host/HandleLedger.h"
 #include "host/ImportWatch.h"
 #include "host/WatchedCalls.h"
@@ -37,7 +38,11 @@ HANDLE WINAPI seenCreateFileW(LPCWSTR name, DWORD access, DWORD share,
 BOOL WINAPI seenCloseHandle(HANDLE handle) {
   const BOOL closed = CloseHandle(handle);
   const DWORD error = GetLastError();
-  if (closed) openFiles().closed(handle);
+  if (closed) {
+    openFiles().closed(handle);
+  } else {
+    tell(L"error", L"CloseHandle of a handle that isn't open");
+  }
   SetLastError(error);
   return closed;
 }
@@ -61,7 +66,11 @@ HANDLE WINAPI seenLoadImageW(HINSTANCE instance, LPCWSTR name, UINT type, int wi
 
 BOOL WINAPI seenDeleteObject(HGDIOBJ object) {
   const BOOL deleted = DeleteObject(object);
-  if (deleted) images().closed(object);
+  if (deleted) {
+    images().closed(object);
+  } else {
+    tell(L"error", L"DeleteObject of an object that is gone");
+  }
   return deleted;
 }
 
@@ -88,6 +97,8 @@ BOOL WINAPI seenDestroyMenu(HMENU menu) {
   const DWORD error = GetLastError();
   if (destroyed) {
     for (const HMENU gone : all) menus().closed(gone);
+  } else {
+    tell(L"error", L"DestroyMenu of a menu that is gone");
   }
   SetLastError(error);
   return destroyed;
