@@ -32,8 +32,8 @@ target_link_libraries(tessaro_objects PUBLIC host_interface comsupp tessaro_clie
 
 add_library(TessaroAcad MODULE ${module_resources})
 project_target(TessaroAcad)
+arx_target(TessaroAcad)
 target_include_directories(TessaroAcad PRIVATE ${CMAKE_SOURCE_DIR}/src)
-set_target_properties(TessaroAcad PROPERTIES SUFFIX ".arx")
 set_source_files_properties(${CMAKE_SOURCE_DIR}/src/ui/TessaroAcad.rc PROPERTIES
   OBJECT_DEPENDS ${CMAKE_SOURCE_DIR}/src/ui/refresh.bmp)
 target_link_libraries(TessaroAcad PRIVATE tessaro_objects)

@@ -33,6 +33,14 @@ function(project_target target)
   endif()
 endfunction()
 
+# Makes a library one that the host loads and unloads.
+function(arx_target target)
+  set_target_properties(${target} PROPERTIES SUFFIX ".arx")
+  if(NOT MSVC)
+    target_sources(${target} PRIVATE ${CMAKE_SOURCE_DIR}/support/libstdcxx/ExceptionPool.cpp)
+  endif()
+endfunction()
+
 # Most of the time that a workbench or test source takes goes into these headers: they are read once
 # for each target. The module itself goes without, so that each of its sources includes what it uses.
 function(precompile_common_headers target)

@@ -153,6 +153,17 @@ void loseMemory() {
   acutNewString(L"lost", lost);
 }
 
+// Of each heap that a module has: something that stays, something that doesn't.
+void loseOwnMemory() {
+  // The compiler leaves out a `new` that it sees to be for nothing.
+  static_cast<void>(::operator new(1234));
+  ::operator delete(::operator new(1235));
+  SysAllocString(L"lost");
+  SysFreeString(SysAllocString(L"found"));
+  CoTaskMemAlloc(1236);
+  CoTaskMemFree(CoTaskMemAlloc(1237));
+}
+
 void install() {
   wchar_t file[MAX_PATH];
   HMODULE self = nullptr;
@@ -192,6 +203,7 @@ const TestCommand commands[] = {
     {L"T_LATER", 0, later},
     {L"T_LOCK", ACRX_CMD_SESSION, lockWorkingDatabase},
     {L"T_LOSE", 0, loseMemory},
+    {L"T_LOSEOWN", 0, loseOwnMemory},
     {L"T_INSTALL", 0, install},
     {L"T_UNINSTALL", 0, uninstall},
     {L"T_STAY", 0, [] { linker()->lockApplication(packet); }},

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "BareSession.h"
+#include "HostTest.h"
 #include "core/Accounts.h"
 #include "core/Transcript.h"
 #include "host/Answers.h"
@@ -106,6 +107,24 @@ TEST_F(ImportWatchTest, UnwatchedModuleIsSeenNoMore) {
   const HMENU menu = CreatePopupMenu();
   EXPECT_EQ(L"", open());
   DestroyMenu(menu);
+}
+
+TEST(ModuleMemory, IsToldWhenTheModuleHasGoneWithoutFreeingIt) {
+  wb::SessionOptions options = BareSession::options();
+  options.module = (programFolder() / L"testmodule.arx").wstring();
+  wb::Session session(options);
+  ASSERT_TRUE(session.load());
+  // What leaves a command goes to the host, which frees it.
+  ASSERT_TRUE(session.run("@new\nT_LOSEOWN\nT_COMERROR\nT_VALUE\n"));
+  session.unload();
+  std::vector<std::wstring> leaks;
+  for (const std::wstring& line : session.transcript()) {
+    if (line.rfind(L"leak: ", 0) == 0) leaks.push_back(line);
+  }
+  const std::vector<std::wstring> expected = {L"leak: memory 1234 bytes",
+                                              L"leak: string 8 bytes of a module",
+                                              L"leak: memory 1236 bytes of a module"};
+  EXPECT_EQ(expected, leaks);
 }
 
 }  // namespace

@@ -99,10 +99,10 @@ bool startWatchingFrees() {
   return false;
 }
 
-bool memoryIsLeftOut = false;
+bool leftOut = false;
 
 bool watchesFrees() {
-  static const bool watches = !memoryIsLeftOut && startWatchingFrees();
+  static const bool watches = !leftOut && startWatchingFrees();
   return watches;
 }
 
@@ -119,13 +119,15 @@ void giveBack(Ticket ticket) {
   entries.erase(ticket);
 }
 
-void handOutMemory(const void* block, std::wstring kind, std::wstring label) {
-  if (!block || !watchesFrees()) return;
+Ticket handOutMemory(const void* block, std::wstring kind, std::wstring label) {
+  if (!block || !watchesFrees()) return 0;
   const std::lock_guard lock(accountsMutex);
-  memory[block] = handOut(std::move(kind), std::move(label));
+  return memory[block] = handOut(std::move(kind), std::move(label));
 }
 
-void leaveMemoryOut() { memoryIsLeftOut = true; }
+void leaveMemoryOut() { leftOut = true; }
+
+bool memoryIsLeftOut() { return leftOut; }
 
 void keepBeyondCommand(Ticket ticket) {
   const std::lock_guard lock(accountsMutex);

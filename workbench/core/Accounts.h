@@ -15,11 +15,13 @@ void giveBack(Ticket ticket);
 
 /// Enters memory that the receiver has to free: a BSTR, an item id list, an array. It counts as
 /// given back when COM's task allocator frees it.
-void handOutMemory(const void* memory, std::wstring kind, std::wstring label);
+/// @return 0 if memory isn't accounted for
+Ticket handOutMemory(const void* memory, std::wstring kind, std::wstring label);
 
 /// From here on no memory is accounted for in this process: the watching of COM's allocator slows
 /// down whoever allocates. To be called before the first memory is entered.
 void leaveMemoryOut();
+bool memoryIsLeftOut();
 
 /// What may outlive the command that got it, such as the module's text service; it has to be back
 /// at the end of the run.

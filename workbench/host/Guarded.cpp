@@ -10,6 +10,7 @@
 
 #include "core/Text.h"
 #include "core/Transcript.h"
+#include "host/ImportWatch.h"
 
 namespace wb {
 
@@ -33,6 +34,7 @@ std::wstring describeCurrentException() {
 void tellUncaught(std::wstring_view what) {
   tell(L"command",
        std::wstring(what) + L" ended by an uncaught error " + describeCurrentException());
+  leaveCurrentExceptionOut();
 }
 
 }  // namespace wb

@@ -9,11 +9,6 @@
 namespace wb {
 namespace {
 
-struct PatchedSlot {
-  void** slot;
-  void* original;
-};
-
 std::map<HMODULE, std::vector<PatchedSlot>>& patchedModules() {
   static std::map<HMODULE, std::vector<PatchedSlot>> modules;
   return modules;
@@ -21,7 +16,7 @@ std::map<HMODULE, std::vector<PatchedSlot>>& patchedModules() {
 
 std::vector<WatchedCall> allCalls() {
   std::vector<WatchedCall> all;
-  for (const auto& calls : {registryCalls(), resourceCalls(), memoryCalls(), windowCalls()}) {
+  for (const auto& calls : {registryCalls(), resourceCalls(), windowCalls()}) {
     all.insert(all.end(), calls.begin(), calls.end());
   }
   return all;
@@ -62,8 +57,7 @@ void forEachImport(HMODULE module, Visitor visit) {
 
 }  // namespace
 
-void observeImports(HMODULE module, const std::vector<WatchedCall>& calls) {
-  if (patchedModules().count(module)) return;
+std::vector<PatchedSlot> patchImports(HMODULE module, const std::vector<WatchedCall>& calls) {
   std::vector<PatchedSlot> patched;
   std::map<std::string_view, void*> observers;
   for (const WatchedCall& call : calls) observers.emplace(call.name, call.observer);
@@ -73,7 +67,11 @@ void observeImports(HMODULE module, const std::vector<WatchedCall>& calls) {
     const PatchedSlot entry{slot, *slot};
     if (writeSlot(slot, observer->second)) patched.push_back(entry);
   });
-  patchedModules()[module] = std::move(patched);
+  return patched;
+}
+
+void observeImports(HMODULE module, const std::vector<WatchedCall>& calls) {
+  if (!patchedModules().count(module)) patchedModules()[module] = patchImports(module, calls);
 }
 
 void watchImports(HMODULE module) { observeImports(module, allCalls()); }
@@ -86,6 +84,11 @@ void unwatchImports(HMODULE module) {
   forgetWatchedKeys();
   forgetWatchedResources();
   forgetWatchedWindows();
+}
+
+void afterUnmapping(HMODULE module) {
+  freeThreadSlots(module);
+  if (patchedModules().empty()) tellMemoryLeft();
 }
 
 }  // namespace wb

@@ -10,13 +10,21 @@
 namespace wb {
 
 /// Watches what a loaded module asks of Windows, by its import address table: boxes, settings,
-/// files, COM initialisations, images, menus, timers, modeless dialogs, memory that goes back.
+/// files, COM initialisations, images, menus, timers, modeless dialogs.
 /// Every call goes through to Windows with the same arguments and result. Writes to the registry
 /// are told as `reg` lines, boxes as `box` lines; keys, files, images, menus, timers and windows
 /// are accounted (core/Accounts.h). To be called after the module is mapped and before its first
 /// message. What its static constructors did isn't seen, so its static destructors mustn't be
 /// either: see unwatchImports().
 void watchImports(HMODULE module);
+
+/// Watches the memory that a loaded module asks for: of its runtime, and of COM. For good, since
+/// static objects hold memory, too, and free it at the very end: see afterUnmapping(). To be called
+/// with watchImports().
+void watchMemory(HMODULE module);
+
+/// In a catch block: what the exception takes is freed by the host, not by the module.
+void leaveCurrentExceptionOut();
 
 /// FLG_HEAP_ENABLE_TAIL_CHECK and FLG_HEAP_ENABLE_FREE_CHECK, for the `GlobalFlag` of a program's
 /// image file execution options: Windows puts marks behind the blocks of its heaps and into freed
@@ -34,8 +42,9 @@ void observeImports(HMODULE module, const std::vector<WatchedCall>& calls);
 void unwatchImports(HMODULE module);
 
 /// Frees the thread-local slots that a watched module has taken: GCC's run-time library leaves its
-/// own behind, and a process has 1,088. To be called after FreeLibrary.
-void freeThreadSlots(HMODULE module);
+/// own behind, and a process has 1,088. Once no watched module is left, the memory of the runtime
+/// that they still hold is told as leaks. To be called after FreeLibrary.
+void afterUnmapping(HMODULE module);
 
 /// CoInitialize calls of the watched module less its CoUninitialize calls. A command that leaves by
 /// an exception keeps one.

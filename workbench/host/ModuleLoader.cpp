@@ -157,7 +157,7 @@ bool ModuleLoader::end(Module& module, bool force, std::wstring& reason) {
   const Ticket since = module.since;
   const HMODULE handle = module.handle;
   FreeLibrary(handle);
-  freeThreadSlots(handle);
+  afterUnmapping(handle);
   modules.erase(std::find_if(modules.begin(), modules.end(),
                              [&](const auto& one) { return one.get() == &module; }));
   tell(L"doc", L"application unloaded " + name);

@@ -113,7 +113,10 @@ Session::Session(SessionOptions options) : state(std::make_unique<State>(std::mo
   state->since = nextTicket();
   Answers::instance().start(state->options.interactive);
   Host& host = Host::instance();
-  host.onModuleMapped = watchImports;
+  host.onModuleMapped = [](HMODULE module) {
+    watchImports(module);
+    watchMemory(module);
+  };
   host.onModuleLeaving = unwatchImports;
   if (host.start()) return;
   Answers::instance().stop();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <windows.h>
+
 #include <vector>
 
 namespace wb {
@@ -12,13 +14,24 @@ struct WatchedCall {
 
 std::vector<WatchedCall> registryCalls();  ///< WatchRegistry.cpp
 std::vector<WatchedCall> resourceCalls();  ///< WatchResources.cpp: files, images, menus
-std::vector<WatchedCall> memoryCalls();    ///< WatchMemory.cpp: what goes back to the heap
 std::vector<WatchedCall> windowCalls();    ///< WatchWindows.cpp: boxes, dialogs, timers, apartments
 
 /// What the observers remember of handles is dropped; open accounts stay.
 void forgetWatchedKeys();
 void forgetWatchedResources();
 void forgetWatchedWindows();
+
+void freeThreadSlots(HMODULE module);  ///< WatchResources.cpp
+void tellMemoryLeft();                 ///< WatchMemory.cpp
+
+/// A place in an import table, and what stood there.
+struct PatchedSlot {
+  void** slot;
+  void* original;
+};
+
+/// Puts the observers into the module's import table.
+std::vector<PatchedSlot> patchImports(HMODULE module, const std::vector<WatchedCall>& calls);
 
 /// The observer's address, checked against the signature of the function it stands for.
 template <typename Function>
