@@ -186,4 +186,17 @@ TEST_F(Lock, GivesTheDrawingBackAfterAFailedCheckOut) {
   EXPECT_TRUE(isHeld()) << recent();
 }
 
+TEST_F(Lock, AFailureAheadOfTheQuestionLeavesTheDrawingAsItIs) {
+  openChangedPlan();
+  const int changed = changeMark();
+  for (const char* operation : {"VaultFile.isCheckedOut", "VaultObject.name"}) {
+    mark();
+    run(std::string("@fail ") + operation + " E_FAIL\nTessaro_lock\n@fail clear\n");
+    EXPECT_EQ(count(L"Tessaro_lock ended by an uncaught error 0x80004005"), 1) << recent();
+    EXPECT_EQ(count(L"box: ") + count(L"send: ") + count(L"doc: "), 0) << recent();
+    EXPECT_EQ(changeMark(), changed);
+    EXPECT_FALSE(isHeld());
+  }
+}
+
 }  // namespace

@@ -181,4 +181,16 @@ TEST_F(Unlock, ALaterClosingOfTheDrawingGoesOnWithTheCheckIn) {
   EXPECT_FALSE(stored().holder);
 }
 
+TEST_F(Unlock, AFailureAheadOfTheQuestionLeavesNoNote) {
+  openHeldPlan();
+  for (const char* operation : {"VaultFile.isCheckedOut", "VaultObject.name"}) {
+    mark();
+    run(std::string("@fail ") + operation + " E_FAIL\nTessaro_unlock\n@fail clear\n");
+    EXPECT_EQ(count(L"Tessaro_unlock ended by an uncaught error 0x80004005"), 1) << recent();
+    EXPECT_EQ(count(L"box: ") + count(L"doc: "), 0) << recent();
+  }
+  run("@close\n");
+  EXPECT_EQ(count(L"InvokeCommand("), 0) << recent();
+}
+
 }  // namespace

@@ -68,4 +68,15 @@ TEST_F(XrefLock, AFailedCheckOutIsToldAndTheNextXrefFollows) {
   EXPECT_EQ(count(L"text=\"Error checking in file.\\n"), 1) << recent();
 }
 
+TEST_F(XrefLock, ALoginThatFailsEndsTheCommandBeforeAnythingIsLetGo) {
+  openSheet();
+  for (const char* command : {"Tessaro_lockxref", "Tessaro_unlockxref", "Tessaro_editxref"}) {
+    mark();
+    run(std::string("@fail VaultClientLegacy.login E_QVT_LOGIN_FAILED\n@pick\n@select Grid\n") +
+        command + "\n@fail clear\n");
+    EXPECT_EQ(count(L" ended by an uncaught error 0x80040200"), 1) << recent();
+    EXPECT_EQ(count(L"box: ") + count(L"xref: ") + count(L"fileFromPath("), 0) << recent();
+  }
+}
+
 }  // namespace

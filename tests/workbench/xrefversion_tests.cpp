@@ -93,4 +93,13 @@ TEST_F(XrefVersion, AHeldXrefTakesTheVersionAllTheSame) {
   EXPECT_EQ(count(L"getVersion("), 1) << recent();
 }
 
+TEST_F(XrefVersion, AVersionThatDoesNotComeLeavesTheTreeUnloaded) {
+  openSheet();
+  run("@fail VaultFolderActions.getVersion E_FAIL\n@pick Tree\n_Tessaro_getxrefver2 1 \n");
+  expectOrder({L"xref: unloaded Tree", L"getVersion(",
+               L"Tessaro_getxrefver2 ended by an uncaught error 0x80004005"});
+  EXPECT_EQ(count(L"xref: loaded"), 0) << recent();
+  reopenSheet();
+}
+
 }  // namespace

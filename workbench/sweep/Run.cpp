@@ -39,20 +39,43 @@ bool isOfTheScript(const std::wstring& line) {
                      [&](std::wstring_view text) { return holds(line, text); });
 }
 
+bool isOneOf(const std::vector<std::wstring_view>& all, std::wstring_view one) {
+  return std::find(all.begin(), all.end(), one) != all.end();
+}
+
 /// Where a failure of the client is meant to leave what the host called, and the host meets it.
 /// Elsewhere it has to be caught.
-bool mayEscape(const std::wstring& line) {
-  constexpr std::wstring_view ways[] = {
+bool mayEscape(const std::wstring& line, const SweptFault& fault) {
+  struct Way {
+    std::vector<std::wstring_view> called;
+    std::vector<std::wstring_view> failing;
+    bool onDisk = false;
+  };
+  static const Way ways[] = {
       // The drawing is still what it was when these ask the vault about it.
-      L"Tessaro_lock ", L"Tessaro_locksilent ", L"Tessaro_unlock ",
-      // The login alone: the rest is reported.
-      L"Tessaro_lockxref ", L"Tessaro_unlockxref ", L"Tessaro_editxref ", L"TessaroSelectFile ",
+      {{L"Tessaro_lock", L"Tessaro_locksilent", L"Tessaro_unlock"},
+       {L"VaultFile.isCheckedOut", L"QueryInterface.VaultObject", L"VaultObject.name"}},
+      // The rest is reported.
+      {{L"Tessaro_lockxref", L"Tessaro_unlockxref", L"Tessaro_editxref"},
+       {L"VaultClientLegacy.login"}},
       // The version can't be had; the tree stays unloaded for all to see.
-      L"Tessaro_getxrefversion ", L"Tessaro_getxrefver2 ",
+      {{L"Tessaro_getxrefversion", L"Tessaro_getxrefver2"},
+       {L"VaultClientLegacy.login", L"VaultFolderLegacy.id", L"VaultFileLegacy.isCheckedOutHere",
+        L"IShellFolder.ParseDisplayName", L"QueryInterface.VaultFolderActions",
+        L"VaultFolderActions.getVersion"},
+       true},
       // The guard has no box of its own for it.
-      L"documentLockModeChanged "};
-  return std::any_of(std::begin(ways), std::end(ways), [&](std::wstring_view way) {
-    return line.rfind(L"command: " + std::wstring(way), 0) == 0;
+      {{L"documentLockModeChanged"},
+       {L"VaultFile.isCheckedOut", L"VaultFile.checkedOutOnComputer",
+        L"VaultFile.checkedOutInFolderId", L"QueryInterface.VaultObject", L"VaultObject.id",
+        L"VaultObject.name"}}};
+  constexpr std::wstring_view prefix = L"command: ";
+  if (line.rfind(prefix, 0) != 0) return false;
+  const std::wstring called =
+      line.substr(prefix.size(), line.find(L' ', prefix.size()) - prefix.size());
+  return std::any_of(std::begin(ways), std::end(ways), [&](const Way& way) {
+    return isOneOf(way.called, called) &&
+           (fault.onDisk ? way.onDisk : isOneOf(way.failing, fault.call.operation));
   });
 }
 
@@ -67,14 +90,14 @@ std::vector<SweptCall> numbered(const std::vector<std::wstring>& operations) {
   return calls;
 }
 
-void judgeLines(const std::vector<std::wstring>& lines, bool faulty, Verdict& verdict) {
+void judgeLines(const std::vector<std::wstring>& lines, const SweptFault* fault, Verdict& verdict) {
   for (const std::wstring& line : lines) {
     const bool leak = line.rfind(L"leak: ", 0) == 0;
     const bool error = line.rfind(L"error: ", 0) == 0;
     const bool escaped = holds(line, L" ended by an uncaught error ");
-    const bool asMeant = escaped && faulty && mayEscape(line);
+    const bool asMeant = escaped && fault && mayEscape(line, *fault);
     if (asMeant) verdict.escaped = true;
-    if (leak || (error && !(faulty && isOfTheScript(line))) || (escaped && !asMeant)) {
+    if (leak || (error && !(fault && isOfTheScript(line))) || (escaped && !asMeant)) {
       verdict.problems.push_back(line);
     }
   }
@@ -172,7 +195,7 @@ Verdict runScenario(const Yard& yard, const Scenario& scenario, const SweptFault
   }
   verdict.calls = numbered(recordOperations());
   if (!fault && !done) verdict.problems.push_back(L"the script fails without a fault");
-  judgeLines(session.transcript(), fault != nullptr, verdict);
+  judgeLines(session.transcript(), fault, verdict);
   if (!mayLeaveUnloaded(scenario, fault)) {
     for (const std::wstring& name : leftUnloaded(session.transcript())) {
       verdict.problems.push_back(L"the xref stays unloaded: " + name);
@@ -185,7 +208,7 @@ Verdict runScenario(const Yard& yard, const Scenario& scenario, const SweptFault
   workOn(yard, session, verdict);
   session.end();
   const auto& all = session.transcript();
-  judgeLines({all.begin() + static_cast<std::ptrdiff_t>(judged), all.end()}, false, verdict);
+  judgeLines({all.begin() + static_cast<std::ptrdiff_t>(judged), all.end()}, nullptr, verdict);
   verdict.transcript = all;
   for (const std::wstring& loss : yard.lossesInStore(before)) verdict.problems.push_back(loss);
   return verdict;
