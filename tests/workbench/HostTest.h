@@ -16,14 +16,9 @@
 #include "host/Answers.h"
 #include "host/Host.h"
 #include "host/LoadRecord.h"
+#include "host/Programs.h"
 
 namespace fs = std::filesystem;
-
-inline fs::path programFolder() {
-  wchar_t file[MAX_PATH];
-  GetModuleFileNameW(nullptr, file, MAX_PATH);
-  return fs::path(file).parent_path();
-}
 
 /// A started host, an empty folder for drawings, and the test application beside the program.
 class HostTest : public testing::Test {
@@ -78,7 +73,7 @@ class HostTest : public testing::Test {
 
   wb::Host& host = wb::Host::instance();
   fs::path folder = fs::temp_directory_path() / L"host_tests";
-  std::wstring module = (programFolder() / L"testmodule.arx").wstring();
+  std::wstring module = (wb::programFolder() / L"testmodule.arx").wstring();
 
  private:
   static constexpr size_t npos = static_cast<size_t>(-1);

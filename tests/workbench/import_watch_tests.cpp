@@ -6,10 +6,10 @@
 #include <string>
 
 #include "BareSession.h"
-#include "HostTest.h"
 #include "core/Accounts.h"
 #include "core/Transcript.h"
 #include "host/Answers.h"
+#include "host/Programs.h"
 
 namespace {
 
@@ -111,7 +111,7 @@ TEST_F(ImportWatchTest, UnwatchedModuleIsSeenNoMore) {
 
 TEST(ModuleMemory, IsToldWhenTheModuleHasGoneWithoutFreeingIt) {
   wb::SessionOptions options = BareSession::options();
-  options.module = (programFolder() / L"testmodule.arx").wstring();
+  options.module = (wb::programFolder() / L"testmodule.arx").wstring();
   wb::Session session(options);
   ASSERT_TRUE(session.load());
   // What leaves a command goes to the host, which frees it.

@@ -111,7 +111,7 @@ TEST_F(StoreTest, ACheckOutBringsTheLatestAndAnUndoTakesTheChangesBack) {
 TEST_F(StoreTest, WhoHoldsADrawingElsewhereKeepsUsOut) {
   store.checkOutFor(plan, L"ben", L"HALL2", L"D:\\Views\\Plant");
   EXPECT_EQ(E_QVT_LOCKED_BY_ANOTHER_USER, refusal([&] { store.checkOut(plan); }));
-  EXPECT_EQ(E_QVT_FILE_NOT_LOCKED_BY_YOU, refusal([&] { store.checkIn(plan, L"", false); }));
+  EXPECT_EQ(E_QVT_LOCKED_BY_ANOTHER_USER, refusal([&] { store.checkIn(plan, L"", false); }));
   store.setDate(plan, {0, 30000000});
   EXPECT_TRUE(isReadOnlyFile(plan));
   store.undoCheckOut(plan);

@@ -190,7 +190,7 @@ TEST_F(SelectionTest, QueuedAnswersServePromptsInTurn) {
   AcDbObjectId id;
   EXPECT_EQ(Acad::eOk, acdbGetObjectId(id, entity));
   EXPECT_EQ(RTCAN, acedEntSel(L"", entity, point));
-  EXPECT_TRUE(selection.answered());
+  EXPECT_TRUE(selection.unused().empty());
 }
 
 }  // namespace

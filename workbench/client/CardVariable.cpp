@@ -82,7 +82,7 @@ class VariablePart : public Dual<VaultCardVariable> {
 
   STDMETHODIMP firstMapping(VaultPosition** position) override {
     return ClientCall(L"VaultCardVariable.firstMapping").out(position).runVoid([&] {
-      *position = firstOf(variable.mappings.size()).release();
+      *position = firstOf(this, variable.mappings.size()).release();
     });
   }
 
@@ -91,7 +91,7 @@ class VariablePart : public Dual<VaultCardVariable> {
         .object(L"position", position)
         .out(mapping)
         .runVoid([&] {
-          const size_t index = PositionPart::advance(position, variable.mappings.size());
+          const size_t index = PositionPart::advance(position, this);
           const CardMapping& found = variable.mappings[index];
           *mapping =
               make<ComObject<MappingPart>, VaultAttributeMapping>(

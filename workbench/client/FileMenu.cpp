@@ -27,16 +27,12 @@ std::wstring verbOf(const CMINVOKECOMMANDINFO& command) {
 
 /// Why a file can't be checked in here and now; S_OK if it can.
 HRESULT checkInObstacle(const std::wstring& path) {
-  const StoredFile* file = store().find(path);
-  if (!file) return E_QVT_FILE_NOT_FOUND;
-  if (!file->holder) return E_QVT_FILE_NOT_LOCKED_BY_YOU;
-  if (lstrcmpiW(file->holder->user.c_str(), Store::thisUser().c_str()) != 0) {
-    return E_QVT_LOCKED_BY_ANOTHER_USER;
+  try {
+    store().requireHeldHere(path);
+    return S_OK;
+  } catch (const StoreError& error) {
+    return error.code();
   }
-  if (lstrcmpiW(file->holder->computer.c_str(), Store::thisComputer().c_str()) != 0) {
-    return E_QVT_LOCKED_ON_OTHER_COMPUTER;
-  }
-  return S_OK;
 }
 
 void showFailure(HWND owner, const std::wstring& path, HRESULT failure) {
@@ -76,7 +72,7 @@ class FileMenuPart : public Plain<IContextMenu> {
         .with(L"verb", verb.c_str())
         .with(L"file", fileNameIn(path).c_str())
         .run([&] {
-          if (lstrcmpiW(verb.c_str(), L"Unlock") != 0) throw ClientFailure(E_INVALIDARG);
+          if (!sameName(verb, L"Unlock")) throw ClientFailure(E_INVALIDARG);
           return unlock(command->hwnd, path);
         });
   }

@@ -3,6 +3,7 @@
 #include "client/Bstr.h"
 #include "client/ClientCall.h"
 #include "client/Results.h"
+#include "core/Text.h"
 
 namespace wb {
 namespace {
@@ -32,10 +33,8 @@ const StoredFile& FileState::file() const {
 }
 
 bool FileState::isHeldHere(long inFolder) const {
-  const auto& holder = file().holder;
-  return holder && holder->folderId == inFolder &&
-         lstrcmpiW(holder->user.c_str(), Store::thisUser().c_str()) == 0 &&
-         lstrcmpiW(holder->computer.c_str(), Store::thisComputer().c_str()) == 0;
+  const StoredFile& stored = file();
+  return Store::isHeldByUsHere(stored) && stored.holder->folderId == inFolder;
 }
 
 void FileState::checkOutTo(long folder) const {
@@ -53,7 +52,7 @@ STDMETHODIMP FilePart::getLocalCopy(LONG parentWindow, LONG reserved, VARIANT pa
       .with(L"flag", flag)
       .out(localPath)
       .runVoid([&] {
-        if (lstrcmpiW(textOf(path).c_str(), state.path.c_str()) != 0) {
+        if (!sameName(textOf(path), state.path)) {
           throw ClientFailure(E_INVALIDARG);
         }
         const bool wanted = flag == 1 || store().localVersion(state.file(), state.folderId()) == 0;

@@ -5,6 +5,7 @@
 #include "client/ItemId.h"
 #include "client/Results.h"
 #include "core/Store.h"
+#include "core/Text.h"
 
 namespace wb {
 namespace {
@@ -81,7 +82,7 @@ FolderState folderOf(const std::wstring& path, bool isFolder) {
   while (!state.path.empty() && state.path.back() == L'\\') state.path.pop_back();
   const StoredVault* vault = store().vaultOf(state.path);
   if (!vault) throw ClientFailure(E_QVT_FOLDER_NOT_FOUND);
-  const bool isRoot = lstrcmpiW(vault->root.c_str(), state.path.c_str()) == 0;
+  const bool isRoot = sameName(vault->root, state.path);
   state.id = store().folderId(*vault, Store::thisComputer(), state.path);
   state.name = isRoot ? vault->name : state.path.substr(state.path.rfind(L'\\') + 1);
   return state;

@@ -68,7 +68,7 @@ LegacyFileObject::LegacyFileObject(const FileState& state)
 
 STDMETHODIMP VersionListPart::firstPosition(VaultPosition** position) {
   return ClientCall(L"VaultVersionList.firstPosition").out(position).runVoid([&] {
-    *position = firstOf(versions.size()).release();
+    *position = firstOf(this, versions.size()).release();
   });
 }
 
@@ -81,7 +81,7 @@ STDMETHODIMP VersionListPart::nextVersion(VaultPosition* position, LONG* version
       .optionalOut(userId, L"user")
       .optionalOut(date, L"date")
       .runVoid([&] {
-        const StoredVersion& found = versions[PositionPart::advance(position, versions.size())];
+        const StoredVersion& found = versions[PositionPart::advance(position, this)];
         *comment = newBstr(found.comment);
         *version = found.number;
         if (userId) *userId = idOfName(found.user);

@@ -10,15 +10,15 @@ STDMETHODIMP PositionPart::isNull(LONG* result) {
   });
 }
 
-size_t PositionPart::advance(VaultPosition* position, size_t count) {
+size_t PositionPart::advance(VaultPosition* position, const void* list) {
   const auto part = dynamic_cast<PositionPart*>(position);
-  if (!part || part->state.count != count) throw ClientFailure(E_INVALIDARG);
-  if (part->state.index >= count) throw ClientFailure(E_QVT_END_OF_LIST);
+  if (!part || part->state.list != list) throw ClientFailure(E_INVALIDARG);
+  if (part->state.index >= part->state.count) throw ClientFailure(E_QVT_END_OF_LIST);
   return part->state.index++;
 }
 
-Owned<VaultPosition> firstOf(size_t count) {
-  return make<PositionObject, VaultPosition>(L"VaultPosition", PositionState{0, count});
+Owned<VaultPosition> firstOf(const void* list, size_t count) {
+  return make<PositionObject, VaultPosition>(L"VaultPosition", PositionState{list, 0, count});
 }
 
 }  // namespace wb

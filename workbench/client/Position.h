@@ -10,6 +10,7 @@ namespace wb {
 
 /// A cursor over a list of known length.
 struct PositionState {
+  const void* list = nullptr;  ///< the one that it was made for
   size_t index = 0;
   size_t count = 0;
 };
@@ -21,9 +22,9 @@ class PositionPart : public Dual<VaultPosition> {
   STDMETHODIMP isNull(LONG* result) override;
 
   /// Takes the element at the cursor and moves the cursor on. Raises ClientFailure: E_INVALIDARG
-  /// for a position that isn't the client's or belongs to a list of another length,
-  /// E_QVT_END_OF_LIST past the last element.
-  static size_t advance(VaultPosition* position, size_t count);
+  /// for a position that isn't the client's or belongs to another list, E_QVT_END_OF_LIST past the
+  /// last element.
+  static size_t advance(VaultPosition* position, const void* list);
 
  private:
   PositionState state;
@@ -32,6 +33,6 @@ class PositionPart : public Dual<VaultPosition> {
 using PositionObject = ComObject<PositionPart>;
 
 /// A cursor on the first element of a list.
-Owned<VaultPosition> firstOf(size_t count);
+Owned<VaultPosition> firstOf(const void* list, size_t count);
 
 }  // namespace wb

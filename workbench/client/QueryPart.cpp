@@ -4,6 +4,7 @@
 #include "client/MainObject.h"
 #include "client/RowList.h"
 #include "client/StoreDate.h"
+#include "core/Text.h"
 
 namespace wb {
 namespace {
@@ -11,8 +12,7 @@ namespace {
 /// A view is known by its id, and a question that names none is about the whole vault.
 bool asksAbout(const ModifiedDateQuestion& question, const StoredVault& vault) {
   const bool anyView = question.viewId.find_first_not_of(L"0-") == std::wstring::npos;
-  const bool thisView =
-      lstrcmpiW((L"{" + question.viewId + L"}").c_str(), vault.viewId.c_str()) == 0;
+  const bool thisView = sameName(L"{" + question.viewId + L"}", vault.viewId);
   return (anyView || thisView) && question.rootFolderId == StoredVault::rootFolderId;
 }
 

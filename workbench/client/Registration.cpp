@@ -5,6 +5,7 @@
 
 #include "TessaroClient.h"
 #include "client/TypeLibrary.h"
+#include "core/Text.h"
 
 namespace wb {
 namespace {
@@ -47,7 +48,7 @@ bool isServedBy(HKEY root, const std::wstring& server, const std::wstring& file)
   auto size = static_cast<DWORD>(found.size() * sizeof(wchar_t));
   const LSTATUS status =
       RegGetValueW(root, server.c_str(), nullptr, RRF_RT_REG_SZ, nullptr, found.data(), &size);
-  return status == ERROR_SUCCESS && lstrcmpiW(found.c_str(), file.c_str()) == 0;
+  return status == ERROR_SUCCESS && sameName(found.c_str(), file);
 }
 
 LSTATUS removeClass(HKEY root, REFCLSID id, const std::wstring& file) {

@@ -4,6 +4,7 @@
 #include "client/Bstr.h"
 #include "client/Results.h"
 #include "client/TextTable.h"
+#include "core/Text.h"
 
 namespace wb {
 namespace {
@@ -11,7 +12,7 @@ namespace {
 constexpr wchar_t product[] = L"Halvern Vault Manager";
 
 bool isOwnSection(const std::wstring& name) {
-  return lstrcmpiW(name.c_str(), L"QvtInterface") == 0 || lstrcmpiW(name.c_str(), L"Database") == 0;
+  return sameName(name, L"QvtInterface") || sameName(name, L"Database");
 }
 
 }  // namespace

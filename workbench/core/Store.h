@@ -107,6 +107,12 @@ class Store {
   /// Full local path of a file.
   static std::wstring localPath(const StoredVault& vault, const StoredFile& file);
 
+  /// Raises StoreError unless the user holds the file here: E_QVT_FILE_NOT_LOCKED_BY_YOU,
+  /// E_QVT_LOCKED_BY_ANOTHER_USER, E_QVT_LOCKED_ON_OTHER_COMPUTER, E_QVT_LOCKED_IN_OTHER_FOLDER.
+  void requireHeldHere(const std::wstring& path);
+  /// Whether this user holds the file on this computer, in whatever folder.
+  static bool isHeldByUsHere(const StoredFile& file);
+
   /// What is known of a file, in lines for a person.
   std::vector<std::wstring> describe(const std::wstring& path) const;
 

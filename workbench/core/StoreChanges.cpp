@@ -38,15 +38,20 @@ void Store::change(const std::wstring& path, const std::function<void(StoredFile
 }
 
 bool Store::isHeldHere(const std::wstring& path, const StoredFile& file) {
-  return file.holder && sameName(file.holder->user, thisUser()) &&
-         sameName(file.holder->computer, thisComputer()) &&
-         file.holder->folderId == folderIdOf(path);
+  return isHeldByUsHere(file) && file.holder->folderId == folderIdOf(path);
 }
+
+bool Store::isHeldByUsHere(const StoredFile& file) {
+  return file.holder && sameName(file.holder->user, thisUser()) &&
+         sameName(file.holder->computer, thisComputer());
+}
+
+void Store::requireHeldHere(const std::wstring& path) { requireHeldHere(path, fileFor(path)); }
 
 void Store::requireHeldHere(const std::wstring& path, const StoredFile& file) {
   if (!file.holder) throw StoreError(E_QVT_FILE_NOT_LOCKED_BY_YOU, path + L" isn't checked out");
   if (!sameName(file.holder->user, thisUser())) {
-    throw StoreError(E_QVT_FILE_NOT_LOCKED_BY_YOU, path + L" isn't checked out by you");
+    throw StoreError(E_QVT_LOCKED_BY_ANOTHER_USER, path + L" isn't checked out by you");
   }
   if (!sameName(file.holder->computer, thisComputer())) {
     throw StoreError(E_QVT_LOCKED_ON_OTHER_COMPUTER, path + L" is checked out elsewhere");

@@ -60,7 +60,7 @@ struct Transcript::State {
   std::vector<Alias> aliases;
   size_t mark = 0;
   bool echo = false;
-  bool failed = false;
+  size_t problems = 0;
 };
 
 Transcript::Transcript() : state(std::make_unique<State>()) {}
@@ -99,14 +99,14 @@ void Transcript::alias(std::wstring folder, std::wstring name) {
                    });
 }
 
-bool Transcript::failed() const { return state->failed; }
+size_t Transcript::problems() const { return state->problems; }
 
 void tell(std::wstring_view kind, std::wstring_view detail) {
   Transcript::State& state = *Transcript::instance().state;
   std::wstring line = std::wstring(kind) + L": " + std::wstring(detail);
   escapeLineEnds(line);
   for (const Alias& alias : state.aliases) replaceFolder(line, alias);
-  if (kind == L"error" || kind == L"leak") state.failed = true;
+  if (kind == L"error" || kind == L"leak") ++state.problems;
   if (state.echo) {
     std::fputs((toUtf8(line) + "\n").c_str(), stdout);
     std::fflush(stdout);

@@ -36,8 +36,8 @@ class Transcript {
   /// slashes of either kind; of several the longest counts.
   void alias(std::wstring folder, std::wstring name);
 
-  /// Whether an `error` or a `leak` was told.
-  bool failed() const;
+  /// How many `error` and `leak` lines were told.
+  size_t problems() const;
 
  private:
   friend void tell(std::wstring_view kind, std::wstring_view detail);

@@ -12,8 +12,8 @@
 #include "host/Names.h"
 
 Adesk::Boolean acedAddObjectContextMenu(const AcRxClass* pClass, AcEdUIContext* pContext,
-                                        const void* appId) {
-  return wb::Host::instance().menus().add(pClass, pContext, appId) ? Adesk::kTrue : Adesk::kFalse;
+                                        const void* /*appId*/) {
+  return wb::Host::instance().menus().add(pClass, pContext) ? Adesk::kTrue : Adesk::kFalse;
 }
 
 Adesk::Boolean acedRemoveObjectContextMenu(const AcRxClass* pClass, AcEdUIContext* pContext) {
@@ -45,15 +45,14 @@ void readMenu(HMENU menu, const std::wstring& submenu, AcEdUIContext* context,
 
 }  // namespace
 
-bool ContextMenus::add(const AcRxClass* entityClass, AcEdUIContext* context,
-                       const void* application) {
+bool ContextMenus::add(const AcRxClass* entityClass, AcEdUIContext* context) {
   const bool there = std::any_of(entries.begin(), entries.end(), [&](const Entry& one) {
     return one.entityClass == entityClass && one.context == context;
   });
   if (!entityClass || !context || there) return false;
   const Ticket ticket = handOut(L"context menu", entityClass->name());
   keepBeyondCommand(ticket);
-  entries.push_back({entityClass, context, application, ticket});
+  entries.push_back({entityClass, context, ticket});
   return true;
 }
 

@@ -25,7 +25,7 @@ struct MenuItem {
 class ContextMenus {
  public:
   /// False if the context is there already for that class.
-  bool add(const AcRxClass* entityClass, AcEdUIContext* context, const void* application);
+  bool add(const AcRxClass* entityClass, AcEdUIContext* context);
   bool remove(const AcRxClass* entityClass, AcEdUIContext* context);
   /// The contexts for entities of the class, those of its base classes included, in the order
   /// they were added.
@@ -49,7 +49,6 @@ class ContextMenus {
   struct Entry {
     const AcRxClass* entityClass;
     AcEdUIContext* context;
-    const void* application;
     Ticket ticket;
   };
   std::vector<AcEdUIContext*> contextsForAll(const AcDbObjectIdArray& ids) const;

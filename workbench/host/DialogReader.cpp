@@ -6,6 +6,7 @@
 #include <iterator>
 
 #include "core/Transcript.h"
+#include "core/Text.h"
 
 namespace wb {
 namespace {
@@ -20,13 +21,8 @@ constexpr NamedButton namedButtons[] = {
     {L"ignore", IDIGNORE}, {L"yes", IDYES},       {L"no", IDNO},
 };
 
-bool sameText(std::wstring_view a, std::wstring_view b) {
-  return CompareStringOrdinal(a.data(), static_cast<int>(a.size()), b.data(),
-                              static_cast<int>(b.size()), TRUE) == CSTR_EQUAL;
-}
-
 bool isPushButton(HWND control) {
-  if (!sameText(windowClass(control), L"Button")) return false;
+  if (!sameName(windowClass(control), L"Button")) return false;
   switch (GetWindowLongPtrW(control, GWL_STYLE) & BS_TYPEMASK) {
     case BS_PUSHBUTTON:
     case BS_DEFPUSHBUTTON:
@@ -39,8 +35,8 @@ bool isPushButton(HWND control) {
 
 bool isUsable(HWND control) {
   const std::wstring type = windowClass(control);
-  if (sameText(type, L"Static")) return false;
-  return !sameText(type, L"Button") ||
+  if (sameName(type, L"Static")) return false;
+  return !sameName(type, L"Button") ||
          (GetWindowLongPtrW(control, GWL_STYLE) & BS_TYPEMASK) != BS_GROUPBOX;
 }
 
@@ -163,7 +159,7 @@ HWND findControl(HWND dialog, int id) {
 
 HWND findButton(HWND dialog, std::wstring_view name) {
   for (const NamedButton& button : namedButtons) {
-    if (!sameText(name, button.name)) continue;
+    if (!sameName(name, button.name)) continue;
     const HWND found = GetDlgItem(dialog, button.id);
     if (found && (GetWindowLongPtrW(found, GWL_STYLE) & WS_VISIBLE)) return found;
     // A box with nothing but OK may carry it under IDCANCEL, so that Escape closes it.

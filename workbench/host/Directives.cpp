@@ -7,16 +7,12 @@
 #include <cwctype>
 #include <iterator>
 
+#include "core/Text.h"
 #include "core/Transcript.h"
 #include "host/Session.h"
 
 namespace wb {
 namespace {
-
-bool sameWord(std::wstring_view a, std::wstring_view b) {
-  return CompareStringOrdinal(a.data(), static_cast<int>(a.size()), b.data(),
-                              static_cast<int>(b.size()), TRUE) == CSTR_EQUAL;
-}
 
 void replaceAll(std::wstring& text, std::wstring_view name, const std::wstring& folder) {
   for (size_t at = text.find(name); at != std::wstring::npos;
@@ -101,7 +97,7 @@ int Arguments::number() {
 }
 
 bool Arguments::take(std::wstring_view keyword) {
-  if (atEnd() || !sameWord(words[next].text, keyword)) return false;
+  if (atEnd() || !sameName(words[next].text, keyword)) return false;
   ++next;
   return true;
 }
@@ -110,7 +106,7 @@ std::wstring Arguments::textUntil(const std::vector<std::wstring_view>& keywords
   const size_t first = next;
   const auto isKeyword = [&](const Word& word) {
     return std::any_of(keywords.begin(), keywords.end(), [&](std::wstring_view keyword) {
-      return sameWord(line.substr(word.begin, word.end - word.begin), keyword);
+      return sameName(line.substr(word.begin, word.end - word.begin), keyword);
     });
   };
   while (next < words.size() && !isKeyword(words[next])) ++next;
@@ -129,8 +125,8 @@ std::wstring Arguments::restOfLine() {
 
 bool Arguments::onOff() {
   const std::wstring text = word();
-  if (sameWord(text, L"on")) return true;
-  if (!sameWord(text, L"off")) fail(wb::quoted(text) + L" is neither on nor off");
+  if (sameName(text, L"on")) return true;
+  if (!sameName(text, L"off")) fail(wb::quoted(text) + L" is neither on nor off");
   return false;
 }
 

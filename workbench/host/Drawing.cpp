@@ -58,7 +58,7 @@ std::unique_ptr<Drawing> Drawing::load(const std::filesystem::path& path, std::w
   std::string bytes;
   {
     // Whoever has the file open for writing lets others read it, or nobody gets in.
-    const FileHandle file = openToRead(path, FILE_SHARE_READ | FILE_SHARE_WRITE, failure);
+    const OpenFile file = openToRead(path, FILE_SHARE_READ | FILE_SHARE_WRITE, failure);
     if (!file || !readAll(file.get(), bytes, failure)) {
       error = fileErrorText(failure);
       return nullptr;
@@ -77,7 +77,7 @@ std::unique_ptr<Drawing> Drawing::blank() {
 }
 
 bool Drawing::save(const std::filesystem::path& path, std::wstring& error) {
-  if (!replaceFile(path, database_->bytes(), error)) return false;
+  if (!replaceDrawing(path, database_->bytes(), error)) return false;
   path_ = path;
   return true;
 }

@@ -50,16 +50,16 @@ class TemporaryFile {
 
  private:
   std::wstring path_;
-  FileHandle handle_;
+  OpenFile handle_;
 };
 
 }  // namespace
 
-FileHandle openToRead(const std::filesystem::path& path, DWORD share, DWORD& failure) {
+OpenFile openToRead(const std::filesystem::path& path, DWORD share, DWORD& failure) {
   const HANDLE handle = CreateFileW(path.c_str(), GENERIC_READ, share, nullptr, OPEN_EXISTING,
                                     FILE_ATTRIBUTE_NORMAL, nullptr);
   failure = handle == INVALID_HANDLE_VALUE ? GetLastError() : NO_ERROR;
-  return FileHandle(handle == INVALID_HANDLE_VALUE ? nullptr : handle);
+  return OpenFile(handle == INVALID_HANDLE_VALUE ? nullptr : handle);
 }
 
 bool readAll(HANDLE file, std::string& bytes, DWORD& failure) {
@@ -79,7 +79,8 @@ bool readAll(HANDLE file, std::string& bytes, DWORD& failure) {
   return read;
 }
 
-bool replaceFile(const std::filesystem::path& path, const std::string& bytes, std::wstring& error) {
+bool replaceDrawing(const std::filesystem::path& path, const std::string& bytes,
+                    std::wstring& error) {
   const DWORD attributes = GetFileAttributesW(path.c_str());
   if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
     error = L"the file is write-protected";

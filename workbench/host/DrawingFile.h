@@ -12,18 +12,19 @@ struct HandleCloser {
   using pointer = HANDLE;
   void operator()(HANDLE handle) const { CloseHandle(handle); }
 };
-using FileHandle = std::unique_ptr<HANDLE, HandleCloser>;
+using OpenFile = std::unique_ptr<HANDLE, HandleCloser>;
 
 /// Opens a file for reading, with the others' rights as in CreateFileW; null with the Windows error
 /// in `failure`.
-FileHandle openToRead(const std::filesystem::path& path, DWORD share, DWORD& failure);
+OpenFile openToRead(const std::filesystem::path& path, DWORD share, DWORD& failure);
 
 /// Reads all of a file. False with the Windows error in `failure`.
 bool readAll(HANDLE file, std::string& bytes, DWORD& failure);
 
 /// Puts `bytes` in the file's place: written beside it, to the disk, and then renamed. False with
 /// a clear `error`; the old file is as it was then.
-bool replaceFile(const std::filesystem::path& path, const std::string& bytes, std::wstring& error);
+bool replaceDrawing(const std::filesystem::path& path, const std::string& bytes,
+                    std::wstring& error);
 
 /// What a Windows error on a file means.
 std::wstring fileErrorText(DWORD code);

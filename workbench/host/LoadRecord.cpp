@@ -6,27 +6,11 @@
 #include <rxregsvc.h>
 
 #include "core/Transcript.h"
+#include "host/RegistryKey.h"
 
 namespace {
 
 constexpr wchar_t applicationsKey[] = L"Software\\Workbench\\Applications";
-
-class Key {
- public:
-  Key(const std::wstring& path, REGSAM access, bool create = false) {
-    status = create ? RegCreateKeyExW(HKEY_CURRENT_USER, path.c_str(), 0, nullptr, 0, access,
-                                      nullptr, &key, nullptr)
-                    : RegOpenKeyExW(HKEY_CURRENT_USER, path.c_str(), 0, access, &key);
-  }
-  Key(const Key&) = delete;
-  Key& operator=(const Key&) = delete;
-  ~Key() {
-    if (status == ERROR_SUCCESS) RegCloseKey(key);
-  }
-
-  LSTATUS status;
-  HKEY key = nullptr;
-};
 
 std::wstring pathOf(const std::wstring& name) {
   return std::wstring(applicationsKey) + L"\\" + name;
@@ -74,15 +58,15 @@ void AcadAppInfo::setLoadReason(AcadApp::LoadReasons reason) {
 AcadApp::ErrorStatus AcadAppInfo::writeToRegistry(bool, bool) {
   if (!isName(fields->name)) return AcadApp::eInvalidKey;
   if (fields->module.empty()) return AcadApp::eInvalidValue;
-  const Key record(pathOf(fields->name), KEY_SET_VALUE, true);
-  LSTATUS status = record.status;
+  const wb::RegistryKey record(HKEY_CURRENT_USER, pathOf(fields->name), KEY_SET_VALUE, true);
+  LSTATUS status = record.status();
   if (status == ERROR_SUCCESS) {
-    status = RegSetValueExW(record.key, L"LOADER", 0, REG_SZ,
+    status = RegSetValueExW(record.get(), L"LOADER", 0, REG_SZ,
                             reinterpret_cast<const BYTE*>(fields->module.c_str()),
                             static_cast<DWORD>((fields->module.size() + 1) * sizeof(wchar_t)));
   }
   if (status == ERROR_SUCCESS) {
-    status = RegSetValueExW(record.key, L"LOADCTRLS", 0, REG_DWORD,
+    status = RegSetValueExW(record.get(), L"LOADCTRLS", 0, REG_DWORD,
                             reinterpret_cast<const BYTE*>(&fields->reason), sizeof(DWORD));
   }
   if (status == ERROR_SUCCESS) {
@@ -103,20 +87,20 @@ namespace wb {
 
 std::vector<std::wstring> filesToLoadAtStart() {
   std::vector<std::wstring> files;
-  const Key list(applicationsKey, KEY_READ);
-  if (list.status != ERROR_SUCCESS) return files;
+  const RegistryKey list(HKEY_CURRENT_USER, applicationsKey, KEY_READ);
+  if (list.status() != ERROR_SUCCESS) return files;
   for (DWORD index = 0;; ++index) {
     wchar_t name[256];
     DWORD length = 256;
-    if (RegEnumKeyExW(list.key, index, name, &length, nullptr, nullptr, nullptr, nullptr) !=
+    if (RegEnumKeyExW(list.get(), index, name, &length, nullptr, nullptr, nullptr, nullptr) !=
         ERROR_SUCCESS) {
       return files;
     }
     wchar_t file[MAX_PATH];
     DWORD size = sizeof file, reason = 0, reasonSize = sizeof reason;
-    if (RegGetValueW(list.key, name, L"LOADER", RRF_RT_REG_SZ, nullptr, file, &size) ==
+    if (RegGetValueW(list.get(), name, L"LOADER", RRF_RT_REG_SZ, nullptr, file, &size) ==
             ERROR_SUCCESS &&
-        RegGetValueW(list.key, name, L"LOADCTRLS", RRF_RT_REG_DWORD, nullptr, &reason,
+        RegGetValueW(list.get(), name, L"LOADCTRLS", RRF_RT_REG_DWORD, nullptr, &reason,
                      &reasonSize) == ERROR_SUCCESS &&
         (reason & AcadApp::kOnAutoCADStartup) != 0 && (reason & AcadApp::kLoadDisabled) == 0) {
       files.push_back(file);

@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "core/Transcript.h"
+#include "host/RegistryKey.h"
 
 namespace wb {
 namespace {
@@ -14,17 +15,6 @@ constexpr wchar_t addinKey[] = L"Software\\Halvern\\Applications\\Quillstone Sui
 /// The tree that belongs to the product, with the client's values in it.
 constexpr wchar_t productKey[] = L"Software\\Halvern";
 constexpr wchar_t policyKey[] = L"Software\\Policies\\Halvern";
-
-class OpenKey {
- public:
-  OpenKey() = default;
-  OpenKey(const OpenKey&) = delete;
-  OpenKey& operator=(const OpenKey&) = delete;
-  ~OpenKey() {
-    if (key) RegCloseKey(key);
-  }
-  HKEY key = nullptr;
-};
 
 }  // namespace
 
@@ -42,18 +32,16 @@ SettingName settingName(const std::wstring& text) {
 }
 
 LSTATUS writeSetting(const SettingName& name, DWORD type, const void* data, DWORD size) {
-  OpenKey open;
-  const LSTATUS status = RegCreateKeyExW(name.root, name.key.c_str(), 0, nullptr, 0, KEY_SET_VALUE,
-                                         nullptr, &open.key, nullptr);
-  if (status != ERROR_SUCCESS) return status;
-  return RegSetValueExW(open.key, name.value.c_str(), 0, type, static_cast<const BYTE*>(data),
+  const RegistryKey open(name.root, name.key, KEY_SET_VALUE, true);
+  if (open.status() != ERROR_SUCCESS) return open.status();
+  return RegSetValueExW(open.get(), name.value.c_str(), 0, type, static_cast<const BYTE*>(data),
                         size);
 }
 
 LSTATUS deleteSetting(const SettingName& name) {
-  OpenKey open;
-  const LSTATUS status = RegOpenKeyExW(name.root, name.key.c_str(), 0, KEY_SET_VALUE, &open.key);
-  return status != ERROR_SUCCESS ? status : RegDeleteValueW(open.key, name.value.c_str());
+  const RegistryKey open(name.root, name.key, KEY_SET_VALUE);
+  if (open.status() != ERROR_SUCCESS) return open.status();
+  return RegDeleteValueW(open.get(), name.value.c_str());
 }
 
 std::wstring registryDataText(DWORD type, const BYTE* data, DWORD size) {
@@ -73,13 +61,11 @@ std::wstring registryDataText(DWORD type, const BYTE* data, DWORD size) {
 
 std::vector<std::wstring> addinSettings() {
   std::vector<std::wstring> lines;
-  OpenKey open;
-  if (RegOpenKeyExW(HKEY_CURRENT_USER, addinKey, 0, KEY_READ, &open.key) != ERROR_SUCCESS) {
-    return lines;
-  }
+  const RegistryKey open(HKEY_CURRENT_USER, addinKey, KEY_READ);
+  if (open.status() != ERROR_SUCCESS) return lines;
   DWORD longestName = 0;
   DWORD longestData = 0;
-  RegQueryInfoKeyW(open.key, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+  RegQueryInfoKeyW(open.get(), nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
                    &longestName, &longestData, nullptr, nullptr);
   for (DWORD index = 0;; ++index) {
     std::wstring name(longestName + 1, L'\0');
@@ -87,7 +73,7 @@ std::vector<std::wstring> addinSettings() {
     DWORD nameLength = longestName + 1;
     DWORD size = longestData;
     DWORD type = 0;
-    if (RegEnumValueW(open.key, index, name.data(), &nameLength, nullptr, &type, data.data(),
+    if (RegEnumValueW(open.get(), index, name.data(), &nameLength, nullptr, &type, data.data(),
                       &size) != ERROR_SUCCESS) {
       break;
     }
@@ -105,12 +91,10 @@ void resetSettings() {
       throw std::runtime_error("the settings of an earlier run can't be deleted, Windows error " +
                                std::to_string(status));
     }
-    OpenKey suite;
-    const LSTATUS status =
-        RegCreateKeyExW(root, suiteKey, 0, nullptr, 0, KEY_READ, nullptr, &suite.key, nullptr);
-    if (status == ERROR_SUCCESS) continue;
+    const RegistryKey suite(root, suiteKey, KEY_READ, true);
+    if (suite.status() == ERROR_SUCCESS) continue;
     throw std::runtime_error("the client's key can't be made, Windows error " +
-                             std::to_string(status));
+                             std::to_string(suite.status()));
   }
 }
 

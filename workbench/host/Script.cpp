@@ -15,10 +15,6 @@
 namespace wb {
 namespace {
 
-bool isProblem(const std::wstring& line) {
-  return line.rfind(L"error: ", 0) == 0 || line.rfind(L"leak: ", 0) == 0;
-}
-
 void runDirective(ScriptContext& context, const std::wstring& line, bool commandWaits);
 
 /// A step that may not be possible just now, such as closing what isn't open.
@@ -75,11 +71,6 @@ std::vector<ScriptLine> scriptLines(std::string_view utf8) {
   return lines;
 }
 
-size_t problemsTold() {
-  const auto& lines = Transcript::instance().lines();
-  return static_cast<size_t>(std::count_if(lines.begin(), lines.end(), isProblem));
-}
-
 void runScriptLine(ScriptContext& context, const std::wstring& line, bool commandWaits) {
   if (line[0] == L'@') {
     runDirective(context, line, commandWaits);
@@ -113,7 +104,7 @@ bool Script::supplyInput() {
 }
 
 bool Script::step(const ScriptLine& line, bool commandWaits) {
-  const size_t problems = problemsTold();
+  const size_t problems = Transcript::instance().problems();
   running = &line;
   try {
     runScriptLine(context, line.text, commandWaits);
@@ -125,7 +116,7 @@ bool Script::step(const ScriptLine& line, bool commandWaits) {
   }
   // What supplyInput() ran inside this line has told of its own failure.
   if (failed) return false;
-  return problemsTold() == problems || refuse(line, L"failed: " + line.text);
+  return Transcript::instance().problems() == problems || refuse(line, L"failed: " + line.text);
 }
 
 bool Script::refuse(const ScriptLine& line, const std::wstring& why) {

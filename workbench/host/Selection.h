@@ -28,8 +28,6 @@ class Selection {
   void commandBegins(int flags);
   /// Forgets picks and answers.
   void clear();
-  /// True if no answer is left over.
-  bool answered() const { return answers.empty(); }
   /// The answers left over, in words.
   std::vector<std::wstring> unused() const;
 

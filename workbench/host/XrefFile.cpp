@@ -16,9 +16,9 @@ std::vector<path> places(const std::wstring& storedPath, const path& folder,
 
 // The host lets others read a loaded xref, not write it. One that somebody has open for writing is
 // read and not held: it can be saved while it is in use.
-FileHandle openShared(const path& file, bool& hold, DWORD& failure) {
+OpenFile openShared(const path& file, bool& hold, DWORD& failure) {
   hold = true;
-  FileHandle handle = openToRead(file, FILE_SHARE_READ, failure);
+  OpenFile handle = openToRead(file, FILE_SHARE_READ, failure);
   if (handle || failure != ERROR_SHARING_VIOLATION) return handle;
   hold = false;
   return openToRead(file, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, failure);

@@ -26,7 +26,7 @@ class XrefFile {
   bool read(std::wstring& error);
 
   std::filesystem::path path_;
-  FileHandle file;
+  OpenFile file;
   std::vector<DxfBlock> attached_;
 };
 

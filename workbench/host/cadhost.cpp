@@ -1,6 +1,7 @@
 #include <windows.h>
 #include <shellapi.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cwchar>
 #include <filesystem>
@@ -11,7 +12,9 @@
 #include <string>
 
 #include "core/Text.h"
+#include "core/Transcript.h"
 #include "host/Directives.h"
+#include "host/Programs.h"
 #include "host/Session.h"
 
 namespace {
@@ -51,12 +54,6 @@ unsigned seconds(const wchar_t* text) {
   const unsigned long value = std::wcstoul(text, &end, 10);
   if (!*text || *end || value > 86400) throw UsageError("--timeout needs a number of seconds");
   return static_cast<unsigned>(value);
-}
-
-std::wstring programFolder() {
-  wchar_t file[MAX_PATH];
-  GetModuleFileNameW(nullptr, file, MAX_PATH);
-  return std::filesystem::path(file).parent_path().wstring();
 }
 
 std::wstring temporaryFolder() {
@@ -101,7 +98,7 @@ CommandLine parse(int count, wchar_t** arguments) {
 }
 
 void fillDefaults(CommandLine& line) {
-  const std::filesystem::path programs = programFolder();
+  const std::filesystem::path programs = wb::programFolder();
   wb::SessionOptions& session = line.session;
   if (session.module.empty()) session.module = programs / L"TessaroAcad.arx";
   if (session.client.empty()) session.client = programs / L"TessaroClient.dll";
@@ -129,9 +126,14 @@ int run(CommandLine line) {
   wb::Session session(line.session);
   bool ok = script ? session.run(*script) : session.load();
   if (ok && line.session.interactive) session.interact();
-  const int errors = session.count(L"error: ");
+  // An error that a person was told of was his own; what leaked, never.
+  const size_t problems = wb::Transcript::instance().problems();
   session.end();
-  if (session.told(L"leak: ") || session.count(L"error: ") != errors) ok = false;
+  const auto& lines = session.transcript();
+  const bool leaked = std::any_of(lines.begin(), lines.end(), [](const std::wstring& line) {
+    return line.rfind(L"leak: ", 0) == 0;
+  });
+  if (leaked || wb::Transcript::instance().problems() != problems) ok = false;
   return ok ? exitOk : exitFailed;
 }
 

@@ -14,6 +14,7 @@
 #include <string_view>
 
 #include "host/ImportWatch.h"
+#include "host/Programs.h"
 #include "sessions/Places.h"
 
 namespace sessions {
@@ -50,7 +51,7 @@ std::wstring joined(const std::vector<size_t>& numbers) {
 void watchHeaps() {
   const std::wstring key =
       LR"(Software\Microsoft\Windows NT\CurrentVersion\Image File Execution Options\)" +
-      programFile().filename().wstring();
+      wb::programFile().filename().wstring();
   const LSTATUS status = RegSetKeyValueW(HKEY_LOCAL_MACHINE, key.c_str(), L"GlobalFlag", REG_DWORD,
                                          &wb::heapCheckFlags, sizeof wb::heapCheckFlags);
   if (status != ERROR_SUCCESS) throw std::runtime_error("the heaps' flags can't be set");
@@ -66,7 +67,7 @@ ChildResult runChild(const std::wstring& arguments, unsigned seconds) {
     output.release();
     throw std::runtime_error("the child's output can't be written");
   }
-  const std::wstring program = programFile();
+  const std::wstring program = wb::programFile();
   std::wstring line = L"\"" + program + L"\" " + arguments;
   STARTUPINFOW start{};
   start.cb = sizeof start;

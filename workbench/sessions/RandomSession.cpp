@@ -5,6 +5,7 @@
 #include "core/Faults.h"
 #include "core/Text.h"
 #include "host/Session.h"
+#include "host/Programs.h"
 #include "sessions/Generator.h"
 #include "sessions/Invariants.h"
 #include "sessions/Places.h"
@@ -36,8 +37,8 @@ class Run {
  private:
   static wb::SessionOptions options(unsigned patience) {
     wb::SessionOptions options;
-    options.module = programFile().replace_filename(L"TessaroAcad.arx");
-    options.client = programFile().replace_filename(L"TessaroClient.dll");
+    options.module = wb::programFile().replace_filename(L"TessaroAcad.arx");
+    options.client = wb::programFile().replace_filename(L"TessaroClient.dll");
     options.workFolder = workFolder();
     options.drawings = drawingsFolder();
     options.timeoutSeconds = patience;

@@ -10,6 +10,7 @@
 #include "core/Store.h"
 #include "core/Text.h"
 #include "host/LoadRecord.h"
+#include "host/Programs.h"
 #include "host/RegistrySettings.h"
 #include "host/WorkFolder.h"
 
@@ -37,12 +38,6 @@ std::string contentOf(const fs::path& file) {
   return {std::istreambuf_iterator<char>(in), {}};
 }
 
-fs::path binFolder() {
-  wchar_t path[MAX_PATH];
-  GetModuleFileNameW(nullptr, path, MAX_PATH);
-  return fs::path(path).parent_path();
-}
-
 }  // namespace
 
 Yard::Yard(const fs::path& folder, const fs::path& drawings, const char* setUp)
@@ -62,8 +57,8 @@ Yard::Yard(const fs::path& folder, const fs::path& drawings, const char* setUp)
 
 SessionOptions Yard::options() const {
   SessionOptions options;
-  options.module = (binFolder() / L"TessaroAcad.arx").wstring();
-  options.client = (binFolder() / L"TessaroClient.dll").wstring();
+  options.module = (programFolder() / L"TessaroAcad.arx").wstring();
+  options.client = (programFolder() / L"TessaroClient.dll").wstring();
   options.workFolder = work.wstring();
   options.drawings = drawings.wstring();
   options.keep = true;
