@@ -8,9 +8,9 @@
 
 #include "foundation/AppMessageBox.h"
 #include "foundation/FormatText.h"
+#include "foundation/ModuleFile.h"
 #include "frame/CommandGuard.h"
 #include "frame/HostService.h"
-#include "frame/ModuleFile.h"
 
 ArxMfcApp::ArxMfcApp(const wchar_t* prefixText, int prefixCommands, int prefixFunctions,
                      int linkerFlag)

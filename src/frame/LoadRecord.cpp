@@ -5,7 +5,7 @@
 #include <rxregsvc.h>
 
 #include "foundation/AppContext.h"
-#include "frame/ModuleFile.h"
+#include "foundation/ModuleFile.h"
 #include "vault/MessageStrings.h"
 
 namespace {

@@ -9,8 +9,8 @@
 #include "foundation/FormatText.h"
 #include "foundation/HostExtras.h"
 #include "foundation/Registry.h"
-#include "tracking/CurrentDrawing.h"
 #include "vault/CheckedCall.h"
+#include "vault/CurrentDrawing.h"
 #include "vault/MessageStrings.h"
 #include "vault/OpenVaultFile.h"
 

@@ -5,8 +5,8 @@
 #include <acdocman.h>
 
 #include "foundation/FormatText.h"
-#include "tracking/CurrentDrawing.h"
 #include "ui/DialogTexts.h"
+#include "vault/CurrentDrawing.h"
 #include "vault/MessageStrings.h"
 #include "vault/OpenVaultFile.h"
 #include "xref/XrefInfo.h"

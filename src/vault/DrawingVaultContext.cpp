@@ -1,27 +1,14 @@
 #include <acdocman.h>
-#include <dbapserv.h>
 
 #include "foundation/AppMessageBox.h"
 #include "foundation/FormatText.h"
+#include "vault/CurrentDrawing.h"
 #include "vault/ErrorReport.h"
 #include "vault/MessageStrings.h"
 #include "vault/OpenVaultFile.h"
 #include "vault/VaultSteps.h"
 
 namespace {
-
-bool findCurrentDrawing(DrawingVaultContext& context) {
-  context.database = acdbHostApplicationServices()->workingDatabase();
-  if (context.database == nullptr) {
-    return false;
-  }
-  const AcApDocument* document = acDocManagerPtr()->document(context.database);
-  if (document == nullptr) {
-    return false;
-  }
-  context.path = textOf(document->fileName());
-  return true;
-}
 
 /// Whether the client is of the version or newer; tells the user if not.
 bool isNewEnough(const VaultClientLegacyPtr& client, long requiredMajor, long requiredMinor) {
@@ -80,11 +67,12 @@ HRESULT openContext(const AppContext& app, DrawingVaultContext& context, long re
 
 HRESULT OpenVaultContext(AppContext& app, DrawingVaultContext& context, long requiredMajor,
                          long requiredMinor) {
-  if (!findCurrentDrawing(context)) {
-    appMessageBox(loadMessage(1, "This command is only available if you have a drawing open."),
-                  MB_ICONINFORMATION);
+  const CurrentDrawing drawing = requireCurrentDrawing();
+  if (!drawing) {
     return E_FAIL;
   }
+  context.database = drawing.database;
+  context.path = textOf(drawing.document->fileName());
   try {
     return openContext(app, context, requiredMajor, requiredMinor);
   } catch (const _com_error& error) {

@@ -4,6 +4,7 @@
 
 #include "foundation/AppContext.h"
 #include "foundation/CString.h"
+#include "foundation/ModuleFile.h"
 #include "vault/VaultInterfaces.h"
 
 namespace {
@@ -16,8 +17,7 @@ VaultTextService* textService = nullptr;
 
 /// The file name of a module without folder and extension; without a folder it is left whole.
 CString baseName(HINSTANCE module) {
-  wchar_t path[MAX_PATH] = {};
-  CString name(path, GetModuleFileNameW(module, path, MAX_PATH));
+  CString name = moduleFilePath(module);
   const size_t backslash = name.rfind(L'\\');
   if (backslash == CString::npos) {
     return name;

@@ -8,7 +8,7 @@
 #include <cwchar>
 #include <stdexcept>
 
-#include "tracking/CurrentDrawing.h"
+#include "vault/CurrentDrawing.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "frame/ModuleFile.h"
+#include "foundation/ModuleFile.h"
 
 CString moduleFilePath(HINSTANCE module) {
   wchar_t path[MAX_PATH] = {};

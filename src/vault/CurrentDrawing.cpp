@@ -1,4 +1,4 @@
-#include "tracking/CurrentDrawing.h"
+#include "vault/CurrentDrawing.h"
 
 #include <acdocman.h>
 #include <acedads.h>
