@@ -8,6 +8,8 @@
 #include "ModuleSession.h"
 #include "core/Store.h"
 #include "core/Text.h"
+#include "host/Answers.h"
+#include "ui/resource.h"
 
 namespace {
 
@@ -244,6 +246,19 @@ TEST_F(StatusWindow, AsksTheHostToLeaveItTheKeyboard) {
   const HWND shown = FindWindowW(nullptr, L"Tessaro Status");
   EXPECT_EQ(SendMessageW(shown, WM_ACAD_KEEPFOCUS, 0, 0), 1);
   EXPECT_EQ(SendMessageW(shown, WM_ACAD_KEEPFOCUS + 1, 0, 0), 0);
+}
+
+TEST_F(StatusWindow, AStepDoesNotBeginInTheMiddleOfAnother) {
+  run("@load\n@open %WORK%\\View\\Site.dxf\n@fail VaultQuery.execute E_FAIL always\n");
+  mark();
+  const HWND shown = FindWindowW(nullptr, L"Tessaro Status");
+  // The box of a failed check lets messages through, such as this one.
+  PostMessageW(shown, WM_TIMER, 1, 0);
+  wb::Answers::instance().queue(L"ok");
+  SendMessageW(shown, WM_COMMAND, MAKEWPARAM(IDC_REFRESH, BN_CLICKED), 0);
+  EXPECT_EQ(count(L"VaultQuery.execute("), 1) << recent();
+  EXPECT_EQ(count(L"box: "), 1) << recent();
+  run("@fail clear\n");
 }
 
 TEST_F(StatusWindow, SettingsTakeEffectAtOnce) {

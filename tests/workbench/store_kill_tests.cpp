@@ -1,10 +1,11 @@
 // The store survives the end of its process at any moment: this program starts itself again as a
 // writer, and ends that writer in the middle of its work.
 
-#include "StoreTest.h"
-
 #include <cstdio>
 #include <sstream>
+
+#include "StoreTest.h"
+#include "host/Programs.h"
 
 namespace {
 
@@ -82,18 +83,14 @@ class Pipe {
 /// Starts a writer and ends it some time after its first check-in.
 /// @return what it told
 std::string runWriterFor(const fs::path& folder, DWORD milliseconds) {
-  wchar_t program[MAX_PATH];
-  GetModuleFileNameW(nullptr, program, MAX_PATH);
-  std::wstring command =
-      L"\"" + std::wstring(program) + L"\" " + writerSwitch + L" \"" + folder.wstring() + L"\"";
   Pipe pipe;
   STARTUPINFOW startup{};
   startup.cb = sizeof(startup);
   startup.dwFlags = STARTF_USESTDHANDLES;
   startup.hStdOutput = pipe.writing;
   PROCESS_INFORMATION process{};
-  if (!CreateProcessW(program, command.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
-                      &startup, &process)) {
+  const std::wstring arguments = std::wstring(writerSwitch) + L" \"" + folder.wstring() + L"\"";
+  if (!wb::startProgramAgain(arguments, startup, process)) {
     ADD_FAILURE() << "the writer doesn't start, Windows error " << GetLastError();
     return {};
   }

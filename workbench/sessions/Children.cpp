@@ -67,15 +67,12 @@ ChildResult runChild(const std::wstring& arguments, unsigned seconds) {
     output.release();
     throw std::runtime_error("the child's output can't be written");
   }
-  const std::wstring program = wb::programFile();
-  std::wstring line = L"\"" + program + L"\" " + arguments;
   STARTUPINFOW start{};
   start.cb = sizeof start;
   start.dwFlags = STARTF_USESTDHANDLES;
   start.hStdOutput = start.hStdError = output.get();
   PROCESS_INFORMATION made{};
-  if (!CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
-                      &start, &made)) {
+  if (!wb::startProgramAgain(arguments, start, made)) {
     throw std::runtime_error("the child can't be started");
   }
   const OwnedHandle process(made.hProcess);
