@@ -276,6 +276,15 @@ TEST_F(StatusWindow, SettingsTakeEffectAtOnce) {
   expectShown({"checked enabled", "unchecked", "1/1", "enabled", "540000 ms"});
 }
 
+TEST_F(StatusWindow, AfterAPauseOfTheMonitorTheXrefsOfOtherDrawingsAreUnknown) {
+  run("@load\n@open %WORK%\\View\\Site.dxf\n@open " + plan +
+      "\n@window close\n@check 1001 on\n@answer ok\nTessaro_settings\n");
+  expectShown(noXrefs);
+  makePartStale();
+  run("@activate %WORK%\\View\\Site.dxf\n");
+  expectShown({"indeterminate enabled", "unchecked", "1/1"});
+}
+
 TEST_F(StatusWindow, ClosingLastsUntilTheSettingsBringItBack) {
   run("@load\n@open %WORK%\\View\\Site.dxf\n@window move 123 -7\n@window close\n");
   EXPECT_FALSE(isShown());
