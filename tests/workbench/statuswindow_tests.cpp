@@ -168,6 +168,8 @@ TEST_F(StatusWindow, SavingReadsAnewAndInTheBackgroundShowsNothing) {
   EXPECT_EQ(count(L"VaultFile.localVersion"), 1) << recent();
   EXPECT_EQ(count(L"VaultQuery."), 0) << recent();
   expectShown(noXrefs);
+  run("@answer no\n@click 1006\n");
+  expectOrder({L"send: \"_Tessaro_lock \""});
   run("@vault checkout " + other + " folder C:\\Copy\n@save\n");
   expectShown({"unchecked disabled", "indeterminate", "1/1"});
   mark();
