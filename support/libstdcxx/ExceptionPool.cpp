@@ -1,11 +1,13 @@
 // GCC's run-time library as a library that comes and goes needs it; a program lives as long as what
 // it takes.
 
+// NOLINTBEGIN(bugprone-reserved-identifier): the names are libstdc++'s.
 namespace __gnu_cxx {
 /// Frees what libstdc++ has set aside for exceptions that are thrown when there is no memory left;
 /// it is in no header.
 void __freeres();
 }  // namespace __gnu_cxx
+// NOLINTEND(bugprone-reserved-identifier)
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include "vault/VaultInterfaces.h"
 
 /// The client's main object, which has nothing but words for errors.
-class FakeMain : public FakeObject<VaultClient, VaultClientLegacy> {
+class FakeMain : public FakeDual<VaultClient, VaultClientLegacy> {
  public:
   STDMETHODIMP login(BSTR, long) override { return E_NOTIMPL; }
   STDMETHODIMP vaultNameFromPath(BSTR, BSTR*) override { return E_NOTIMPL; }
@@ -34,7 +34,7 @@ class FakeMain : public FakeObject<VaultClient, VaultClientLegacy> {
 };
 
 /// The text service; how it answers is said by its static members.
-class FakeTexts : public FakeObject<VaultTextService> {
+class FakeTexts : public FakeDual<VaultTextService> {
  public:
   FakeTexts() { ++made; }
 

@@ -31,13 +31,6 @@ class FakeObject : public First, public Others... {
     return left;
   }
 
-  STDMETHODIMP GetTypeInfoCount(UINT*) { return E_NOTIMPL; }
-  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) { return E_NOTIMPL; }
-  STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) { return E_NOTIMPL; }
-  STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) {
-    return E_NOTIMPL;
-  }
-
   static inline int alive = 0;
 
  protected:
@@ -87,4 +80,17 @@ class FakeClass {
 
   Factory factory;
   DWORD cookie = 0;
+};
+
+/// The same for interfaces that derive from IDispatch, which nobody asks anything.
+template <class... Interfaces>
+class FakeDual : public FakeObject<Interfaces...> {
+ public:
+  STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+  STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
+  STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
+                      UINT*) override {
+    return E_NOTIMPL;
+  }
 };

@@ -151,7 +151,7 @@ class FakeRows : public FakeObject<VaultRowList> {
   int row = 0;
 };
 
-class FakeQuery : public FakeObject<VaultQuery> {
+class FakeQuery : public FakeDual<VaultQuery> {
  public:
   STDMETHODIMP execute(BSTR, IUnknown** out) override {
     *out = new FakeRows;

@@ -68,7 +68,7 @@ inline std::set<std::wstring> namesIn(const fs::path& folder) {
 inline fs::path emptyTestFolder(const wchar_t* name) {
   wchar_t folder[MAX_PATH + 1] = L"";
   GetTempPathW(MAX_PATH + 1, folder);
-  const fs::path path = fs::path(folder) / L"workbench-tests" / name;
+  fs::path path = fs::path(folder) / L"workbench-tests" / name;
   removeFolder(path);
   fs::create_directories(path);
   return path;

@@ -62,7 +62,7 @@ class ComObject : public Parts..., public LiveObject {
       : Parts(state)..., LiveObject(std::move(label)) {}
   ComObject(const ComObject&) = delete;
   ComObject& operator=(const ComObject&) = delete;
-  virtual ~ComObject() = default;
+  ~ComObject() override = default;
 
   STDMETHODIMP QueryInterface(REFIID iid, void** out) override {
     const InStandIn inside;

@@ -24,7 +24,8 @@ inline bool startProgramAgain(const std::wstring& arguments, STARTUPINFOW& start
                               PROCESS_INFORMATION& process) {
   const std::wstring program = programFile();
   for (unsigned attempt = 1;; ++attempt) {
-    std::wstring line = L"\"" + program + L"\" " + arguments;
+    std::wstring line = L"\"";
+    line.append(program).append(L"\" ").append(arguments);
     if (CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
                        &startup, &process)) {
       return true;
