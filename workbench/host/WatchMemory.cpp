@@ -124,7 +124,7 @@ void leaveCurrentExceptionOut() {
   const std::exception_ptr current = std::current_exception();
   const char* object = nullptr;
   static_assert(sizeof(current) == sizeof(object));
-  std::memcpy(&object, &current, sizeof(object));
+  std::memcpy(&object, static_cast<const void*>(&current), sizeof(object));
   auto block = blocks().upper_bound(object);
   if (block == blocks().begin()) return;
   --block;

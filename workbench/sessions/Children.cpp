@@ -64,7 +64,7 @@ ChildResult runChild(const std::wstring& arguments, unsigned seconds) {
   OwnedHandle output(CreateFileW(file.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
                                  &inherited, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
   if (output.get() == INVALID_HANDLE_VALUE) {
-    output.release();
+    static_cast<void>(output.release());
     throw std::runtime_error("the child's output can't be written");
   }
   STARTUPINFOW start{};

@@ -26,7 +26,7 @@ class Run {
   std::string run(const std::vector<std::string>& steps) {
     if (!session.run(preamble())) return "the preparation failed\n" + told(0);
     for (size_t at = 0; at < steps.size(); ++at) {
-      const std::string problem = step(steps[at], at % 16 == 15 || at + 1 == steps.size());
+      std::string problem = step(steps[at], at % 16 == 15 || at + 1 == steps.size());
       if (!problem.empty()) return problem;
     }
     const size_t start = session.transcript().size();

@@ -170,11 +170,12 @@ SweptFault failing(const SweptCall& call, HRESULT code) {
 std::vector<SweptFault> disturbing(const SweptCall& call) {
   std::vector<SweptFault> all;
   for (const std::string way : {"held", "away"}) {
-    const std::string rest =
-        " " + way + " at " + toUtf8(call.operation) + " after " + std::to_string(call.after) + "\n";
+    std::string rest = " " + way;
+    rest.append(" at ").append(toUtf8(call.operation));
+    rest.append(" after ").append(std::to_string(call.after)).append("\n");
     all.push_back({call, "sheet " + way, answerAll + "@disturb " + sheet + rest, 1});
     std::string lines = answerAll;
-    for (const char* xref : xrefsOfSheet) lines += "@disturb " + std::string(xref) + rest;
+    for (const char* xref : xrefsOfSheet) lines.append("@disturb ").append(xref).append(rest);
     all.push_back({call, "xrefs " + way, lines, std::size(xrefsOfSheet)});
   }
   return all;

@@ -128,9 +128,10 @@ bool understand(int count, wchar_t** words, Wishes& wishes) {
     const std::wstring word = words[index];
     if (word == L"--list") {
       wishes.list = true;
-    } else if (index + 1 == count) {
-      return false;
-    } else if (word == L"--only") {
+      continue;
+    }
+    if (index + 1 == count) return false;
+    if (word == L"--only") {
       wishes.only = wb::toUtf8(words[++index]);
     } else if (word == L"--drawings") {
       wishes.drawings = words[++index];
