@@ -62,7 +62,7 @@ bool mayEscape(const std::wstring& line, const SweptFault& fault) {
       {{L"Tessaro_getxrefversion", L"Tessaro_getxrefver2"},
        {L"VaultClientLegacy.login", L"VaultFolderLegacy.id", L"VaultFileLegacy.isCheckedOutHere",
         L"IShellFolder.ParseDisplayName", L"QueryInterface.VaultFolderActions",
-        L"VaultFolderActions.getVersion"},
+        L"VaultFolderActions.getVersion", L"host.acedXrefUnload"},
        true},
       // The guard has no box of its own for it.
       {{L"documentLockModeChanged"},
@@ -169,15 +169,19 @@ SweptFault failing(const SweptCall& call, HRESULT code) {
 
 std::vector<SweptFault> disturbing(const SweptCall& call) {
   std::vector<SweptFault> all;
-  for (const std::string way : {"held", "away"}) {
-    std::string rest = " " + way;
-    rest.append(" at ").append(toUtf8(call.operation));
-    rest.append(" after ").append(std::to_string(call.after)).append("\n");
-    all.push_back({call, "sheet " + way, answerAll + "@disturb " + sheet + rest, 1});
+  const auto disturb = [&](const char* name, const char* way, std::vector<const char*> files) {
     std::string lines = answerAll;
-    for (const char* xref : xrefsOfSheet) lines.append("@disturb ").append(xref).append(rest);
-    all.push_back({call, "xrefs " + way, lines, std::size(xrefsOfSheet)});
-  }
+    for (const char* file : files) {
+      lines.append("@disturb ").append(file).append(" ").append(way);
+      lines.append(" at ").append(toUtf8(call.operation));
+      lines.append(" after ").append(std::to_string(call.after)).append("\n");
+    }
+    all.push_back({call, name, lines, static_cast<unsigned>(files.size())});
+  };
+  disturb("sheet held", "held", {sheet});
+  disturb("sheet away", "away", {sheet});
+  disturb("xrefs held", "held", {std::begin(xrefsOfSheet), std::end(xrefsOfSheet)});
+  disturb("xrefs away", "away", {std::begin(xrefsOfSheet), std::end(xrefsOfSheet)});
   return all;
 }
 
