@@ -169,7 +169,8 @@ SweptFault failing(const SweptCall& call, HRESULT code) {
 
 std::vector<SweptFault> disturbing(const SweptCall& call) {
   std::vector<SweptFault> all;
-  const auto disturb = [&](const char* name, const char* way, std::vector<const char*> files) {
+  const auto disturb = [&](const char* name, const char* way,
+                           const std::vector<const char*>& files) {
     std::string lines = answerAll;
     for (const char* file : files) {
       lines.append("@disturb ").append(file).append(" ").append(way);
