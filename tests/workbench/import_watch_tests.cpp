@@ -109,6 +109,18 @@ TEST_F(ImportWatchTest, UnwatchedModuleIsSeenNoMore) {
   DestroyMenu(menu);
 }
 
+TEST(ModuleThreadSlots, AreFreeAgainWhenTheModuleHasGone) {
+  wb::SessionOptions options = BareSession::options();
+  options.module = (wb::programFolder() / L"testmodule.arx").wstring();
+  wb::Session session(options);
+  const std::vector<DWORD> before = wb::nextThreadSlots();
+  ASSERT_TRUE(session.load());
+  EXPECT_NE(before, wb::nextThreadSlots()) << "GCC's run-time library takes one";
+  ASSERT_TRUE(session.run("@new\nT_VALUE\n"));
+  session.unload();
+  EXPECT_EQ(before, wb::nextThreadSlots());
+}
+
 TEST(ModuleMemory, IsToldWhenTheModuleHasGoneWithoutFreeingIt) {
   wb::SessionOptions options = BareSession::options();
   options.module = (wb::programFolder() / L"testmodule.arx").wstring();

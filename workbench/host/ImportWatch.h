@@ -41,6 +41,13 @@ void observeImports(HMODULE module, const std::vector<WatchedCall>& calls);
 /// Puts the module's import table back. To be called just before FreeLibrary.
 void unwatchImports(HMODULE module);
 
+/// The thread-local slots that Windows hands out next.
+std::vector<DWORD> nextThreadSlots();
+
+/// Enters what a module took while it was loaded, which no import table shows.
+/// @param before the next slots ahead of that
+void enterThreadSlots(HMODULE module, const std::vector<DWORD>& before);
+
 /// Frees the thread-local slots that a watched module has taken: GCC's run-time library leaves its
 /// own behind, and a process has 1,088. Once no watched module is left, the memory of the runtime
 /// that they still hold is told as leaks. To be called after FreeLibrary.

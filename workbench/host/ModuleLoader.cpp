@@ -82,11 +82,13 @@ bool ModuleLoader::map(Module& module, std::wstring& reason) const {
     reason = whyNotMapped(ERROR_FILE_NOT_FOUND);
     return false;
   }
+  const std::vector<DWORD> slots = nextThreadSlots();
   module.handle = LoadLibraryExW(module.file.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
   if (!module.handle) {
     reason = whyNotMapped(GetLastError());
     return false;
   }
+  enterThreadSlots(module.handle, slots);
   const auto version = exported<int (*)()>(module.handle, "acrxGetApiVersion");
   module.entry = exported<decltype(module.entry)>(module.handle, "acrxEntryPoint");
   if (!module.entry || !version) {
@@ -97,6 +99,7 @@ bool ModuleLoader::map(Module& module, std::wstring& reason) const {
   }
   if (reason.empty()) return true;
   FreeLibrary(module.handle);
+  afterUnmapping(module.handle);
   return false;
 }
 

@@ -1,5 +1,6 @@
 #include <windows.h>
 
+#include <algorithm>
 #include <map>
 
 #include "core/Transcript.h"
@@ -124,6 +125,21 @@ DWORD WINAPI seenTlsAlloc() {
 }
 
 }  // namespace
+
+std::vector<DWORD> nextThreadSlots() {
+  std::vector<DWORD> slots(8);
+  for (DWORD& slot : slots) slot = TlsAlloc();
+  for (const DWORD slot : slots) TlsFree(slot);
+  return slots;
+}
+
+void enterThreadSlots(HMODULE module, const std::vector<DWORD>& before) {
+  const std::vector<DWORD> now = nextThreadSlots();
+  for (const DWORD slot : before) {
+    const bool isFree = std::find(now.begin(), now.end(), slot) != now.end();
+    if (!isFree) threadSlots().emplace(module, slot);
+  }
+}
 
 void freeThreadSlots(HMODULE module) {
   const auto [begin, end] = threadSlots().equal_range(module);
