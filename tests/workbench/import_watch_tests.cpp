@@ -1,6 +1,7 @@
 #include "host/ImportWatch.h"
 
 #include <gtest/gtest.h>
+#include <malloc.h>
 #include <objbase.h>
 
 #include <string>
@@ -119,6 +120,28 @@ TEST(ModuleThreadSlots, AreFreeAgainWhenTheModuleHasGone) {
   ASSERT_TRUE(session.run("@new\nT_VALUE\n"));
   session.unload();
   EXPECT_EQ(before, wb::nextThreadSlots());
+}
+
+/// Blocks of the runtime's heap as large as what libstdc++ sets aside for exceptions.
+int largeBlocks() {
+  const auto heap = reinterpret_cast<HANDLE>(_get_heap_handle());
+  PROCESS_HEAP_ENTRY entry{};
+  int count = 0;
+  while (HeapWalk(heap, &entry)) {
+    if ((entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0 && entry.cbData >= 65536) ++count;
+  }
+  return count;
+}
+
+TEST(ModuleMemory, OfTheRuntimeLibraryGoesWithTheModule) {
+  wb::SessionOptions options = BareSession::options();
+  options.module = (wb::programFolder() / L"testmodule.arx").wstring();
+  wb::Session session(options);
+  const int before = largeBlocks();
+  ASSERT_TRUE(session.load());
+  EXPECT_GT(largeBlocks(), before);
+  session.unload();
+  EXPECT_EQ(before, largeBlocks());
 }
 
 TEST(ModuleMemory, IsToldWhenTheModuleHasGoneWithoutFreeingIt) {

@@ -5,8 +5,8 @@
 #include <cwchar>
 #include <iterator>
 
-#include "core/Transcript.h"
 #include "core/Text.h"
+#include "core/Transcript.h"
 
 namespace wb {
 namespace {
