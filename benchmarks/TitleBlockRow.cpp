@@ -120,7 +120,7 @@ void titleBlock(Workshop& workshop) {
   Row growth("The same for 1,000 references / ten times that for 100", "us");
   for (int round = 0; round < repetitions; ++round) {
     workshop.run("@activate %WORK%\\View\\Plates100.dxf\n");
-    const double small = update(workshop).own;
+    const double fewer = update(workshop).own;
     workshop.run("@activate %WORK%\\View\\Plates1000.dxf\n");
     const double own = update(workshop).own;
     Spent bare;
@@ -130,7 +130,7 @@ void titleBlock(Workshop& workshop) {
     }
     workshop.forget();
     strict.add(own, bare.own);
-    growth.add(own, 10 * small);
+    growth.add(own, 10 * fewer);
   }
   print(strict);
   print(growth);

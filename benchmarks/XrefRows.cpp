@@ -51,9 +51,9 @@ void checkOfXrefs(Workshop& workshop) {
   Row growth("The same for 2,000 / ten times that for 200", "us");
   for (int round = 0; round < repetitions; ++round) {
     workshop.run("@activate %WORK%\\View\\Sheet200.dxf\n");
-    const double small = ownTimeOfCheck(workshop);
+    const double fewer = ownTimeOfCheck(workshop);
     workshop.run("@activate %WORK%\\View\\Sheet2000.dxf\n");
-    growth.add(ownTimeOfCheck(workshop), 10 * small);
+    growth.add(ownTimeOfCheck(workshop), 10 * fewer);
   }
   print(growth);
   workshop.closeAll();

@@ -38,5 +38,7 @@ set_source_files_properties(${CMAKE_SOURCE_DIR}/src/ui/TessaroAcad.rc PROPERTIES
   OBJECT_DEPENDS ${CMAKE_SOURCE_DIR}/src/ui/refresh.bmp)
 target_link_libraries(TessaroAcad PRIVATE tessaro_objects)
 if(NOT OBJECTARX_SDK)
-  target_link_libraries(TessaroAcad PRIVATE wbhost)
+  add_subdirectory(hostapi/defaults)
+  include(HostLibraries)
+  target_link_libraries(TessaroAcad PRIVATE host_libraries)
 endif()

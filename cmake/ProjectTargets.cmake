@@ -7,7 +7,17 @@ set(PROJECT_DEFINITIONS UNICODE _UNICODE WINVER=0x0601 _WIN32_WINNT=0x0601 NOMIN
 if(MSVC)
   set(PROJECT_WARNINGS /W4 /WX /permissive- /Zc:__cplusplus /utf-8)
 else()
-  set(PROJECT_WARNINGS -Wall -Wextra -Werror)
+  # Wine's headers have names that C++ knows as operators.
+  set(PROJECT_WARNINGS -Wall -Wextra -Werror -fno-operator-names)
+endif()
+
+if(NOT MSVC)
+  # llvm-rc runs clang by itself; the sources of resources are UTF-8. The debugger's file lies beside
+  # each program.
+  set(CMAKE_DEPFILE_FLAGS_RC "")
+  set(CMAKE_RC_COMPILE_OBJECT
+      "<CMAKE_RC_COMPILER> /C 65001 <DEFINES> <INCLUDES> <FLAGS> /fo <OBJECT> <SOURCE>")
+  add_link_options("SHELL:-Xlinker /debug")
 endif()
 
 set(WINDOWS_LIBRARIES ole32 oleaut32 uuid shlwapi shell32 comctl32 comdlg32 user32 gdi32 advapi32
@@ -36,9 +46,6 @@ endfunction()
 # Makes a library one that the host loads and unloads.
 function(arx_target target)
   set_target_properties(${target} PROPERTIES SUFFIX ".arx")
-  if(NOT MSVC)
-    target_sources(${target} PRIVATE ${CMAKE_SOURCE_DIR}/support/libstdcxx/ExceptionPool.cpp)
-  endif()
 endfunction()
 
 # Most of the time that a workbench or test source takes goes into these headers: they are read once

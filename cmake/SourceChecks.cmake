@@ -1,5 +1,5 @@
-# Checks that compile nothing to keep: `format_check`, `tidy` and `portability`. Each leaves a stamp
-# a file, so a second run looks only at what has changed. None is built by default.
+# Checks that compile nothing to keep: `format_check`, `tidy` and `interface`. Each
+# leaves a stamp a file, so a second run looks only at what has changed. None is built by default.
 
 if(NOT CMAKE_CROSSCOMPILING)
   return()
@@ -11,7 +11,7 @@ file(MAKE_DIRECTORY ${checks_folder})
 function(project_files variable)
   set(patterns "")
   foreach(extension IN LISTS ARGN)
-    foreach(folder src hostapi workbench support tests benchmarks)
+    foreach(folder src hostapi toolchain workbench tests benchmarks)
       list(APPEND patterns ${CMAKE_SOURCE_DIR}/${folder}/*.${extension})
     endforeach()
   endforeach()
@@ -51,6 +51,7 @@ if(CLANG_FORMAT)
     list(APPEND format_stamps ${stamp})
   endforeach()
   add_custom_target(format_check DEPENDS ${format_stamps})
+  add_custom_target(format COMMAND ${CLANG_FORMAT} --style=file -i ${formatted_files} VERBATIM)
 else()
   add_missing_check(format_check clang-format)
 endif()
@@ -64,14 +65,9 @@ set(module_flags -std=c++17 ${project_defines} -I ${CMAKE_SOURCE_DIR}/src
     -I ${CMAKE_SOURCE_DIR}/hostapi -isystem ${GENERATED_FOLDER})
 set(module_order_dependency tessaro_client_files)
 
-find_program(CLANG_TIDY NAMES clang-tidy clang-tidy-14)
-# clang knows MinGW's C headers, but not where Debian keeps the C++ ones.
-set(mingw_include "")
-foreach(folder IN LISTS CMAKE_CXX_IMPLICIT_INCLUDE_DIRECTORIES)
-  if(folder MATCHES "/c\\+\\+")
-    list(APPEND mingw_include -isystem ${folder})
-  endif()
-endforeach()
+find_program(CLANG_TIDY NAMES clang-tidy-19)
+separate_arguments(toolchain_flags UNIX_COMMAND "${CMAKE_CXX_FLAGS}")
+list(PREPEND toolchain_flags --target=${CMAKE_CXX_COMPILER_TARGET} -fno-operator-names)
 
 # Adds a target that runs clang-tidy over sources and the headers with a matching path, without some
 # of the checks, and with the compiler flags that follow.
@@ -82,10 +78,10 @@ function(add_tidy_target target sources headers left_out)
     set(stamp ${checks_folder}/${name}.tidy)
     add_custom_command(
       OUTPUT ${stamp}
-      COMMAND ${CMAKE_CXX_COMPILER} ${ARGN} -MM -MF ${stamp}.d -MT ${stamp} ${file}
+      COMMAND ${CMAKE_CXX_COMPILER} ${toolchain_flags} ${ARGN} -MM -MF ${stamp}.d -MT ${stamp} ${file}
       COMMAND ${CLANG_TIDY} --quiet --config-file=${CMAKE_SOURCE_DIR}/.clang-tidy
               --header-filter=${headers} --checks=${left_out} ${file} --
-              --target=x86_64-w64-mingw32 ${mingw_include} ${ARGN}
+              ${toolchain_flags} ${ARGN}
       COMMAND ${CMAKE_COMMAND} -E touch ${stamp}
       DEPENDS ${file} ${CMAKE_SOURCE_DIR}/.clang-tidy ${module_order_dependency}
       DEPFILE ${stamp}.d
@@ -97,22 +93,22 @@ endfunction()
 
 file(GLOB_RECURSE module_files CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/*.cpp)
 file(GLOB_RECURSE other_files CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/workbench/*.cpp
-     ${CMAKE_SOURCE_DIR}/support/*.cpp ${CMAKE_SOURCE_DIR}/tests/*.cpp
+     ${CMAKE_SOURCE_DIR}/toolchain/*.cpp ${CMAKE_SOURCE_DIR}/tests/*.cpp
      ${CMAKE_SOURCE_DIR}/benchmarks/*.cpp)
 if(CLANG_TIDY)
   add_tidy_target(tidy module_files "/src/" "" ${module_flags})
   # COM objects and test fixtures are never deleted through their bases, and a test's lists of texts
   # are full of literals that go on in the next line.
   set(left_out -cppcoreguidelines-virtual-class-destructor,-bugprone-suspicious-missing-comma)
-  add_tidy_target(tidy_others other_files "/(workbench|support|tests|benchmarks)/" ${left_out}
+  add_tidy_target(tidy_others other_files "/(workbench|toolchain|tests|benchmarks)/" ${left_out}
                   ${module_flags} -DPROJECT_FOLDER="" -I ${CMAKE_SOURCE_DIR}/workbench
                   -I ${CMAKE_SOURCE_DIR}/tests -isystem ${CMAKE_BINARY_DIR}/json
                   -isystem ${GOOGLETEST_FOLDER}/googletest/include)
 else()
-  add_missing_check(tidy clang-tidy)
-  add_missing_check(tidy_others clang-tidy)
+  add_missing_check(tidy clang-tidy-19)
+  add_missing_check(tidy_others clang-tidy-19)
 endif()
 
-# --- portability --------------------------------------------------------------------------------
+# --- the host's interface ------------------------------------------------------------------------
 
-include(Portability)
+include(Interface)

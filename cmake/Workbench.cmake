@@ -6,10 +6,9 @@ find_path(JSON_FOLDER nlohmann/json.hpp PATHS /usr/include NO_CMAKE_FIND_ROOT_PA
 file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/json)
 file(CREATE_LINK ${JSON_FOLDER}/nlohmann ${CMAKE_BINARY_DIR}/json/nlohmann SYMBOLIC)
 
-# A library of the workbench gives everything it defines to the others, as the host does; what it
-# was linked with stays its own.
+# A library of the workbench exports every function it defines.
 function(export_everything target)
-  target_link_options(${target} PRIVATE -Wl,--export-all-symbols -Wl,--exclude-libs,ALL)
+  set_target_properties(${target} PROPERTIES WINDOWS_EXPORT_ALL_SYMBOLS ON)
 endfunction()
 
 collect_sources(core_sources workbench/core)
@@ -23,14 +22,17 @@ target_link_libraries(wbcore PUBLIC ${WINDOWS_LIBRARIES} PRIVATE comsupp)
 
 collect_sources(host_sources workbench/host)
 set(program_sources ${host_sources})
-list(FILTER program_sources INCLUDE REGEX "/cadhost\\.(cpp|rc)$")
-list(FILTER host_sources EXCLUDE REGEX "/cadhost\\.(cpp|rc)$")
+list(FILTER program_sources INCLUDE REGEX "/acad\\.cpp$")
+list(FILTER host_sources EXCLUDE REGEX "/acad\\.cpp$")
 add_library(wbhost SHARED ${host_sources})
 project_target(wbhost)
 precompile_common_headers(wbhost)
+# The host's data is imported by everybody else.
+target_compile_definitions(wbhost PRIVATE HOSTAPI_IMPLEMENTATION)
 export_everything(wbhost)
 target_include_directories(wbhost PUBLIC ${CMAKE_SOURCE_DIR}/workbench)
-target_link_libraries(wbhost PUBLIC wbcore host_interface PRIVATE comsupp tessaro_client_idl)
+target_link_libraries(wbhost PUBLIC wbcore host_interface
+                      PRIVATE hostapi_defaults comsupp tessaro_client_idl)
 
 collect_sources(client_sources workbench/client)
 add_library(TessaroClient SHARED ${client_sources})
@@ -50,19 +52,25 @@ function(add_workbench_program target)
   add_executable(${target} ${ARGN})
   project_target(${target})
   target_link_libraries(${target} PRIVATE wbhost)
-  add_dependencies(${target} TessaroAcad TessaroClient)
+  add_dependencies(${target} TessaroAcad TessaroClient acad acdb17)
 endfunction()
 
-add_workbench_program(cadhost ${program_sources})
+# The host's own files, as the module names them. A program that isn't acad.exe loads that as well
+# when it loads the module; the exports lead to the same wbhost.dll.
+add_executable(acad ${program_sources})
+project_target(acad)
+target_link_options(acad PRIVATE "SHELL:-Xlinker \"/def:${ACAD_EXPORTS}\"")
+set_target_properties(acad PROPERTIES LINK_DEPENDS ${ACAD_EXPORTS})
+target_link_libraries(acad PRIVATE wbhost)
+add_dependencies(acad TessaroAcad TessaroClient acdb17)
+add_library(acdb17 SHARED ${ACDB_EXPORTS})
+set_target_properties(acdb17 PROPERTIES LINKER_LANGUAGE CXX)
+add_dependencies(acdb17 wbhost)
 
 # Fails every call that the module makes, one after the other.
 collect_sources(sweep_sources workbench/sweep)
 add_workbench_program(sweep ${sweep_sources})
-target_link_options(sweep PRIVATE -municode)
 
 # Random user sessions.
 collect_sources(session_sources workbench/sessions)
 add_workbench_program(sessions ${session_sources})
-# It looks into the module by the module's own headers.
-target_include_directories(sessions PRIVATE ${CMAKE_SOURCE_DIR}/src)
-target_link_libraries(sessions PRIVATE comsupp tessaro_client_idl)

@@ -1,9 +1,10 @@
 # shellcheck shell=bash
-# Sourced by check, tour and bench: the Debian packages that building and running need.
+# Sourced by check, tour, bench and link: the Debian packages that building and running need.
 
 debian_packages=(
-  cmake ninja-build g++-mingw-w64-x86-64-posix mingw-w64-tools libwine-dev wine64
-  googletest nlohmann-json3-dev clang-format clang-tidy clang-19 libc++-19-dev
+  cmake ninja-build clang-19 lld-19 llvm-19 libc++-19-dev libwine-dev wine64
+  mingw-w64-common mingw-w64-tools xz-utils ca-certificates
+  googletest nlohmann-json3-dev clang-format clang-tidy-19
   xvfb fonts-wine fonts-dejavu-core python3-ezdxf)
 
 # Installs what is missing; without the right to, names it and fails.

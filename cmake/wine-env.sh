@@ -13,6 +13,10 @@ wine_prefix=
 wine_child=
 wine_display_process=
 wine_desktop_size=1280x800
+# Tests run in a time zone that is no whole number of hours from UTC, and in which the clocks turn:
+# taking the one time for the other can't go unseen.
+# shellcheck disable=SC2034
+wine_test_zone='NST3:30NDT,M3.2.0,M11.1.0'
 
 find_wine() {
   local folder

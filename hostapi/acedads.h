@@ -1,8 +1,10 @@
 #pragma once
 
 #include "AdAChar.h"
-#include "adscodes.h"
 #include "adsdef.h"
+
+// Windows' window handle, without windows.h.
+struct HWND__;
 
 extern "C" {
 
@@ -30,4 +32,7 @@ int acedSSName(const ads_name ss, long i, ads_name entity);
 int acedSSFree(const ads_name ss);
 /// Asks the user to pick one entity; RTERROR if nothing was hit, RTCAN if the user cancels.
 int acedEntSel(const ACHAR* prompt, ads_name entity, ads_point point);
+
+/// The host's main window.
+struct HWND__* adsw_acadMainWnd();
 }

@@ -1,15 +1,6 @@
 #pragma once
 
-#include "acadstrc.h"
-#include "adesk.h"
-#include "xgraph.h"
-
-class AcDbDatabase;
-
-/// Fills `graph` with the xrefs of the working database's drawing; `eNoDatabase` without one.
-/// `includeGhosts` asks as well for the nested xrefs of those that aren't loaded.
-Acad::ErrorStatus acedGetCurDwgXrefGraph(AcDbXrefGraph& graph,
-                                         Adesk::Boolean includeGhosts = Adesk::kFalse);
+// Includes nothing, as published: windows.h, adesk.h and dbmain.h have to come first.
 
 /// Takes an xref's content out of the drawing and lets go of its file. A null database stands for
 /// the working database. `eKeyNotFound` if the drawing has no xref of that block name.

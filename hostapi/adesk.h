@@ -1,5 +1,7 @@
 #pragma once
 
+#include "AdAChar.h"
+
 /// The host's basic types. `long` is avoided: it stays 32 bits on 64-bit Windows.
 struct Adesk {
   typedef signed char Int8;
@@ -13,6 +15,7 @@ struct Adesk {
   typedef long long LongPtr;
   typedef unsigned long long ULongPtr;
   typedef long long IntPtr;
+  typedef IntPtr GsMarker;
   typedef int Boolean;
   enum { kFalse = 0, kTrue = 1 };
 };

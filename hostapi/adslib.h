@@ -1,6 +1,5 @@
 #pragma once
 
 #include "acedads.h"
-#include "acutmem.h"
 #include "adscodes.h"
 #include "adsdef.h"

@@ -1,7 +1,11 @@
 #pragma once
 
-#include "acadapps.h"
-#include "rxobject.h"
+#include "acarray.h"
+#include "acdb.h"
+#include "dbid.h"
+#include "rxdlinkr.h"
+
+class AcadAppInfoImp;
 
 /// One entry of the host's load record, as an application fills it.
 class AcadAppInfo : public AcRxObject {
@@ -19,6 +23,5 @@ class AcadAppInfo : public AcRxObject {
   AcadApp::ErrorStatus writeToRegistry(bool bObjDbx = false, bool skipHKLM = false);
 
  private:
-  class Fields;
-  Fields* fields;
+  AcadAppInfoImp* mpImp;
 };

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "acadstrc.h"
-#include "dbid.h"
 
 class AcDbDatabase;
 
@@ -20,7 +19,8 @@ class AcAxDocLock {
   AcAxDocLock(const AcAxDocLock&) = delete;
   AcAxDocLock& operator=(const AcAxDocLock&) = delete;
 
-  Acad::ErrorStatus status;
-  AcDbDatabase* database;
-  unsigned long long ticket;
+  Acad::ErrorStatus m_lockStatus;
+  void* m_pDocToUnlock;
+  [[maybe_unused]] void* m_pCurDocToRestore;
+  [[maybe_unused]] bool m_restoreActivation;
 };

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "AdAChar.h"
-#include "dbmain.h"
+#include "dbsymtb.h"
+#include "xgraph.h"
 
 class AcDbAttribute;
 
@@ -31,6 +31,16 @@ class AcDbText : public AcDbEntity {
   ~AcDbText() override;
 
   Acad::ErrorStatus setTextString(const ACHAR* pText);
+  Adesk::UInt32 setAttributes(AcGiDrawableTraits*) override;
+  Acad::ErrorStatus getClassID(CLSID*) const override;
+  Acad::ErrorStatus setField(const ACHAR*, AcDbField*, AcDbObjectId&) override;
+  Acad::ErrorStatus removeField(const ACHAR*) override;
+  Acad::ErrorStatus removeField(const ACHAR*, AcDbObjectId&) override;
+  Acad::ErrorStatus removeField(AcDbObjectId) override;
+  bool castShadows() const override;
+  bool receiveShadows() const override;
+  Adesk::Boolean isPlanar() const override;
+  Acad::ErrorStatus getPlane(AcGePlane&, AcDb::Planarity&) const override;
   /// Places text that isn't left-aligned anew, after a change, with the styles of `pDb`, which has
   /// to be the text's own database; null stands for the working database.
   virtual Acad::ErrorStatus adjustAlignment(const AcDbDatabase* pDb = nullptr);
@@ -48,6 +58,8 @@ class AcDbAttribute : public AcDbText {
 
   /// A copy of the tag, freed by the caller with `acutDelString`.
   ACHAR* tag() const;
+
+  Acad::ErrorStatus getClassID(CLSID*) const override;
 
  private:
   friend class AcDbObjectImp;

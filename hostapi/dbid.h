@@ -1,30 +1,32 @@
 #pragma once
 
-#include "acadstrc.h"
 #include "adesk.h"
 
-/// Names a database object for as long as its database is in memory; 0 names none.
+class AcDbStub;
+
+/// The order of two ids.
+bool c5ObjIdIsLessThan(const AcDbStub* first, const AcDbStub* second);
+
+/// Names a database object for as long as its database is in memory; null names none.
 class AcDbObjectId {
  public:
-  AcDbObjectId() : id(0) {}
+  AcDbObjectId() : mId(nullptr) {}
 
-  static const AcDbObjectId kNull;
-
-  bool isNull() const { return id == 0; }
+  bool isNull() const { return mId == nullptr; }
   AcDbObjectId& setNull() {
-    id = 0;
+    mId = nullptr;
     return *this;
   }
-  Adesk::IntPtr asOldId() const { return id; }
+  Adesk::IntPtr asOldId() const { return reinterpret_cast<Adesk::IntPtr>(mId); }
   AcDbObjectId& setFromOldId(Adesk::IntPtr oldId) {
-    id = oldId;
+    mId = reinterpret_cast<AcDbStub*>(oldId);
     return *this;
   }
 
-  bool operator==(const AcDbObjectId& other) const { return id == other.id; }
-  bool operator!=(const AcDbObjectId& other) const { return id != other.id; }
-  bool operator<(const AcDbObjectId& other) const { return id < other.id; }
+  bool operator==(const AcDbObjectId& other) const { return mId == other.mId; }
+  bool operator!=(const AcDbObjectId& other) const { return mId != other.mId; }
+  bool operator<(const AcDbObjectId& other) const { return c5ObjIdIsLessThan(mId, other.mId); }
 
- private:
-  Adesk::IntPtr id;
+ protected:
+  AcDbStub* mId;
 };

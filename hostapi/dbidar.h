@@ -3,4 +3,4 @@
 #include "acarray.h"
 #include "dbid.h"
 
-typedef AcArray<AcDbObjectId> AcDbObjectIdArray;
+typedef AcArray<AcDbObjectId, AcArrayMemCopyReallocator<AcDbObjectId>> AcDbObjectIdArray;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "AdAChar.h"
 #include "dbmain.h"
 
 /// A tab of the drawing: model space or a sheet.

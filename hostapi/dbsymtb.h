@@ -1,6 +1,5 @@
 #pragma once
 
-#include "AdAChar.h"
 #include "dbmain.h"
 
 class AcDbBlockReference;
@@ -76,9 +75,9 @@ class AcDbBlockReferenceIdIterator {
  public:
   ~AcDbBlockReferenceIdIterator();
 
-  void start();
-  bool done() const;
-  void step();
+  void start() { mPos = 0; }
+  bool done() const { return mPos >= mAry.length(); }
+  void step() { ++mPos; }
   /// Opens the reference at this position; null and a status unless it could be opened.
   Acad::ErrorStatus getBlockReference(AcDbBlockReference*& pBlkRef, AcDb::OpenMode openMode,
                                       bool openErasedRec = false) const;
@@ -89,5 +88,6 @@ class AcDbBlockReferenceIdIterator {
   AcDbBlockReferenceIdIterator(const AcDbBlockReferenceIdIterator&) = delete;
   AcDbBlockReferenceIdIterator& operator=(const AcDbBlockReferenceIdIterator&) = delete;
 
-  AcDbBlockReferenceIdIteratorImp* imp = nullptr;
+  int mPos;
+  AcDbObjectIdArray mAry;
 };

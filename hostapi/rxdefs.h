@@ -23,9 +23,7 @@ struct AcRx {
     kInitDialogMsg = 14
   };
   enum AppRetCode { kRetOK = 0, kRetError = 3 };
+  /// How two objects of a class compare.
+  enum Ordering { kLessThan = -1, kEqual = 0, kGreaterThan = 1, kNotOrderable };
+  enum DictIterType { kDictSorted = 0, kDictCollated = 1 };
 };
-
-/// What `extern "C" int acrxGetApiVersion()` answers to a host of API level R17.1: the level in
-/// the high word, its release in the low one. The host refuses any other high word. The genuine
-/// SDK's import library brings the function itself, and this value isn't needed there.
-#define ACRX_API_VERSION_R17 0x00110001

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "acadstrc.h"
+#include "rxboiler.h"
 #include "rxdefs.h"
 
 class AcRxClass;
@@ -11,25 +12,22 @@ class AcRxObject {
  public:
   virtual ~AcRxObject() {}
   static AcRxClass* desc();
-  virtual AcRxClass* isA() const;
   static AcRxObject* cast(const AcRxObject* object) { return const_cast<AcRxObject*>(object); }
   /// True if the object's class is `aClass` or derives from it.
   bool isKindOf(const AcRxClass* aClass) const;
+  virtual AcRxClass* isA() const;
+  virtual AcRxObject* clone() const;
+  virtual Acad::ErrorStatus copyFrom(const AcRxObject*);
+  virtual Adesk::Boolean isEqualTo(const AcRxObject*) const;
+  virtual AcRx::Ordering comparedTo(const AcRxObject*) const;
 
  protected:
-  AcRxObject() {}
+  AcRxObject();
 
  private:
   AcRxObject(const AcRxObject&) = delete;
   AcRxObject& operator=(const AcRxObject&) = delete;
 };
 
-/// The run-time description of a host class: its descriptor, and the checked cast, which gives
-/// null for null and for an object of another class.
-#define ACRX_DECLARE_MEMBERS(CLASS)                                  \
-  AcRxClass* isA() const override;                                   \
-  static AcRxClass* desc();                                          \
-  static CLASS* cast(const AcRxObject* object) {                     \
-    if (!object || !object->isKindOf(CLASS::desc())) return nullptr; \
-    return static_cast<CLASS*>(const_cast<AcRxObject*>(object));     \
-  }
+// It needs this file's class as its base, and this file its class for `isKindOf`.
+#include "rxclass.h"

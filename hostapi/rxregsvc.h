@@ -1,7 +1,6 @@
 #pragma once
 
-#include "acadapps.h"
-#include "rxdefs.h"
+#include "rxdlinkr.h"
 
 /// Enters a service under `name` into "ServiceDictionary", where whoever removes it deletes it.
 void* acrxRegisterService(const ACHAR* name);

@@ -1,33 +1,38 @@
 #pragma once
 
-#include "AdAChar.h"
-#include "dbid.h"
 #include "graph.h"
 
 /// A drawing in the graph of xrefs: the root is the drawing itself, the others are xrefs.
 class AcDbXrefGraphNode : public AcDbGraphNode {
  public:
+  explicit AcDbXrefGraphNode(const ACHAR* pName = nullptr, AcDbObjectId btrId = AcDbObjectId());
   ~AcDbXrefGraphNode() override;
 
   /// Name of the xref's block.
-  const ACHAR* name() const;
+  const ACHAR* name() const { return mpName; }
   /// The xref's block table record in the drawing.
-  AcDbObjectId btrId() const;
+  AcDbObjectId btrId() const { return mBtrId; }
 
  private:
-  friend class AcDbGraphImp;
-  AcDbXrefGraphNode(const ACHAR* name, AcDbObjectId btrId);
-
-  ACHAR* name_;
-  AcDbObjectId btrId_;
+  [[maybe_unused]] void* mpxdata;
+  ACHAR* mpName;
+  AcDbObjectId mBtrId;
+  [[maybe_unused]] AcDb::XrefStatus mStatus;
+  [[maybe_unused]] AcDb::XrefNotificationStatus mNotifyStatus;
 };
 
 /// Which drawing refers to which.
 class AcDbXrefGraph : public AcDbGraph {
  public:
-  AcDbXrefGraph();
+  explicit AcDbXrefGraph(AcDbXrefGraphNode* pHost = nullptr);
   ~AcDbXrefGraph() override;
 
-  /// The node `idx`, null if there is none.
-  AcDbXrefGraphNode* xrefNode(int idx) const;
+  AcDbXrefGraphNode* xrefNode(int idx) const { return static_cast<AcDbXrefGraphNode*>(node(idx)); }
+
+  Adesk::Boolean findCycles(AcDbGraphNode*) override;
 };
+
+/// Fills `graph` with the xrefs of the working database's drawing; `eNoDatabase` without one.
+/// `includeGhosts` asks as well for the nested xrefs of those that aren't loaded.
+Acad::ErrorStatus acedGetCurDwgXrefGraph(AcDbXrefGraph& graph,
+                                         Adesk::Boolean includeGhosts = Adesk::kFalse);

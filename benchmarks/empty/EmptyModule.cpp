@@ -15,5 +15,5 @@ __declspec(dllexport) AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode message, 
   return AcRx::kRetOK;
 }
 
-__declspec(dllexport) int acrxGetApiVersion() { return 0x00110001; }
+__declspec(dllexport) int acrxGetApiVersion() { return 17 << 16; }
 }

@@ -56,7 +56,7 @@ void lock(AppContext& app, bool silent) {
   try {
     checkOut(app, file, folder);
   } catch (const _com_error& error) {
-    reportComErrorClient(app, client, error, loadMessage(10, "Error checking out file."));
+    reportComErrorClient(app, client, error, {10, "Error checking out file."});
   }
   // After a failed check-out as well: the user gets the drawing back in any case.
   acDocManagerPtr()->appContextOpenDocument(path.c_str());

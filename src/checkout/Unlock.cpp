@@ -2,6 +2,7 @@
 
 #include <acdocman.h>
 #include <acedads.h>
+#include <adscodes.h>
 
 #include "checkout/PendingCheckIn.h"
 #include "foundation/AppContext.h"

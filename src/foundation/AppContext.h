@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include "foundation/CString.h"
+#include "foundation/LaterCalls.h"
 
 /// What every layer may know of the running module.
 class AppContext {
@@ -13,6 +14,7 @@ class AppContext {
   HWND mainWindow = nullptr;
   /// The library's own handle.
   HINSTANCE moduleInstance = nullptr;
+  LaterCalls laterCalls;
 };
 
 /// The module's application object, null before its construction.

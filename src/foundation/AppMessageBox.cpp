@@ -16,19 +16,26 @@ CString titleIn(HKEY root) {
   wchar_t title[titleBytes / sizeof(wchar_t) + 1] = {};
   DWORD type = REG_NONE;
   DWORD size = titleBytes;
-  const LONG result =
-      RegQueryValueExW(suite.key(), L"", nullptr, &type, reinterpret_cast<BYTE*>(title), &size);
+  const LONG result = suite.query(L"", &type, title, &size);
   return result == ERROR_SUCCESS && type == REG_SZ ? title : CString();
 }
 
 }  // namespace
 
-int appMessageBox(const wchar_t* text, UINT flags) {
+int appMessageBox(const wchar_t* text, UINT flags) noexcept {
   const AppContext* app = currentApp();
   if (app == nullptr) {
     return MessageBoxW(nullptr, text, L"", flags);
   }
-  return MessageBoxW(app->mainWindow, text, productTitle(L"Tessaro").c_str(), flags);
+  const wchar_t* shown = L"Tessaro";
+  CString title;
+  try {
+    title = productTitle(shown);
+    shown = title.c_str();
+  } catch (...) {
+    // Boxes tell what goes wrong, this as well: better under another title than not at all.
+  }
+  return MessageBoxW(app->mainWindow, text, shown, flags);
 }
 
 CString productTitle(const wchar_t* fallback) {

@@ -9,7 +9,7 @@ class AcDbDatabase;
 /// Sets the database's DBMOD, the mark of unsaved changes that the closing of a drawing looks at.
 /// @param newValue 0 for no changes
 /// @return the value before
-unsigned short acdbSetDbmod(AcDbDatabase* database, short newValue);
+long acdbSetDbmod(AcDbDatabase* database, long newValue);
 
 /// Puts a progress meter into the host's status bar.
 /// @return 0 if the meter was made

@@ -23,14 +23,17 @@ class Lst {
   Lst& operator=(const Lst&) = delete;
   virtual ~Lst() { clear(); }
 
-  /// Appends the value, which moves into the list.
-  /// @throws _com_error E_OUTOFMEMORY; the list is as it was then
-  void pushBack(T value) {
+  /// Appends the value: the list takes it over, and its holder is empty afterwards.
+  /// @throws _com_error E_OUTOFMEMORY, since a list that lacks a value in silence would mislead its
+  /// reader; list and value are as they were then
+  void pushBack(T&& value) {
     void* memory = CoTaskMemAlloc(sizeof(Node));
     if (memory == nullptr) {
       _com_issue_error(E_OUTOFMEMORY);
     }
     Node* node = new (memory) Node{std::move(value), nullptr, tail};
+    // Not every holder gives up what it held when it is moved from: _bstr_t shares it.
+    value = T();
     (tail != nullptr ? tail->next : head) = node;
     tail = node;
     ++count;

@@ -11,17 +11,17 @@ struct RawValue {
   std::vector<BYTE> bytes;
 };
 
-bool readRaw(HKEY key, const wchar_t* name, RawValue& value) {
+bool readRaw(Registry& registry, const wchar_t* name, RawValue& value) {
   LONG result = ERROR_MORE_DATA;
   // The value may grow between the question for its size and the reading.
   while (result == ERROR_MORE_DATA) {
     DWORD size = 0;
-    if (RegQueryValueExW(key, name, nullptr, nullptr, nullptr, &size) != ERROR_SUCCESS) {
+    if (registry.query(name, nullptr, nullptr, &size) != ERROR_SUCCESS) {
       return false;
     }
     // One byte at least: without a buffer the reading would only ask for the size again.
     value.bytes.resize(size + 1);
-    result = RegQueryValueExW(key, name, nullptr, &value.type, value.bytes.data(), &size);
+    result = registry.query(name, &value.type, value.bytes.data(), &size);
     value.bytes.resize(size);
   }
   return result == ERROR_SUCCESS;
@@ -71,10 +71,19 @@ void Registry::close() {
   }
 }
 
-bool readRegistryString(const Registry& registry, const wchar_t* name, CString& text) {
+LONG Registry::query(const wchar_t* name, DWORD* type, void* data, DWORD* size) {
+  lastResult_ = RegQueryValueExW(key_, name, nullptr, type, static_cast<BYTE*>(data), size);
+  return lastResult_;
+}
+
+LONG Registry::set(const wchar_t* name, DWORD type, const void* data, DWORD size) {
+  lastResult_ = RegSetValueExW(key_, name, 0, type, static_cast<const BYTE*>(data), size);
+  return lastResult_;
+}
+
+bool readRegistryString(Registry& registry, const wchar_t* name, CString& text) {
   RawValue value;
-  if (!readRaw(registry.key(), name, value) ||
-      (value.type != REG_SZ && value.type != REG_EXPAND_SZ)) {
+  if (!readRaw(registry, name, value) || (value.type != REG_SZ && value.type != REG_EXPAND_SZ)) {
     return false;
   }
   CString read = textIn(value.bytes);
@@ -85,11 +94,10 @@ bool readRegistryString(const Registry& registry, const wchar_t* name, CString& 
   return true;
 }
 
-bool readSetting(const Registry& registry, const wchar_t* name, DWORD& data) {
+bool readSetting(Registry& registry, const wchar_t* name, DWORD& data) {
   DWORD value = data;
   DWORD size = sizeof(value);
-  if (RegQueryValueExW(registry.key(), name, nullptr, nullptr, reinterpret_cast<BYTE*>(&value),
-                       &size) != ERROR_SUCCESS) {
+  if (registry.query(name, nullptr, &value, &size) != ERROR_SUCCESS) {
     return false;
   }
   data = value;
@@ -105,6 +113,5 @@ bool readAddinSetting(const wchar_t* name, DWORD& data) {
 bool writeAddinSetting(const wchar_t* name, DWORD data) {
   Registry settings;
   return settings.open(HKEY_CURRENT_USER, addinSettingsKey, KEY_WRITE, true) &&
-         RegSetValueExW(settings.key(), name, 0, REG_DWORD, reinterpret_cast<const BYTE*>(&data),
-                        sizeof(data)) == ERROR_SUCCESS;
+         settings.set(name, REG_DWORD, &data, sizeof(data)) == ERROR_SUCCESS;
 }

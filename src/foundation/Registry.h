@@ -29,8 +29,13 @@ class Registry {
 
   /// The open key, null if there is none.
   HKEY key() const { return key_; }
-  /// Windows' result of the latest opening or closing.
+  /// Windows' result of the latest call: opening, closing, reading or writing.
   LONG lastResult() const { return lastResult_; }
+
+  /// RegQueryValueExW of a value, empty for the key's default value; any of the others may be null.
+  LONG query(const wchar_t* name, DWORD* type, void* data, DWORD* size);
+  /// RegSetValueExW.
+  LONG set(const wchar_t* name, DWORD type, const void* data, DWORD size);
 
  private:
   HKEY key_ = nullptr;
@@ -40,11 +45,11 @@ class Registry {
 /// Reads a text, a REG_EXPAND_SZ with its variables filled in. `text` stays as it is if there is
 /// none.
 /// @param name empty for the key's default value
-bool readRegistryString(const Registry& registry, const wchar_t* name, CString& text);
+bool readRegistryString(Registry& registry, const wchar_t* name, CString& text);
 
 /// Reads a setting of at most four bytes, of whatever type; bytes that the value doesn't have stay
 /// as they are in `data`, as does all of it if nothing could be read.
-bool readSetting(const Registry& registry, const wchar_t* name, DWORD& data);
+bool readSetting(Registry& registry, const wchar_t* name, DWORD& data);
 
 /// The same for a setting of the add-in, whose key is opened for it.
 bool readAddinSetting(const wchar_t* name, DWORD& data);

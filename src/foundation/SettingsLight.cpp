@@ -15,9 +15,8 @@ REGSAM accessOf(unsigned flags) {
   return access;
 }
 
-bool holdsValue(const Registry& registry, const wchar_t* name) {
-  return RegQueryValueExW(registry.key(), name, nullptr, nullptr, nullptr, nullptr) ==
-         ERROR_SUCCESS;
+bool holdsValue(Registry& registry, const wchar_t* name) {
+  return registry.query(name, nullptr, nullptr, nullptr) == ERROR_SUCCESS;
 }
 
 /// The trees in the order of search; one that the search leaves out isn't there.

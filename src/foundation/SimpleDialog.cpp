@@ -1,18 +1,23 @@
 #include "foundation/SimpleDialog.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "foundation/AppContext.h"
+#include "foundation/Border.h"
 
 INT_PTR SimpleDialog::doModal(HWND owner) {
-  failure = nullptr;
+  failure = S_OK;
   const AppContext* app = currentApp();
   const INT_PTR result =
       DialogBoxParamW(app != nullptr ? app->moduleInstance : nullptr, MAKEINTRESOURCEW(templateId),
                       owner, procedure, reinterpret_cast<LPARAM>(this));
-  if (failure) {
-    std::rethrow_exception(std::exchange(failure, nullptr));
+  // Without a word the user would believe that what he asked for was done.
+  const DWORD windowsError = result == -1 ? GetLastError() : ERROR_SUCCESS;
+  if (SUCCEEDED(failure) && result == -1) {
+    failure = windowsError != ERROR_SUCCESS ? HRESULT_FROM_WIN32(windowsError) : E_FAIL;
+  }
+  if (FAILED(failure)) {
+    _com_issue_error(failure);
   }
   return result;
 }
@@ -35,8 +40,8 @@ INT_PTR CALLBACK SimpleDialog::procedure(HWND window, UINT message, WPARAM wPara
     return dialog->handle(message, wParam, lParam);
   } catch (...) {
     // The first failure is the one that tells what went wrong.
-    if (!dialog->failure) {
-      dialog->failure = std::current_exception();
+    if (SUCCEEDED(dialog->failure)) {
+      dialog->failure = currentFailure();
     }
     EndDialog(window, IDCANCEL);
     return TRUE;

@@ -1,12 +1,10 @@
 #pragma once
 
-#include <exception>
-
 #include <windows.h>
 
 /// A modal dialog out of the module's resources. Derived classes say what happens in it; an
-/// exception that leaves one of their handlers closes the dialog and goes on from `doModal`, since
-/// Windows doesn't carry one through a dialog procedure.
+/// exception that leaves one of their handlers closes the dialog and goes on from `doModal` as a
+/// _com_error, since Windows doesn't carry one through a dialog procedure.
 class SimpleDialog {
  public:
   SimpleDialog(const SimpleDialog&) = delete;
@@ -15,8 +13,8 @@ class SimpleDialog {
 
   /// Runs the dialog until it is ended (DialogBoxParamW); `owner` is disabled for so long.
   /// @param owner the owner window, null for none
-  /// @return the value given to `end`; -1 if Windows can't make the dialog
-  /// @throws what a handler threw
+  /// @return the value given to `end`
+  /// @throws _com_error with the code of what a handler threw, or if Windows can't make the dialog
   INT_PTR doModal(HWND owner);
 
  protected:
@@ -49,7 +47,8 @@ class SimpleDialog {
 
   const int templateId;
   const bool centre;
-  std::exception_ptr failure;
+  /// Of the first handler that failed.
+  HRESULT failure = S_OK;
 };
 
 /// The dialog of one template, centred on its owner if asked.

@@ -1,7 +1,6 @@
-// The genuine SDK's import library brings a definition of its own: a build with the SDK leaves this
-// file out.
+// A stand-in for the routine that the kit's library rxapi brings: a build with the kit leaves this
+// file out. AutoCAD recognises by that routine a module that was made with its kit, and refuses
+// this one. The workbench takes it.
 
-#include <rxdefs.h>
-
-/// The API level that the module was made for, which the host asks before it sends any message.
-extern "C" int acrxGetApiVersion() { return ACRX_API_VERSION_R17; }
+/// The API level, as this project counts it, in the high word.
+extern "C" int acrxGetApiVersion() { return 17 << 16; }

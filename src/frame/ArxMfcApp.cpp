@@ -3,10 +3,12 @@
 #include <memory>
 
 #include <aced.h>
+#include <acedads.h>
 #include <rxdlinkr.h>
 #include <rxregsvc.h>
 
 #include "foundation/AppMessageBox.h"
+#include "foundation/Border.h"
 #include "foundation/FormatText.h"
 #include "foundation/ModuleFile.h"
 #include "frame/CommandGuard.h"
@@ -47,7 +49,7 @@ AcRx::AppRetCode ArxMfcApp::dispatch(AcRx::AppMsgCode message, void* pkt) {
       return unloadApp(pkt);
     case AcRx::kLoadDwgMsg:
       documentLoaded = 1;
-      defineLispFunctions();
+      atBorder([this] { defineLispFunctions(); });
       return loadDwg(pkt);
     case AcRx::kUnloadDwgMsg: {
       const AcRx::AppRetCode result = unloadDwg(pkt);
@@ -81,11 +83,13 @@ AcRx::AppRetCode ArxMfcApp::start(void* pkt) {
     }
   }
   mainWindow = adsw_acadMainWnd();
-  CString name;
-  if (getServiceName(name) != 0) {
-    acrxRegisterService(name.c_str());
-    serviceName = name;
-  }
+  atBorder([this] {
+    CString name;
+    if (getServiceName(name) != 0) {
+      acrxRegisterService(name.c_str());
+      serviceName.swap(name);
+    }
+  });
   return initApp(pkt);
 }
 

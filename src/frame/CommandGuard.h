@@ -1,9 +1,10 @@
 #pragma once
 
+#include "foundation/Border.h"
 #include "frame/ArxMfcApp.h"
 
-/// The one form of a command worker: `routine` between `beginCommand` and `endCommand`. An
-/// exception goes on to the host past `endCommand`.
+/// The one form of a command worker: `routine` between `beginCommand` and `endCommand`. What it has
+/// no handler for goes on to the host past `endCommand`, and only as a _com_error.
 /// @tparam App the class of the module's application object
 template <class App, void (*routine)(App&)>
 void guardedCommand() {
@@ -11,6 +12,6 @@ void guardedCommand() {
   if (app.beginCommand() == 0) {
     return;
   }
-  routine(app);
+  asComErrors([&app] { routine(app); });
   ArxMfcApp::current()->endCommand();
 }

@@ -4,6 +4,7 @@
 
 #include "checkout/Lock.h"
 #include "checkout/Unlock.h"
+#include "foundation/Border.h"
 #include "frame/CommandGuard.h"
 #include "frame/LoadRecord.h"
 #include "frame/TessaroAcadApp.h"
@@ -35,13 +36,13 @@ void lockCommand(TessaroAcadApp& app) { lock(app, false); }
 void lockSilentCommand(TessaroAcadApp& app) { lock(app, true); }
 void unlockCommand(TessaroAcadApp& app) { unlock(app, app.pendingCheckIn); }
 void getXrefVersionCommand(TessaroAcadApp& app) {
-  getxrefversion(app, *app.statusWindow,
+  getxrefversion(app, app.xrefStateObserver(),
                  [&app](const CString& path) { return chooseVersion(app, path); });
 }
-void getXrefVer2Command(TessaroAcadApp& app) { getxrefver2(app, *app.statusWindow); }
+void getXrefVer2Command(TessaroAcadApp& app) { getxrefver2(app, app.xrefStateObserver()); }
 void editXrefCommand(TessaroAcadApp& app) { editxref(app, app.pendingReloads); }
-void getLatestXrefsCommand(TessaroAcadApp& app) { checkXrefs(app, *app.statusWindow, true); }
-void settingsCommand(TessaroAcadApp& app) { settings(app, *app.statusWindow); }
+void getLatestXrefsCommand(TessaroAcadApp& app) { checkXrefs(app, app.xrefStateObserver(), true); }
+void settingsCommand(TessaroAcadApp& app) { settings(app, app.statusWindow.get()); }
 void propertiesCommand(TessaroAcadApp& app) { properties(app); }
 void tellLockedElsewhereCommand(TessaroAcadApp& app) {
   if (const CurrentDrawing drawing = currentDrawing()) {
@@ -79,6 +80,6 @@ const Command commands[] = {
 
 void addCommands(TessaroAcadApp& app) {
   for (const Command& command : commands) {
-    app.addAppCommand(command.name, command.name, command.worker, command.flags);
+    atBorder([&] { app.addAppCommand(command.name, command.name, command.worker, command.flags); });
   }
 }

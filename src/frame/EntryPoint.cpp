@@ -4,6 +4,7 @@
 #include <objbase.h>
 #include <rxdefs.h>
 
+#include "foundation/Border.h"
 #include "frame/TessaroAcadApp.h"
 #include "vault/MessageStrings.h"
 
@@ -23,8 +24,11 @@ class ProcessApartment {
     }
   }
 
+  /// COM ends with the process, and mustn't be left any more then.
+  void processEnds() { entered = false; }
+
  private:
-  const bool entered;
+  bool entered;
 };
 
 // In this order, so that they go the other way round: the application object lets the vault client
@@ -36,15 +40,21 @@ ProcessApartment processApartment;
 
 /// The host's way into the module.
 extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt) {
-  return ArxMfcApp::current()->dispatch(msg, pkt);
+  return atBorder(AcRx::kRetOK, [&] { return ArxMfcApp::current()->dispatch(msg, pkt); });
 }
 
-/// Windows' own word that the library comes and goes. It comes after the static objects' making.
-BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, void*) {
+/// Windows' own word that the library comes and goes: after the static objects' making and ahead of
+/// their destruction.
+/// @param processEnds not null at the end of a process that hasn't unloaded the library
+BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, void* processEnds) {
   if (reason == DLL_PROCESS_ATTACH) {
     application.moduleInstance = instance;
   } else if (reason == DLL_PROCESS_DETACH) {
     application.moduleInstance = nullptr;
+    if (processEnds != nullptr) {
+      application.processEnds();
+      processApartment.processEnds();
+    }
   }
   return TRUE;
 }

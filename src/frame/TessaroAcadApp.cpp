@@ -6,6 +6,7 @@
 #include <dbents.h>
 
 #include "checkout/Unlock.h"
+#include "foundation/Border.h"
 #include "frame/CommandTable.h"
 #include "frame/HostService.h"
 #include "tracking/SelectFile.h"
@@ -21,6 +22,13 @@ void registerSelectFile(bool unRegister) {
                                                             unRegister, false);
 }
 
+/// For the commands that tell the status window of the xrefs, while there is none.
+class NoWindow final : public XrefStateObserver {
+ public:
+  void SetXrefsLatest() override {}
+  void SetXrefsUnknown() override {}
+};
+
 }  // namespace
 
 TessaroAcadApp::TessaroAcadApp() : ArxMfcApp(L"Tessaro", 1, 1, 1) {}
@@ -34,37 +42,51 @@ TessaroAcadApp::~TessaroAcadApp() {
   static_cast<void>(statusWindow.release());
 }
 
+void TessaroAcadApp::processEnds() {
+  static_cast<void>(vaultClient.Detach());
+  forgetTextService();
+}
+
+// Each step is done whether or not those before it could be.
 AcRx::AppRetCode TessaroAcadApp::initApp(void* pkt) {
-  xrefContext = std::make_unique<XRefContext>(*this);
-  editorReactor = std::make_unique<EditorReactor>(*this);
-  docManagerReactor = std::make_unique<DocManagerReactor>(*this);
+  atBorder([this] { xrefContext = std::make_unique<XRefContext>(*this); });
+  atBorder([this] { editorReactor = std::make_unique<EditorReactor>(*this); });
+  atBorder([this] { docManagerReactor = std::make_unique<DocManagerReactor>(*this); });
   pendingCheckIn.checkInPending = false;
   addCommands(*this);
-  acedAddObjectContextMenu(AcDbBlockReference::desc(), xrefContext.get(), pkt);
-  if (AcEditor* host = editor()) {
+  if (xrefContext) acedAddObjectContextMenu(AcDbBlockReference::desc(), xrefContext.get(), pkt);
+  if (AcEditor* host = editorReactor ? editor() : nullptr) {
     host->addReactor(editorReactor.get());
   }
-  acDocManagerPtr()->addReactor(docManagerReactor.get());
-  statusWindow = std::make_unique<FloatWindow>(*this, moduleInstance, mainWindow);
+  if (docManagerReactor) acDocManagerPtr()->addReactor(docManagerReactor.get());
+  atBorder(
+      [this] { statusWindow = std::make_unique<FloatWindow>(*this, moduleInstance, mainWindow); });
   // Without the client the pointer stays null: a command says so when it needs one.
-  vaultClient.CreateInstance(__uuidof(VaultMain), nullptr, CLSCTX_ALL);
+  atBorder([this] { vaultClient.CreateInstance(__uuidof(VaultMain), nullptr, CLSCTX_ALL); });
   registerSelectFile(false);
   return AcRx::kRetOK;
 }
 
 AcRx::AppRetCode TessaroAcadApp::unloadApp(void*) {
   registerSelectFile(true);
-  acedRemoveObjectContextMenu(AcDbBlockReference::desc(), xrefContext.get());
-  if (AcEditor* host = editor()) {
+  if (xrefContext) acedRemoveObjectContextMenu(AcDbBlockReference::desc(), xrefContext.get());
+  if (AcEditor* host = editorReactor ? editor() : nullptr) {
     host->removeReactor(editorReactor.get());
   }
-  acDocManagerPtr()->removeReactor(docManagerReactor.get());
+  if (docManagerReactor) acDocManagerPtr()->removeReactor(docManagerReactor.get());
   xrefContext.reset();
   editorReactor.reset();
   docManagerReactor.reset();
   statusWindow.reset();
+  laterCalls.drop();
   releaseTextService();
   return AcRx::kRetOK;
+}
+
+XrefStateObserver& TessaroAcadApp::xrefStateObserver() {
+  static NoWindow nobody;
+  if (statusWindow) return *statusWindow;
+  return nobody;
 }
 
 int TessaroAcadApp::beginCommand() {
@@ -81,12 +103,18 @@ void TessaroAcadApp::documentToBeDestroyed(AcApDocument* document) {
 }
 
 void TessaroAcadApp::documentActivated(AcApDocument* document) {
-  onDocumentActivated(*this, pendingReloads, document);
+  atBorder([&] { onDocumentActivated(*this, pendingReloads, document); });
   if (statusWindow) statusWindow->DocumentActivated(document);
 }
 
 void TessaroAcadApp::editGuardCheck(AcApDocument* document) {
   ::editGuardCheck(*this, guardedDocuments, document);
+}
+
+void TessaroAcadApp::saveBegins(AcDbDatabase* database) {
+  AcApDocument* document = acDocManagerPtr()->document(database);
+  // The guard reads the changes of the current drawing; of another one the host doesn't tell them.
+  if (document != nullptr && document == acDocManagerPtr()->curDocument()) editGuardCheck(document);
 }
 
 void TessaroAcadApp::saved(AcDbDatabase* database, const ACHAR* actualName) {

@@ -29,7 +29,14 @@ class TessaroAcadApp : public ArxMfcApp, public DocumentEvents {
   void documentDestroyed(const ACHAR* fileName) override;
   void documentActivated(AcApDocument* document) override;
   void editGuardCheck(AcApDocument* document) override;
+  void saveBegins(AcDbDatabase* database) override;
   void saved(AcDbDatabase* database, const ACHAR* actualName) override;
+
+  /// The status window, or somebody who listens to nothing while there is none.
+  XrefStateObserver& xrefStateObserver();
+
+  /// Lets go of everything without a call on it: the process ends, and whose it is may be gone.
+  void processEnds();
 
   /// The vault client's main object, null if the client can't be started. It lives past `unloadApp`
   /// so that the client stays in the process for as long as the module does.
@@ -39,8 +46,8 @@ class TessaroAcadApp : public ArxMfcApp, public DocumentEvents {
   std::unique_ptr<DocManagerReactor> docManagerReactor;
   /// The xrefs to load again when the user comes back to the drawing that holds them.
   XrefList pendingReloads;
-  /// Null also while it is being made: its first look at the drawing may show a box, and the host
-  /// goes on sending events meanwhile.
+  /// Null if Windows couldn't make it, and while it is being made: its first look at the drawing
+  /// may show a box, and the host goes on sending events meanwhile.
   std::unique_ptr<FloatWindow> statusWindow;
   PendingCheckIn pendingCheckIn;
   GuardedDocuments guardedDocuments;

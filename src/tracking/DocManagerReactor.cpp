@@ -1,23 +1,28 @@
 #include "tracking/DocManagerReactor.h"
 
+#include "foundation/Border.h"
 #include "tracking/DocumentEvents.h"
 
 void DocManagerReactor::documentToBeDestroyed(AcApDocument* document) {
-  events->documentToBeDestroyed(document);
+  atBorder([&] { events->documentToBeDestroyed(document); });
 }
 
 void DocManagerReactor::documentDestroyed(const ACHAR* fileName) {
-  events->documentDestroyed(fileName);
+  atBorder([&] { events->documentDestroyed(fileName); });
 }
 
 void DocManagerReactor::documentLockModeChanged(AcApDocument* document, AcAp::DocLockMode,
-                                                AcAp::DocLockMode, AcAp::DocLockMode,
+                                                AcAp::DocLockMode, AcAp::DocLockMode currentMode,
                                                 const ACHAR*) {
-  if (document == acDocManagerPtr()->curDocument()) editGuardCheck(document);
+  // While a command has the document, its prompts would take the warning's command for their input.
+  const bool isFree = currentMode == AcAp::kNone || currentMode == AcAp::kNotLocked;
+  if (isFree && document == acDocManagerPtr()->curDocument()) editGuardCheck(document);
 }
 
 void DocManagerReactor::documentActivated(AcApDocument* document) {
-  events->documentActivated(document);
+  atBorder([&] { events->documentActivated(document); });
 }
 
-void DocManagerReactor::editGuardCheck(AcApDocument* document) { events->editGuardCheck(document); }
+void DocManagerReactor::editGuardCheck(AcApDocument* document) {
+  asComErrors([&] { events->editGuardCheck(document); });
+}

@@ -13,8 +13,8 @@ class DocManagerReactor : public AcApDocManagerReactor {
   void documentToBeDestroyed(AcApDocument* document) override;
   void documentDestroyed(const ACHAR* fileName) override;
   /// Every command that changes a document locks it first and lets it go afterwards, so this comes
-  /// again and again while the user works: behind a change when its command ends, and for one that
-  /// was made later than that, with the next command, the saving included.
+  /// again and again while the user works. The guard looks when the last lock has gone back, behind
+  /// the change.
   void documentLockModeChanged(AcApDocument* document, AcAp::DocLockMode myPreviousMode,
                                AcAp::DocLockMode myCurrentMode, AcAp::DocLockMode currentMode,
                                const ACHAR* globalCmdName) override;

@@ -16,8 +16,10 @@ class DocumentEvents {
   virtual void documentDestroyed(const ACHAR* /*fileName*/) {}
   /// The document's window is on top now.
   virtual void documentActivated(AcApDocument*) {}
-  /// The document may have been changed by the user.
+  /// The document may have been changed by the user. The host takes a _com_error from it.
   virtual void editGuardCheck(AcApDocument*) {}
+  /// The drawing is about to be written. The host takes a _com_error, as from the check above.
+  virtual void saveBegins(AcDbDatabase*) {}
   /// The drawing was saved.
   /// @param actualName the full path that was written
   virtual void saved(AcDbDatabase*, const ACHAR* /*actualName*/) {}

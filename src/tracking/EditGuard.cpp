@@ -34,6 +34,12 @@ struct GuardedFile {
   }
 };
 
+/// The document's flag; null once the document has gone.
+bool* warningDue(GuardedDocuments& guarded, AcApDocument* document) {
+  const auto entry = guarded.find(document);
+  return entry != guarded.end() ? &entry->second : nullptr;
+}
+
 bool guardIsOff() {
   DWORD warn = 0;
   return readAddinSetting(L"EditWarning", warn) && warn == 0;
@@ -47,21 +53,23 @@ void editGuardCheck(AppContext& app, GuardedDocuments& guarded, AcApDocument* do
 
   GuardedFile vaultFile;
   bool opened = false;
-  const auto [entry, isNew] = guarded.insert({document, false});
-  if (isNew) {
+  if (guarded.insert({document, false}).second) {
     if (!vaultFile.open(app, path)) return;
     opened = true;
     if (vaultFile.heldHere(app)) return;
-    entry->second = true;
+    // The client may have shown windows of its own, and the document have gone meanwhile.
+    if (bool* due = warningDue(guarded, document)) *due = true;
   }
-  if (!entry->second || !isCurrentDrawingModified()) return;
+  bool* const due = warningDue(guarded, document);
+  if (due == nullptr || !*due || !isCurrentDrawingModified()) return;
 
-  entry->second = false;
+  *due = false;
   if (!opened && !vaultFile.open(app, path)) return;
   const bool heldHere = vaultFile.heldHere(app);
   nameOf(vaultFile.file);
   if (heldHere) return;
   const bool checkedOut = isCheckedOut(vaultFile.file);
+  if (warningDue(guarded, document) == nullptr) return;
   sendToCommandLine(document, commandText(app, checkedOut ? L"telllockedelsewhere" : L"asklock"));
 }
 

@@ -14,6 +14,7 @@ using GuardedDocuments = std::map<AcApDocument*, bool>;
 /// Looks whether the user has changed a vault drawing that isn't checked out here, and if so sends
 /// the command that tells it, once in the document's life. Shows nothing itself, since it runs
 /// inside a host event.
+/// @param document the current one; it may go while the vault is asked.
 /// @throws _com_error if the vault fails to tell who holds the file.
 void editGuardCheck(AppContext& app, GuardedDocuments& guarded, AcApDocument* document);
 

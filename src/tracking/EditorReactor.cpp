@@ -1,9 +1,16 @@
 #include "tracking/EditorReactor.h"
 
+#include "foundation/Border.h"
 #include "tracking/DocumentEvents.h"
 
-void EditorReactor::saveComplete(AcDbDatabase* database, const ACHAR* actualName) {
-  events->saved(database, actualName);
+void EditorReactor::beginSave(AcDbDatabase* database, const ACHAR*) {
+  asComErrors([&] { events->saveBegins(database); });
 }
 
-void EditorReactor::editorNotice() { events->editorNotice(); }
+void EditorReactor::saveComplete(AcDbDatabase* database, const ACHAR* actualName) {
+  atBorder([&] { events->saved(database, actualName); });
+}
+
+void EditorReactor::editorNotice() {
+  atBorder([&] { events->editorNotice(); });
+}

@@ -6,6 +6,7 @@
 
 #include "foundation/AppContext.h"
 #include "foundation/AppMessageBox.h"
+#include "foundation/Border.h"
 #include "foundation/Registry.h"
 #include "vault/CheckedCall.h"
 #include "vault/ErrorReport.h"
@@ -45,7 +46,7 @@ void offerCheckOut(AppContext& app, const CString& path) {
   try {
     if (isCheckedOut(file)) return;
   } catch (const _com_error& error) {
-    reportComErrorClient(app, client, error, loadMessage(12, "Error getting check out data."));
+    reportComErrorClient(app, client, error, {12, "Error getting check out data."});
     return;
   }
   const _bstr_t question = loadMessage(
@@ -54,7 +55,7 @@ void offerCheckOut(AppContext& app, const CString& path) {
   try {
     checkOut(app, file, folder);
   } catch (const _com_error& error) {
-    reportComErrorClient(app, client, error, loadMessage(10, "Error checking out file."));
+    reportComErrorClient(app, client, error, {10, "Error checking out file."});
   }
 }
 
@@ -75,6 +76,9 @@ Acad::ErrorStatus TessaroSelectFile(short* userCancel, ACHAR*& chosenPath, void*
                                                        pszWSTags, pReserved);
   }
   if (!chosenPath || status != Acad::eOk || *userCancel != 0) return status;
-  if (offerWanted()) offerCheckOut(*currentApp(), chosenPath);
+  // The pick stands, whatever becomes of the offer.
+  atBorder([&] {
+    if (offerWanted()) offerCheckOut(*currentApp(), chosenPath);
+  });
   return Acad::eOk;
 }

@@ -2,13 +2,18 @@
 
 #include <acdocman.h>
 #include <aced.h>
+#include <adscodes.h>
 
+#include <utility>
+
+#include "foundation/Border.h"
 #include "foundation/CommandText.h"
 #include "foundation/ComScope.h"
 #include "foundation/FormatText.h"
 #include "foundation/Registry.h"
 #include "ui/resource.h"
 #include "vault/MessageStrings.h"
+#include "xref/XrefWork.h"
 
 namespace {
 
@@ -77,7 +82,14 @@ FloatWindow::FloatWindow(AppContext& app, HINSTANCE instance, HWND owner) : app(
   refreshBitmap = static_cast<HBITMAP>(
       LoadImageW(instance, MAKEINTRESOURCEW(IDB_REFRESH), IMAGE_BITMAP, 0, 0, LR_LOADTRANSPARENT));
   window = CreateDialogParamW(instance, MAKEINTRESOURCEW(IDD_STATUS), owner, dialogProcedure, 0);
-  floatWindows[window] = this;
+  try {
+    if (window == nullptr) _com_issue_error(HRESULT_FROM_WIN32(GetLastError()));
+    floatWindows[window] = this;
+  } catch (...) {
+    // No window may outlive the object that its procedure works on.
+    destroy();
+    throw;
+  }
   SendDlgItemMessageW(window, IDC_REFRESH, BM_SETIMAGE, IMAGE_BITMAP,
                       reinterpret_cast<LPARAM>(refreshBitmap));
   state.xrefState = XrefState::unknown;
@@ -92,9 +104,11 @@ void FloatWindow::applySettings() {
   Configure(show != 0, interval);
 }
 
-FloatWindow::~FloatWindow() {
-  DestroyWindow(window);
-  DeleteObject(refreshBitmap);
+FloatWindow::~FloatWindow() { destroy(); }
+
+void FloatWindow::destroy() {
+  if (window != nullptr) DestroyWindow(window);
+  if (refreshBitmap != nullptr) DeleteObject(refreshBitmap);
   floatWindows.erase(window);
 }
 
@@ -104,56 +118,107 @@ void FloatWindow::startTimer() {
 }
 
 void FloatWindow::Refresh() {
+  alone([this] { refresh(); });
+}
+
+/// @return the document whose status is shown now; null if there is none, or not that one any more.
+AcApDocument* FloatWindow::refresh() {
   AcApDocument* document = currentDocument();
   const CString path = document ? textOf(document->fileName()) : CString();
-  if (path.empty()) return;
-  fillDrawingStatus(app, state, path);
-  XrefState target = XrefState::notApplicable;
+  if (path.empty() || !ask(path)) return nullptr;
   if (!state.notInVault) {
-    KillTimer(window, monitorTimer);
-    const XrefCheck result = checkXrefs(app, *this, false);
-    // After an error the user has seen a box; the timer stays off, or it would come each period.
-    if (intervalMinutes != 0 && result != XrefCheck::failed) startTimer();
-    if (result == XrefCheck::impossible || result == XrefCheck::failed) return;
-    if (result == XrefCheck::current) target = XrefState::latest;
-    if (result == XrefCheck::outOfDate) target = XrefState::notLatest;
+    checkCurrentXrefs(document);
+    return document;
   }
+  if (state.xrefState != XrefState::notApplicable) SetXrefBox(XrefState::notApplicable);
+  ShowStatus(false);
+  documents[document] = state;
+  return document;
+}
+
+void FloatWindow::checkCurrentXrefs(AcApDocument* document) {
+  KillTimer(window, monitorTimer);
+  const unsigned before = comings;
+  const XrefCheck result = checkXrefs(app, *this, false);
+  // After an error the user has seen a box; the timer stays off, or it would come each period.
+  if (intervalMinutes != 0 && result != XrefCheck::failed) startTimer();
+  if (comings != before || result == XrefCheck::impossible || result == XrefCheck::failed) return;
+  XrefState target = XrefState::notApplicable;
+  if (result == XrefCheck::current) target = XrefState::latest;
+  if (result == XrefCheck::outOfDate) target = XrefState::notLatest;
   if (target != state.xrefState) SetXrefBox(target);
   ShowStatus(false);
   documents[document] = state;
 }
 
+/// Reads the status of a file anew.
+/// @return false if another document is on top by now, or one is gone; nothing has changed then.
+bool FloatWindow::ask(const CString& path) {
+  DrawingStatus answer = static_cast<const DrawingStatus&>(state);
+  const unsigned before = comings;
+  fillDrawingStatus(app, answer, path);
+  if (comings != before) return false;
+  static_cast<DrawingStatus&>(state) = answer;
+  return true;
+}
+
 void FloatWindow::DocumentActivated(AcApDocument* document) {
+  ++comings;
   const auto known = documents.find(document);
   if (known != documents.end()) {
     state = known->second;
+    if (intervalMinutes != 0) showXrefBox();
+    ShowStatus(false);
+  } else if (working) {
+    // Another box of the same cause on top of the one that the user looks at wouldn't help him.
+    missedDocument = true;
+    ShowStatus(true);
   } else {
-    if (intervalMinutes != 0) Refresh();
-    fillDrawingStatus(app, state, textOf(document->fileName()));
-    documents[document] = state;
+    alone([this, document] { readNewDocument(document); });
   }
+}
+
+void FloatWindow::readNewDocument(AcApDocument* document) {
+  const unsigned before = comings;
+  const AcApDocument* refreshed = intervalMinutes != 0 ? refresh() : nullptr;
+  if (comings != before) return;
+  // A status that couldn't be had a moment ago would only bring its box once more.
+  const bool failed = refreshed == document && state.notInVault;
+  if (!failed && !ask(textOf(document->fileName()))) return;
+  documents[document] = state;
   if (intervalMinutes != 0) showXrefBox();
   ShowStatus(false);
 }
 
 void FloatWindow::DocumentDestroyed(AcApDocument* document) {
   documents.erase(document);
+  ++comings;
+  if (working) missedDocument = true;
   if (state.xrefState != XrefState::notApplicable) SetXrefBox(XrefState::notApplicable);
   ShowStatus(true);
 }
 
 void FloatWindow::DocumentSaved(AcDbDatabase* database, const wchar_t* fileName) {
   AcApDocument* saved = acDocManagerPtr()->document(database);
-  if (saved == currentDocument()) {
-    fillDrawingStatus(app, state, fileName);
-    documents[saved] = state;
-    ShowStatus(false);
+  if (saved == nullptr) return;
+  if (working) {
+    // Asked about again when the step in hand is over, or when it comes to the top.
+    documents.erase(saved);
+    missedDocument = true;
     return;
   }
-  const FloatDocState shown = state;
-  fillDrawingStatus(app, state, fileName);
-  documents[saved] = state;
-  state = shown;
+  alone([&] {
+    const CString path = textOf(fileName != nullptr ? fileName : saved->fileName());
+    const bool isCurrent = saved == currentDocument();
+    const FloatDocState shown = state;
+    if (!ask(path)) return;
+    documents[saved] = state;
+    if (isCurrent) {
+      ShowStatus(false);
+    } else {
+      state = shown;
+    }
+  });
 }
 
 void FloatWindow::SetXrefsLatest() { enterXrefState(XrefState::latest); }
@@ -168,7 +233,8 @@ void FloatWindow::enterXrefState(XrefState xrefState) {
 
 void FloatWindow::Configure(bool show, unsigned interval) {
   if (show && interval != 0) {
-    if (intervalMinutes == 0) Refresh();
+    // The window has its place and its timer even if this first look fails.
+    if (intervalMinutes == 0) atBorder([this] { Refresh(); });
     intervalMinutes = interval;
     ShowWindow(window, SW_SHOW);
     startTimer();
@@ -215,27 +281,40 @@ void FloatWindow::showVersions(const CString& local, const CString& latest) {
 
 INT_PTR CALLBACK FloatWindow::dialogProcedure(HWND window, UINT message, WPARAM wParam, LPARAM) {
   const auto known = floatWindows.find(window);
-  if (message == WM_INITDIALOG) {
-    restorePosition(window);
-    setTexts(window);
-    return 1;
-  }
-  return known == floatWindows.end() ? 0 : known->second->handle(message, wParam);
+  return atBorder(INT_PTR{1}, [&]() -> INT_PTR {
+    if (message == WM_INITDIALOG) {
+      restorePosition(window);
+      setTexts(window);
+      return 1;
+    }
+    return known == floatWindows.end() ? 0 : known->second->handle(message, wParam);
+  });
 }
 
 void FloatWindow::work(const std::function<void()>& step) {
-  // A box of the step's own lets the messages go on: the next tick and the next click would come
-  // into the middle of it.
+  if (XrefWork::goesOn()) return;
+  alone([&step] {
+    const ComScope com;
+    step();
+  });
+}
+
+void FloatWindow::alone(const std::function<void()>& step) {
+  // A box of the step's own lets the messages go on: the next tick, click or event would come into
+  // the middle of it.
   if (working) return;
-  const WorkingScope scope(working);
-  const ComScope com;
-  step();
+  {
+    const WorkingScope scope(working);
+    step();
+  }
+  if (!std::exchange(missedDocument, false)) return;
+  if (AcApDocument* document = currentDocument()) DocumentActivated(document);
 }
 
 INT_PTR FloatWindow::handle(UINT message, WPARAM wParam) {
   switch (message) {
     case WM_TIMER:
-      work([this] { Refresh(); });
+      work([this] { refresh(); });
       return 1;
     case WM_COMMAND:
       onCommand(wParam);
@@ -265,7 +344,7 @@ void FloatWindow::onCommand(WPARAM wParam) {
       sendLockCommand();
       break;
     case IDC_REFRESH:
-      work([this] { Refresh(); });
+      work([this] { refresh(); });
       break;
   }
 }

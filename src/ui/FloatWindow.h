@@ -27,6 +27,7 @@ class FloatWindow : public XrefStateObserver {
  public:
   /// Creates the window from dialog 115 and shows it as the settings say.
   /// @param owner the host's main window.
+  /// @throws _com_error if Windows doesn't make the window.
   FloatWindow(AppContext& app, HINSTANCE instance, HWND owner);
   FloatWindow(const FloatWindow&) = delete;
   FloatWindow& operator=(const FloatWindow&) = delete;
@@ -39,7 +40,9 @@ class FloatWindow : public XrefStateObserver {
   void DocumentActivated(AcApDocument* document);
   void DocumentDestroyed(AcApDocument* document);
 
-  /// Reads the saved file's status anew; the xrefs aren't checked.
+  /// Reads the saved file's status anew; the xrefs aren't checked. A database without a document is
+  /// none of the window's.
+  /// @param fileName null if the host doesn't tell it.
   void DocumentSaved(AcDbDatabase* database, const wchar_t* fileName);
 
   void SetXrefsLatest() override;
@@ -55,12 +58,19 @@ class FloatWindow : public XrefStateObserver {
   static INT_PTR CALLBACK dialogProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
   INT_PTR handle(UINT message, WPARAM wParam);
   void onCommand(WPARAM wParam);
-  /// Runs what the timer or a click asks for, unless such a step is at work already.
+  /// Runs what the timer or a click asks for, unless work of that kind goes on already.
   void work(const std::function<void()>& step);
+  /// Runs a step that asks the vault, unless another one does. What came meanwhile follows it.
+  void alone(const std::function<void()>& step);
+  void destroy();
   void onClose();
   void onDestroy();
   void sendLockCommand();
 
+  AcApDocument* refresh();
+  void checkCurrentXrefs(AcApDocument* document);
+  void readNewDocument(AcApDocument* document);
+  bool ask(const CString& path);
   void applySettings();
   void startTimer();
   void ShowStatus(bool disable);
@@ -73,6 +83,11 @@ class FloatWindow : public XrefStateObserver {
   FloatDocState state;
   unsigned intervalMinutes = 0;
   bool working = false;
+  /// A document came to the top, was saved or went while the window was asking the vault.
+  bool missedDocument = false;
+  /// How many documents came to the top or went. An answer of the vault's that was waited for
+  /// meanwhile, with windows of the client's on the screen, may be that of a document long gone.
+  unsigned comings = 0;
   HWND window = nullptr;
   HBITMAP refreshBitmap = nullptr;
   std::map<AcApDocument*, FloatDocState> documents;

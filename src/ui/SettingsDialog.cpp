@@ -63,7 +63,7 @@ void SettingsDialog::takeValues() {
   interval = GetDlgItemInt(window, IDC_INTERVAL, nullptr, FALSE);
 }
 
-void settings(AppContext& app, FloatWindow& statusWindow) {
+void settings(AppContext& app, FloatWindow* statusWindow) {
   SettingsDialog dialog;
   dialog.interval = settingOr(L"XrefMonitoringInterval", 5);
   dialog.autolock = settingOr(L"Autolock", 0) != 0;
@@ -74,5 +74,5 @@ void settings(AppContext& app, FloatWindow& statusWindow) {
   writeAddinSetting(L"StatusWnd", dialog.statusWnd);
   writeAddinSetting(L"Autolock", dialog.autolock);
   writeAddinSetting(L"EditWarning", dialog.editWarning);
-  statusWindow.Configure(dialog.statusWnd, dialog.interval);
+  if (statusWindow) statusWindow->Configure(dialog.statusWnd, dialog.interval);
 }

@@ -25,4 +25,5 @@ class SettingsDialog : public CSimpleDialog<IDD_SETTINGS, true> {
 
 /// The command `settings`: lets the user see and change the settings; OK writes them, and the
 /// status window follows at once.
-void settings(AppContext& app, FloatWindow& statusWindow);
+/// @param statusWindow null if there is none
+void settings(AppContext& app, FloatWindow* statusWindow);

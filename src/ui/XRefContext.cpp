@@ -2,6 +2,7 @@
 
 #include <acdocman.h>
 
+#include "foundation/Border.h"
 #include "foundation/ComScope.h"
 #include "foundation/CommandText.h"
 #include "foundation/FormatText.h"
@@ -64,11 +65,20 @@ XRefContext::XRefContext(AppContext& app)
 XRefContext::~XRefContext() {
   // The version menu may hang in the other one, which would destroy it along.
   removeItems(menu);
-  DestroyMenu(menu);
-  DestroyMenu(versionMenu);
+  for (HMENU made : {menu, versionMenu}) {
+    if (made != nullptr) DestroyMenu(made);
+  }
 }
 
 void* XRefContext::getMenuContext(const AcRxClass*, const AcDbObjectIdArray& ids) {
+  return atBorder(static_cast<void*>(nullptr), [&] { return buildMenu(ids); });
+}
+
+void* XRefContext::buildMenu(const AcDbObjectIdArray& ids) {
+  // Windows may have had none to give at the module's start.
+  if (menu == nullptr) menu = CreatePopupMenu();
+  if (versionMenu == nullptr) versionMenu = CreatePopupMenu();
+  if (menu == nullptr) return nullptr;
   removeItems(menu);
   const bool single = ids.length() == 1;
   XrefMenuFlags flags;
@@ -122,6 +132,10 @@ void XRefContext::append(UINT id, int message, const char* text, UINT flags) {
 }
 
 void XRefContext::onCommand(Adesk::UInt32 id) {
+  atBorder([this, id] { sendCommand(id); });
+}
+
+void XRefContext::sendCommand(Adesk::UInt32 id) {
   CString command;
   switch (id) {
     case checkOutId:

@@ -35,6 +35,8 @@ class XRefContext : public AcEdUIContext {
   void OnUpdateMenu() override {}
 
  private:
+  void* buildMenu(const AcDbObjectIdArray& ids);
+  void sendCommand(Adesk::UInt32 id);
   bool readSelection(const AcDbObjectIdArray& ids, XrefMenuFlags& flags,
                      std::vector<VersionEntry>* versions);
   void addCheckOutEntry(const XrefMenuFlags& flags);

@@ -42,12 +42,12 @@ _bstr_t loadMessage(long number, const char* defaultText) {
   if (!haveTextService()) {
     return defaultText;
   }
-  BSTR text = nullptr;
-  if (FAILED(textService->text(number, &text))) {
+  _bstr_t text;
+  if (FAILED(textService->text(number, text.GetAddress()))) {
     return defaultText;
   }
   // Null is a text without characters, too; the host's prompts take no null pointer.
-  return text != nullptr ? _bstr_t(text, false) : _bstr_t(L"");
+  return !text ? _bstr_t(L"") : text;
 }
 
 _bstr_t lookupSectionText(long number, const wchar_t* defaultText, const wchar_t* section,
@@ -58,9 +58,9 @@ _bstr_t lookupSectionText(long number, const wchar_t* defaultText, const wchar_t
   if (!service || service->open(_bstr_t(productName), _bstr_t(section)) != S_OK) {
     return defaultText;
   }
-  BSTR text = nullptr;
-  service->sectionText(number, _bstr_t(key), &text);
-  return text != nullptr ? _bstr_t(text, false) : _bstr_t(defaultText);
+  _bstr_t text;
+  service->sectionText(number, _bstr_t(key), text.GetAddress());
+  return !text ? _bstr_t(defaultText) : text;
 }
 
 HRESULT openTextService(HINSTANCE module, const wchar_t* moduleName, const wchar_t* product) {
@@ -73,8 +73,10 @@ HRESULT openTextService(HINSTANCE module, const wchar_t* moduleName, const wchar
   if (FAILED(created)) {
     return created;
   }
+  const _bstr_t productText(product);
+  const _bstr_t moduleText(name.c_str());
   textService = service.Detach();
-  const HRESULT opened = textService->open(_bstr_t(product), _bstr_t(name.c_str()));
+  const HRESULT opened = textService->open(productText, moduleText);
   return FAILED(opened) ? opened : S_OK;
 }
 
@@ -89,3 +91,5 @@ void releaseTextService() {
     // The module is on its way out and has nobody left to tell.
   }
 }
+
+void forgetTextService() { textService = nullptr; }

@@ -55,7 +55,8 @@ void supportedSystemNames(Lst<_bstr_t>& names) {
   names.pushBack(L"Windows Server 2003 Service Pack 1");
 }
 
-_bstr_t unsupportedSystemText(_bstr_t text) {
+_bstr_t unsupportedSystemText(const _bstr_t& firstLine) {
+  _bstr_t text = firstLine;
   Lst<_bstr_t> names;
   supportedSystemNames(names);
   while (!names.isEmpty()) {
@@ -158,11 +159,13 @@ _bstr_t systemMessage(HRESULT code) {
     void operator()(wchar_t* memory) const { LocalFree(memory); }
   };
   wchar_t* buffer = nullptr;
-  // Inserts are left alone. MinGW's _com_error::ErrorMessage asks for them, has none to give, and
-  // so gets no text for any code whose message has a place for one.
+  // As Microsoft's _com_error::ErrorMessage asks: in the user's language, and inserts are left
+  // alone. That of MinGW's header asks for them, has none to give, and so gets no text for any code
+  // whose message has a place for one.
+  constexpr DWORD language = MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT);
   size_t length = FormatMessageW(
       FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
-      nullptr, static_cast<DWORD>(code), 0, reinterpret_cast<wchar_t*>(&buffer), 0, nullptr);
+      nullptr, static_cast<DWORD>(code), language, reinterpret_cast<wchar_t*>(&buffer), 0, nullptr);
   const std::unique_ptr<wchar_t, LocalMemory> message(buffer);
   if (length == 0) {
     const _com_error error(code);

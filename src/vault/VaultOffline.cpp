@@ -14,8 +14,7 @@ bool isVaultOffline(const wchar_t* vaultName) {
   DWORD value = 0;
   DWORD type = REG_NONE;
   DWORD size = sizeof(value);
-  const LONG result = RegQueryValueExW(vault.key(), offline, nullptr, &type,
-                                       reinterpret_cast<BYTE*>(&value), &size);
+  const LONG result = vault.query(offline, &type, &value, &size);
   const bool isNumber = type == REG_DWORD || type == REG_DWORD_BIG_ENDIAN;
   return result == ERROR_SUCCESS && isNumber && size == sizeof(value) && value != 0;
 }

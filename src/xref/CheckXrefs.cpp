@@ -3,16 +3,17 @@
 #include <windows.h>
 
 #include <acdocman.h>
-#include <acedxref.h>
 #include <axlock.h>
 #include <dbapserv.h>
+#include <dbmain.h>
+#include <acedxref.h>
 
 #include <comdef.h>
 #include <map>
 #include <memory>
 #include <stdexcept>
 
-#include "foundation/AppMessageBox.h"
+#include "foundation/FailureBox.h"
 #include "vault/CheckedCall.h"
 #include "vault/OpenVaultFile.h"
 #include "vault/ResultCodes.h"
@@ -22,6 +23,7 @@
 #include "xref/XrefInfo.h"
 #include "xref/XrefPaths.h"
 #include "xref/XrefStateObserver.h"
+#include "xref/XrefWork.h"
 
 namespace {
 
@@ -84,7 +86,9 @@ void XrefChecker::findFiles(const AcDbGraphNode& root) {
 }
 
 void XrefChecker::enterNewXref(const AcDbXrefGraphNode& node) {
-  // A ghost has no block of its own: it counts as the file that was read before it.
+  // The host's graph has ghosts, nodes of xrefs that an unloaded one would bring; they have no
+  // block of their own. Such a node counts as the file that was read before it, which is one of
+  // this check in any case: what it really stands for can't be read before its parent is loaded.
   readXrefBlock(node.btrId(), xref);
   if (!view) openVaultViewRecord(app, view, drawingFolder);
   CString path;
@@ -165,9 +169,10 @@ XrefCheck checkLocked(AppContext& app, XrefStateObserver& observer, const CStrin
   } catch (const ResultCode& code) {
     return static_cast<XrefCheck>(code.value);
   } catch (const _com_error& error) {
-    const CString text = L"Error reading xref information from database.\nCause:" +
-                         textOf(resultCodeText(error.Error()));
-    appMessageBox(text.c_str(), MB_ICONINFORMATION);
+    failureBox(L"Error reading xref information from database.", error.Error(), [&] {
+      return L"Error reading xref information from database.\nCause:" +
+             resultCodeText(error.Error());
+    });
     return XrefCheck::failed;
   }
 }
@@ -175,12 +180,15 @@ XrefCheck checkLocked(AppContext& app, XrefStateObserver& observer, const CStrin
 }  // namespace
 
 XrefCheck checkXrefs(AppContext& app, XrefStateObserver& observer, bool update) {
+  // One at a time: its files would be fetched and its xrefs unloaded twice.
+  if (XrefWork::goesOn()) return XrefCheck::impossible;
+  const XrefWork work;
   AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
   if (!database) return XrefCheck::impossible;
   CString folder;
   try {
     folder = currentDrawingFolder();
-  } catch (const std::exception&) {
+  } catch (const std::runtime_error&) {
     return XrefCheck::impossible;
   }
   AcAxDocLock lock(database);

@@ -8,7 +8,8 @@ enum class XrefCheck {
   current = 0,     ///< every xref that could be looked at is current
   outOfDate = 1,   ///< at least one was found out of date, also if it was then refreshed
   noXrefs = 2,     ///< the drawing has no xrefs, or its folder is in no vault
-  impossible = 3,  ///< no drawing, no folder, the document lock refused, no graph
+  impossible = 3,  ///< no drawing, no folder, the document lock refused, no graph, or work on xrefs
+                   ///< going on already
   failed = 4,      ///< the vault failed, and the user has been told
 };
 

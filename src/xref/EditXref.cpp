@@ -4,6 +4,7 @@
 
 #include <acdocman.h>
 #include <acedads.h>
+#include <dbmain.h>
 #include <acedxref.h>
 
 #include <comdef.h>
@@ -16,6 +17,7 @@
 #include "xref/XrefInfo.h"
 #include "xref/XrefList.h"
 #include "xref/XrefPaths.h"
+#include "xref/XrefWork.h"
 
 namespace {
 
@@ -37,7 +39,7 @@ CheckOutNeed EditedFile::need(AppContext& app) {
     if (isCheckedOutHere(file, folder)) return CheckOutNeed::none;
     acedPrompt(loadMessage(54, "Cannot edit Xref. File is checked out elsewhere."));
   } catch (const _com_error& error) {
-    reportComError(app, client, error, loadMessage(12, "Error getting check out data."));
+    reportComError(app, client, error, {12, "Error getting check out data."});
   }
   return CheckOutNeed::refused;
 }
@@ -46,12 +48,13 @@ void EditedFile::checkOutForEditing(AppContext& app) {
   try {
     checkOut(app, file, folder);
   } catch (const _com_error& error) {
-    reportComError(app, client, error, loadMessage(10, "Error checking out file."));
+    reportComError(app, client, error, {10, "Error checking out file."});
   }
 }
 
 /// @return false if the xref can't be edited; the user has been told.
 bool unloadForEditing(AppContext& app, const XrefInfo& xref) {
+  const XrefWork work;
   EditedFile vault;
   CheckOutNeed need = CheckOutNeed::none;
   if (openVaultFileLegacy(app, xref.path, vault.client, vault.folder, vault.file, false)) {
@@ -63,10 +66,21 @@ bool unloadForEditing(AppContext& app, const XrefInfo& xref) {
   return true;
 }
 
-void openInApplicationContext(void* data) {
-  const std::unique_ptr<const CString> path(static_cast<const CString*>(data));
-  acDocManagerPtr()->appContextOpenDocument(path->c_str());
-}
+/// Loads an unloaded xref again, unless its window is on its way.
+class Reload {
+ public:
+  explicit Reload(const CString& name) : name(name) {}
+  Reload(const Reload&) = delete;
+  Reload& operator=(const Reload&) = delete;
+  ~Reload() {
+    if (!cancelled) acedXrefReload(name.c_str(), true, nullptr);
+  }
+  void cancel() { cancelled = true; }
+
+ private:
+  const CString& name;
+  bool cancelled = false;
+};
 
 }  // namespace
 
@@ -79,18 +93,25 @@ void editxref(AppContext& app, XrefList& pendingReloads) {
   }
   if (!unloadForEditing(app, xref)) return;
 
-  auto path = std::make_unique<CString>(xref.path);
-  CharUpperW(path->data());
-  pendingReloads.add(*path, xref.name, acDocManagerPtr()->curDocument());
-  // A document's context can't open another document; the callback owns the path.
-  acDocManagerPtr()->executeInApplicationContext(openInApplicationContext, path.release());
+  Reload reload(xref.name);
+  CString path = xref.path;
+  CharUpperW(path.data());
+  pendingReloads.add(path, xref.name, acDocManagerPtr()->curDocument());
+  // From here on the return to the parent loads the xref.
+  reload.cancel();
+  // A document's context can't open another document.
+  app.laterCalls.inApplicationContext(
+      [path] { acDocManagerPtr()->appContextOpenDocument(path.c_str()); });
 }
 
 bool isOpenForEditing(AppContext&, const CString& path, AcApDocument** found) {
   const std::unique_ptr<AcApDocumentIterator> open(acDocManagerPtr()->newAcApDocumentIterator());
   for (; !open->done(); open->step()) {
     AcApDocument* document = open->document();
-    if (lstrcmpiW(document->fileName(), path.c_str()) != 0 || document->isReadOnly()) continue;
+    // Without a copy: what a lack of memory kept unloaded would stay so until the next activation.
+    const ACHAR* name = document->fileName();
+    const bool same = name != nullptr && lstrcmpiW(name, path.c_str()) == 0;
+    if (!same || document->isReadOnly()) continue;
     if (found) *found = document;
     return true;
   }
@@ -101,8 +122,7 @@ void onDocumentActivated(AppContext& app, XrefList& pendingReloads, AcApDocument
   for (bool found = pendingReloads.findFirstOfDocument(document); found;
        found = pendingReloads.findNext()) {
     if (isOpenForEditing(app, pendingReloads.currentPath())) continue;
-    const CString name = pendingReloads.currentName();
-    pendingReloads.removeCurrent();
+    const CString name = pendingReloads.removeCurrent();
     acedXrefReload(name.c_str(), true, nullptr);
   }
 }

@@ -4,8 +4,9 @@
 #include <shlwapi.h>
 
 #include <acedads.h>
-#include <acedxref.h>
 #include <adscodes.h>
+#include <dbmain.h>
+#include <acedxref.h>
 
 #include "vault/CheckedCall.h"
 #include "vault/ItemIdList.h"
@@ -15,6 +16,7 @@
 #include "xref/XrefInfo.h"
 #include "xref/XrefPaths.h"
 #include "xref/XrefStateObserver.h"
+#include "xref/XrefWork.h"
 
 namespace {
 
@@ -57,6 +59,7 @@ void getXrefVersion(AppContext& app, XrefStateObserver& observer, long version,
   }
   // Asked for the client's sake; an xref that is checked out here takes the version all the same.
   isCheckedOutHere(file, folder);
+  const XrefWork work;
   std::set<CString> tree;
   if (collectXrefTree(xref.name, tree)) {
     for (const CString& name : tree) acedXrefUnload(name.c_str(), true, nullptr);

@@ -11,8 +11,6 @@
 
 namespace {
 
-_COM_SMARTPTR_TYPEDEF(IUnknown, __uuidof(IUnknown));
-
 CString quotesDoubled(const wchar_t* text) {
   CString doubled;
   for (; *text; ++text) {

@@ -2,8 +2,9 @@
 
 #include "foundation/CString.h"
 
-/// The meter in the host's status bar, for as long as the holder lives; it appears with the first
-/// step.
+/// Tells the user what the fetching of many files is at, which may take minutes without a window of
+/// its own: the meter in the host's status bar, for as long as the holder lives; it appears with
+/// the first step.
 class ProgressMeter {
  public:
   /// @param steps number of steps until all is done.

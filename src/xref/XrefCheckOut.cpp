@@ -2,8 +2,9 @@
 
 #include <windows.h>
 
-#include <acedxref.h>
 #include <adscodes.h>
+#include <dbmain.h>
+#include <acedxref.h>
 
 #include <comdef.h>
 #include <vector>
@@ -17,6 +18,7 @@
 #include "xref/SelectionSet.h"
 #include "xref/XrefInfo.h"
 #include "xref/XrefPaths.h"
+#include "xref/XrefWork.h"
 
 namespace {
 
@@ -43,7 +45,7 @@ bool pickXrefs(std::vector<XrefInfo>& xrefs) {
 
 bool checkOutXref(AppContext& app, LegacyFile& vault, const CString& name) {
   const auto report = [&](const _com_error& error) {
-    reportComError(app, vault.client, error, loadMessage(10, "Error checking out file."));
+    reportComError(app, vault.client, error, {10, "Error checking out file."});
   };
   try {
     if (isCheckedOut(vault.file)) return false;
@@ -67,7 +69,7 @@ bool checkInXref(AppContext& app, LegacyFile& vault) {
     const _bstr_t name = nameOf(vault.file);
     RunMenuCmd(shellFolderOf(vault.folder), name, L"Unlock").doModal(app.mainWindow);
   } catch (const _com_error& error) {
-    reportComError(app, vault.client, error, loadMessage(11, "Error checking in file."));
+    reportComError(app, vault.client, error, {11, "Error checking in file."});
   }
   return true;
 }
@@ -82,6 +84,7 @@ void xrefCommand(AppContext& app, bool lock) {
 
 bool changeXrefCheckOut(AppContext& app, CString path, const CString& name, bool lock) {
   if (!makeAbsolute(path)) return false;
+  const XrefWork work;
   LegacyFile vault;
   if (!openVaultFileLegacy(app, path, vault.client, vault.folder, vault.file, false)) return false;
   return lock ? checkOutXref(app, vault, name) : checkInXref(app, vault);

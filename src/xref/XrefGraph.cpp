@@ -1,6 +1,5 @@
 #include "xref/XrefGraph.h"
 
-#include <acedxref.h>
 #include <dbapserv.h>
 
 #include <cwchar>

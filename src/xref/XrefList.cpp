@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <utility>
+
 XrefList::~XrefList() {
   while (head) {
     Row* row = head;
@@ -49,12 +51,12 @@ bool XrefList::matches(const Row& row) const {
   return lstrcmpiW(row.path.c_str(), searchPath.c_str()) == 0;
 }
 
-CString XrefList::currentPath() const { return cursor ? cursor->path : CString(); }
+const CString& XrefList::currentPath() const { return cursor ? cursor->path : none; }
 
-CString XrefList::currentName() const { return cursor ? cursor->name : CString(); }
+const CString& XrefList::currentName() const { return cursor ? cursor->name : none; }
 
-void XrefList::removeCurrent() {
-  if (!cursor) return;
+CString XrefList::removeCurrent() {
+  if (!cursor) return {};
   Row* row = cursor;
   cursor = row->previous;
   if (row->previous) {
@@ -63,5 +65,7 @@ void XrefList::removeCurrent() {
     head = row->next;
   }
   if (row->next) row->next->previous = row->previous;
+  CString name = std::move(row->name);
   delete row;
+  return name;
 }

@@ -30,12 +30,12 @@ class XrefList {
   bool findNext();
 
   /// The cursor row's field, or an empty string without a cursor.
-  CString currentPath() const;
-  CString currentName() const;
+  const CString& currentPath() const;
+  const CString& currentName() const;
 
-  /// Takes the cursor row out. The cursor goes to the row before it, so that findNext meets the
-  /// removed row's successor.
-  void removeCurrent();
+  /// Takes the cursor row out, which needs no memory, and gives the block name that it had. The
+  /// cursor goes to the row before it, so that findNext meets the removed row's successor.
+  CString removeCurrent();
 
  private:
   enum class SearchMode { none, byPath, byDocument };
@@ -51,6 +51,7 @@ class XrefList {
   bool findFirst(SearchMode mode);
   bool matches(const Row& row) const;
 
+  const CString none;
   SearchMode searchMode = SearchMode::none;
   CString searchPath;
   AcApDocument* searchDocument = nullptr;

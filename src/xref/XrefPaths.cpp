@@ -44,7 +44,7 @@ bool makeAbsolute(CString& path, CString* folder) {
   if (base.empty()) {
     try {
       base = currentDrawingFolder();
-    } catch (const std::exception&) {
+    } catch (const std::runtime_error&) {
       return false;
     }
   }

@@ -23,6 +23,10 @@ class LispApp : public ArxMfcApp {
   LispApp() : ArxMfcApp(L"Brand", 1, 0, 1) {}
 
   AcRx::AppRetCode initApp(void*) override;
+  int getServiceName(CString& name) override {
+    name = L"Measuring";
+    return 1;
+  }
   AcRx::AppRetCode loadDwg(void*) override {
     say(L"loadDwg");
     return AcRx::kRetOK;
@@ -52,7 +56,7 @@ AcRx::AppRetCode LispApp::initApp(void*) {
 
 }  // namespace
 
-extern "C" __declspec(dllexport) int acrxGetApiVersion() { return ACRX_API_VERSION_R17; }
+extern "C" __declspec(dllexport) int acrxGetApiVersion() { return 17 << 16; }
 
 extern "C" __declspec(dllexport) AcRx::AppRetCode
     acrxEntryPoint(AcRx::AppMsgCode message, void* packet) {

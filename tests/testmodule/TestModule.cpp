@@ -8,6 +8,7 @@
 #include <acdocman.h>
 #include <aced.h>
 #include <acutmem.h>
+#include <adscodes.h>
 #include <appinfo.h>
 #include <axlock.h>
 #include <dbapserv.h>
@@ -242,7 +243,7 @@ void end() {
 
 }  // namespace
 
-extern "C" __declspec(dllexport) int acrxGetApiVersion() { return ACRX_API_VERSION_R17; }
+extern "C" __declspec(dllexport) int acrxGetApiVersion() { return 17 << 16; }
 
 extern "C" __declspec(dllexport) AcRx::AppRetCode
     acrxEntryPoint(AcRx::AppMsgCode message, void* appId) {

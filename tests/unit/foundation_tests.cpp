@@ -9,14 +9,16 @@
 #include "foundation/CString.h"
 #include "foundation/DelPtr.h"
 #include "foundation/FormatText.h"
+#include "foundation/HostMemory.h"
 #include "foundation/Lst.h"
 
 namespace {
 
 /// Counts the copies of itself that are alive.
 struct Counted {
-  explicit Counted(int number) : number(number) { ++alive; }
+  explicit Counted(int number = 0) : number(number) { ++alive; }
   Counted(const Counted& other) : number(other.number) { ++alive; }
+  Counted& operator=(const Counted&) = default;
   ~Counted() { --alive; }
 
   int number;
@@ -68,8 +70,8 @@ TEST(Lst, ReleasesEachValueOnce) {
   _bstr_t text(L"shared");
   {
     Lst<_bstr_t> list;
-    list.pushBack(text);
-    list.pushBack(text);
+    list.pushBack(_bstr_t(text));
+    list.pushBack(_bstr_t(text));
     EXPECT_STREQ(list.popFront(), L"shared");
   }
   // Detach works on the last reference only, and not on a string that is gone.
@@ -77,6 +79,18 @@ TEST(Lst, ReleasesEachValueOnce) {
   ASSERT_NO_THROW(last = text.Detach());
   EXPECT_STREQ(last, L"shared");
   SysFreeString(last);
+}
+
+TEST(Lst, TakesATextOverFromItsHolder) {
+  _bstr_t text(L"taken");
+  Lst<_bstr_t> list;
+  list.pushBack(std::move(text));
+  EXPECT_TRUE(!text);  // NOLINT(bugprone-use-after-move): that it is empty is what counts
+  _bstr_t taken = list.popFront();
+  BSTR only = nullptr;
+  ASSERT_NO_THROW(only = taken.Detach()) << "nobody else holds it";
+  EXPECT_STREQ(only, L"taken");
+  SysFreeString(only);
 }
 
 TEST(CMap, KeepsFirstValueOfAKeyAndTheOrderOfInsertion) {
@@ -204,4 +218,27 @@ TEST(FormatText, PercentSigns) {
   EXPECT_EQ(formatText(L"%-", {1}), L"%-");
   EXPECT_EQ(formatText(L"%5.", {1}), L"%5.");
   EXPECT_EQ(formatText(L"", {1}), L"");
+}
+
+int busyBlocks(HANDLE heap) {
+  PROCESS_HEAP_ENTRY entry{};
+  int count = 0;
+  while (HeapWalk(heap, &entry)) {
+    if ((entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0) ++count;
+  }
+  return count;
+}
+
+TEST(HostMemory, GoesBackToTheHeapThatItCameFrom) {
+  const HANDLE heap = HeapCreate(0, 0, 0);
+  const int before = busyBlocks(heap);
+  void* const block = HeapAlloc(heap, 0, 32);
+  ASSERT_EQ(busyBlocks(heap), before + 1);
+  freeHostMemory(block);
+  EXPECT_EQ(busyBlocks(heap), before);
+  int ofNoHeap = 7;
+  freeHostMemory(&ofNoHeap);
+  freeHostMemory(nullptr);
+  EXPECT_EQ(ofNoHeap, 7);
+  HeapDestroy(heap);
 }

@@ -120,7 +120,7 @@ TEST(CommandGuard, RunsTheRoutineBetweenBeginAndEnd) {
   EXPECT_EQ(app.calls, (Calls{"beginCommand", "routine", "endCommand"}));
 
   app.calls.clear();
-  EXPECT_ANY_THROW((guardedCommand<RecordingApp, failingRoutine>()));
+  EXPECT_THROW((guardedCommand<RecordingApp, failingRoutine>()), _com_error);
   EXPECT_EQ(app.calls, Calls{"beginCommand"});
 
   app.calls.clear();

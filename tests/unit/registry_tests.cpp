@@ -59,6 +59,25 @@ TEST_F(RegistryTest, OpenReplacesWhatWasOpenAndKeepsTheResult) {
   EXPECT_TRUE(registry.open(HKEY_CURRENT_USER, nullptr, KEY_READ, true));
 }
 
+TEST_F(RegistryTest, KeepsTheResultOfReadingAndWriting) {
+  setNumber(HKEY_CURRENT_USER, addin, L"number", 1);
+  Registry registry;
+  ASSERT_TRUE(registry.open(HKEY_CURRENT_USER, addin.c_str(), KEY_READ));
+  DWORD number = 0;
+  CString text;
+  EXPECT_FALSE(readSetting(registry, L"missing", number));
+  EXPECT_EQ(registry.lastResult(), ERROR_FILE_NOT_FOUND);
+  EXPECT_TRUE(readSetting(registry, L"number", number));
+  EXPECT_EQ(registry.lastResult(), ERROR_SUCCESS);
+  EXPECT_FALSE(readRegistryString(registry, L"missing", text));
+  EXPECT_EQ(registry.lastResult(), ERROR_FILE_NOT_FOUND);
+  ASSERT_TRUE(registry.open(HKEY_CURRENT_USER, addin.c_str(), KEY_WRITE));
+  EXPECT_EQ(registry.set(L"number", REG_DWORD, &number, sizeof(number)), ERROR_SUCCESS);
+  registry.close();
+  EXPECT_NE(registry.set(L"number", REG_DWORD, &number, sizeof(number)), ERROR_SUCCESS);
+  EXPECT_EQ(registry.lastResult(), ERROR_INVALID_HANDLE);
+}
+
 TEST_F(RegistryTest, StringsOfEveryShape) {
   setText(HKEY_CURRENT_USER, addin, L"plain", L"text");
   setBytes(HKEY_CURRENT_USER, addin, L"ended", REG_SZ, L"text", 5 * sizeof(wchar_t));

@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "core/Text.h"
+#include "host/ImportWatch.h"
 
 namespace {
 
@@ -38,9 +39,23 @@ void writeBlock(DxfFile& file, const std::wstring& name, const std::wstring& pat
   file.group(8, L"0");
 }
 
+void expectOrderIn(const std::vector<std::wstring>& told, const std::vector<std::wstring>& texts,
+                   const std::string& recent) {
+  size_t at = 0;
+  for (const std::wstring& text : texts) {
+    while (at < told.size() && told[at].find(text) == std::wstring::npos) ++at;
+    if (at == told.size()) {
+      ADD_FAILURE() << "not told in its place: " << wb::toUtf8(text) << "\n----\n" << recent;
+      return;
+    }
+    ++at;
+  }
+}
+
 }  // namespace
 
 ModuleSession::ModuleSession() : session(options()) {
+  wb::Transcript::instance().keepDetails(wb::apartmentBalance);
   writeDrawing(L"small.dxf");
   run("@vault create Works %WORK%\\View\n"
       "@vault add %WORK%\\View\\Plan.dxf from %WORK%\\small.dxf comment First issue\n");
@@ -50,6 +65,21 @@ void ModuleSession::TearDown() {
   mark();
   session.end();
   EXPECT_EQ(count(L"leak: "), 0) << recent();
+  checkWhatHoldsEverywhere();
+}
+
+// All text goes to the host to be run in the drawing as if typed there. Boxes and dialogs belong to
+// the editor; those of the client belong to the module's dialog about its verb.
+void ModuleSession::checkWhatHoldsEverywhere() const {
+  for (const wb::Transcript::Detail& detail : wb::Transcript::instance().details()) {
+    if (detail.line.rfind(L"sent: ", 0) == 0) {
+      EXPECT_EQ(detail.line, L"sent: activate, echo");
+    }
+    if (detail.line.rfind(L"owner: ", 0) != 0) continue;
+    const bool ofClient = detail.line.rfind(L"owner: \"Check in ", 0) == 0;
+    const std::wstring owner = ofClient ? L" of \"Dialog\"" : L" of the main window";
+    EXPECT_NE(detail.line.find(owner), std::wstring::npos) << wb::toUtf8(detail.line);
+  }
 }
 
 wb::SessionOptions ModuleSession::options() {
@@ -123,7 +153,10 @@ void ModuleSession::openPlan() {
   mark();
 }
 
-void ModuleSession::mark() { start = session.transcript().size(); }
+void ModuleSession::mark() {
+  start = session.transcript().size();
+  detailStart = wb::Transcript::instance().details().size();
+}
 
 std::vector<std::wstring> ModuleSession::lines() const {
   const auto& all = session.transcript();
@@ -143,14 +176,20 @@ int ModuleSession::count(std::wstring_view text) const {
 }
 
 void ModuleSession::expectOrder(const std::vector<std::wstring>& texts) const {
-  const std::vector<std::wstring> told = lines();
-  size_t at = 0;
-  for (const std::wstring& text : texts) {
-    while (at < told.size() && told[at].find(text) == std::wstring::npos) ++at;
-    if (at == told.size()) {
-      ADD_FAILURE() << "not told in its place: " << wb::toUtf8(text) << "\n----\n" << recent();
-      return;
-    }
-    ++at;
+  expectOrderIn(lines(), texts, recent());
+}
+
+void ModuleSession::expectDetails(const std::vector<std::wstring>& texts) const {
+  std::vector<std::wstring> told;
+  std::string text;
+  for (const wb::Transcript::Detail& detail : details()) {
+    told.push_back(detail.line);
+    text += wb::toUtf8(detail.line) + "\n";
   }
+  expectOrderIn(told, texts, text);
+}
+
+std::vector<wb::Transcript::Detail> ModuleSession::details() const {
+  const auto& all = wb::Transcript::instance().details();
+  return {all.begin() + static_cast<std::ptrdiff_t>(detailStart), all.end()};
 }

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/Store.h"
+#include "core/Transcript.h"
 #include "host/Session.h"
 
 /// A session with the real module and the real client, and a vault "Works" whose view
@@ -30,6 +31,8 @@ class ModuleSession : public testing::Test {
   void expectOrder(const std::vector<std::wstring>& texts) const;
   /// How many lines told since the mark hold the text.
   int count(std::wstring_view text) const;
+  /// The same among the notes and the lines since the mark.
+  void expectDetails(const std::vector<std::wstring>& texts) const;
   /// The lines told since the mark.
   std::vector<std::wstring> lines() const;
   /// The same as one text, in UTF-8.
@@ -58,8 +61,14 @@ class ModuleSession : public testing::Test {
 
   static wb::SessionOptions options();
 
+  /// The notes and lines since the mark, each with the levels of COM that the module had then.
+  std::vector<wb::Transcript::Detail> details() const;
+
   wb::Session session;
 
  private:
+  void checkWhatHoldsEverywhere() const;
+
   size_t start = 0;
+  size_t detailStart = 0;
 };

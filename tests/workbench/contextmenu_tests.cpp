@@ -124,7 +124,10 @@ TEST_F(ContextMenu, AFailureOfTheClientIsToldAndLeavesNoEntries) {
   openSheet();
   run("@fail VaultFileLegacy.isCheckedOut E_QVT_PERMISSION_DENIED\n@answer ok\n@pick "
       "Grid\n@menu\n");
-  expectOrder({L"box: flags=MB_OK|MB_ICONINFORMATION", L"menu: no entries"});
+  expectOrder(
+      {L"box: flags=MB_OK|MB_ICONINFORMATION title=\"Tessaro\" text=\"You don't have "
+       L"permission to perform this action.\"",
+       L"menu: no entries"});
   EXPECT_EQ(count(L"uncaught"), 0) << recent();
 }
 

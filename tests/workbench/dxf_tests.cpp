@@ -1,11 +1,64 @@
 #include "DrawingTest.h"
 
+#include "host/DrawingDatabase.h"
 #include "host/DxfGroups.h"
 #include "host/DxfText.h"
 
 namespace {
 
-using DxfTest = DrawingTest;
+/// Text files in which the lines of a drawing come back in other shapes.
+class DxfTest : public DrawingTest {
+ protected:
+  // A reader of its own: the lines up to the end mark, whatever ends them.
+  static std::vector<std::string> linesOf(const std::string& bytes) {
+    const char end = bytes.find('\n') == std::string::npos ? '\r' : '\n';
+    std::vector<std::string> lines(1);
+    for (const char byte : bytes) {
+      if (byte == end) {
+        while (!lines.back().empty() && lines.back().back() == '\r') lines.back().pop_back();
+        if (lines.back() == "EOF") return lines;
+        lines.emplace_back();
+      } else {
+        lines.back() += byte;
+      }
+    }
+    return lines;
+  }
+  static std::string joined(const std::vector<std::string>& lines,
+                            const std::vector<std::string>& ends, bool endsLast) {
+    std::string result;
+    for (size_t index = 0; index < lines.size(); ++index) {
+      result += lines[index];
+      if (endsLast || index + 1 < lines.size()) result += ends[index % ends.size()];
+    }
+    return result;
+  }
+  // Changes the drawing as a user does, saves and opens it: nothing but the remark is new.
+  void changeSaveAndOpen(wb::Drawing& drawing, const std::string& before) {
+    drawing.edit();
+    std::wstring error;
+    ASSERT_TRUE(drawing.save(folder / L"changed.dxf", error)) << wb::toUtf8(error);
+    std::vector<std::string> after = linesOf(bytesOf(folder / L"changed.dxf"));
+    ASSERT_LT(4u, after.size());
+    const auto remark = after.end() - 4;
+    EXPECT_EQ("999", *remark);
+    EXPECT_EQ("edit ", remark[1].substr(0, 5));
+    after.erase(remark, remark + 2);
+    EXPECT_EQ(linesOf(before), after);
+    EXPECT_TRUE(open(folder / L"changed.dxf"));
+  }
+  // True if it opens.
+  bool survives(const std::string& bytes) {
+    const fs::path file = folder / L"variant.dxf";
+    write(file, bytes);
+    std::wstring error;
+    const auto drawing = wb::Drawing::load(file, error);
+    EXPECT_NE(drawing == nullptr, error.empty());
+    EXPECT_EQ(bytes, bytesOf(file));
+    if (drawing) changeSaveAndOpen(*drawing, bytes);
+    return drawing != nullptr;
+  }
+};
 
 TEST_F(DxfTest, AnUntouchedDrawingIsWrittenByteForByte) {
   const auto samples = sampleDrawings();
@@ -85,14 +138,73 @@ TEST_F(DxfTest, WhatIsNoCompleteAsciiDxfIsRefusedWithItsReason) {
 
 // Cut anywhere, a drawing must never open as if it were whole.
 TEST_F(DxfTest, ACutDrawingNeverOpens) {
-  const std::string whole = bytesOf(projectFolder() / L"tests/drawings/small_r14.dxf");
-  const size_t end = whole.rfind("EOF") + 3;
-  for (size_t length = 0; length < end; length += length < end - 200 ? 97 : 1) {
-    wb::DxfGroups groups;
-    std::wstring error;
-    EXPECT_FALSE(groups.parse(whole.substr(0, length), error)) << length;
-    EXPECT_FALSE(error.empty()) << length;
+  for (const fs::path& sample : sampleDrawings()) {
+    const std::string whole = bytesOf(sample);
+    const size_t end = whole.rfind("EOF") + 3;
+    for (size_t length = 0; length < end; length += length < end - 100 ? end / 50 : 1) {
+      wb::DxfGroups groups;
+      std::wstring error;
+      EXPECT_FALSE(groups.parse(whole.substr(0, length), error)) << sample << length;
+      EXPECT_FALSE(error.empty()) << length;
+    }
   }
+}
+
+TEST_F(DxfTest, WhateverEndsItsLinesADrawingCanBeChanged) {
+  const std::vector<std::vector<std::string>> ends = {
+      {"\n"}, {"\r\n"}, {"\r"}, {"\r\r\n"}, {"\n", "\r\n", "\r\n"}, {"\r\n", "\n", "\n"}};
+  for (const fs::path& sample : sampleDrawings()) {
+    const std::vector<std::string> lines = linesOf(bytesOf(sample));
+    for (const auto& one : ends) {
+      for (const bool endsLast : {true, false}) {
+        EXPECT_TRUE(survives(joined(lines, one, endsLast))) << sample << one[0].size() << endsLast;
+      }
+    }
+    EXPECT_FALSE(survives(joined(lines, {"\n", "\r"}, true))) << "which of them end lines?";
+    EXPECT_FALSE(survives(joined(lines, {"\r", "\n"}, false)));
+  }
+}
+
+// Some of them are drawings still, with a longer text or another number in them.
+TEST_F(DxfTest, JoinedLinesAreRefusedOrCanBeChanged) {
+  for (const fs::path& sample : sampleDrawings()) {
+    const std::vector<std::string> lines = linesOf(bytesOf(sample));
+    for (size_t at = 0; at + 2 < lines.size();
+         at += at + 10 < lines.size() ? lines.size() / 20 : 1) {
+      std::vector<std::string> fewer = lines;
+      fewer[at] += fewer[at + 1];
+      fewer.erase(fewer.begin() + static_cast<std::ptrdiff_t>(at) + 1);
+      EXPECT_FALSE(survives(joined(fewer, {"\n"}, false))) << sample << at;
+      fewer[at] += fewer[at + 1];
+      fewer.erase(fewer.begin() + static_cast<std::ptrdiff_t>(at) + 1);
+      survives(joined(fewer, {"\r\n"}, at % 2 == 0));
+    }
+  }
+}
+
+TEST_F(DxfTest, WhatWouldNotBeTheDrawingIsNotSaved) {
+  const auto drawing = openText(dxf("0 SECTION\n2 ENTITIES\n0 ENDSEC\n"));
+  const std::string before = bytesOf(folder / L"text.dxf");
+  for (const char* remark : {"one\ntwo", "one\r\n  0\r\nEOF", "a\n999\nb"}) {
+    drawing->content().addRemark(remark);
+    std::wstring error;
+    EXPECT_FALSE(drawing->save(folder / L"text.dxf", error)) << remark;
+    EXPECT_EQ(0u, error.find(L"the file wouldn't be this drawing any more: line ")) << remark;
+    EXPECT_EQ(before, bytesOf(folder / L"text.dxf"));
+    EXPECT_EQ(1, std::distance(fs::directory_iterator(folder), {}));
+  }
+}
+
+TEST_F(DxfTest, AnAddedGroupStaysAndGoesWithTheObjectBeforeIt) {
+  wb::DxfGroups groups;
+  std::wstring error;
+  ASSERT_TRUE(groups.parse("0\nTEXT\n8\nA\n0\nTEXT\n8\nB\n0\nEOF", error));
+  groups.addBefore(2, 1, "a");
+  groups.addBefore(4, 1, "b");
+  groups.remove(2, 4);
+  EXPECT_EQ("0\nTEXT\n8\nA\n  1\na\n0\nEOF", groups.bytes());
+  EXPECT_TRUE(groups.areReadFrom(groups.bytes(), error));
+  EXPECT_FALSE(groups.areReadFrom("0\nTEXT\n8\nA\n0\nEOF", error));
 }
 
 TEST(DxfTextTest, TextSurvivesInEveryEncoding) {

@@ -2,6 +2,8 @@
 
 #include "XrefSession.h"
 #include "core/Text.h"
+#include "host/DocumentManager.h"
+#include "host/Host.h"
 
 namespace {
 
@@ -34,6 +36,7 @@ TEST_F(EditXref, AFreeFileIsLetGoCheckedOutAndOpenedInItsOwnWindow) {
   EXPECT_EQ(count(L"xref: loaded"), 0) << "its window is still open";
   run("@activate " + windowOf(L"Grid.dxf") + "\n@close " + windowOf(L"Grid.dxf") + "\n");
   EXPECT_EQ(count(L"xref: loaded Grid"), 1) << "the sheet came to the top again, " << recent();
+  run("@open %WORK%\\View\\Plan.dxf\n");
   backToSheet();
   EXPECT_EQ(count(L"xref: loaded"), 0) << "once is enough";
 }
@@ -87,8 +90,9 @@ TEST_F(EditXref, OfTwoEditedXrefsTheOneWhoseWindowHasGoneIsLoadedAgain) {
   backToSheet();
   EXPECT_EQ(count(L"xref: loaded Loose"), 1) << recent();
   EXPECT_EQ(count(L"xref: loaded Grid"), 0) << recent();
-  run("@close " + windowOf(L"Grid.dxf") + "\n");
+  run("@close " + windowOf(L"Grid.dxf") + "\n@activate %WORK%\\View\\Plan.dxf\n");
   backToSheet();
+  EXPECT_EQ(count(L"xref: loaded Grid"), 1) << recent();
   EXPECT_EQ(count(L"xref: loaded Loose"), 0) << recent();
 }
 
@@ -101,6 +105,16 @@ TEST_F(EditXref, AParentThatIsClosedMeanwhileIsForgotten) {
   EXPECT_EQ(count(L"xref: "), 0) << recent();
   run("@open " + sheet() + "\n");
   EXPECT_EQ(count(L"xref: loaded Grid"), 1) << recent();
+}
+
+TEST_F(EditXref, AReloadThatWaitedForAClosedParentIsNotThatOfAnotherAtItsAddress) {
+  wb::Host::instance().documents().reuseAddresses();
+  openSheet();
+  edit("Grid");
+  run("@save " + sheet() + "\n@close " + sheet() + "\n@open " + sheet() + "\n");
+  mark();
+  run("@close " + windowOf(L"Grid.dxf") + "\n");
+  EXPECT_EQ(count(L"xref: loaded"), 0) << recent();
 }
 
 TEST_F(EditXref, AFailedCheckOutIsToldAndTheFileOpensWithoutIt) {

@@ -1,6 +1,10 @@
 #include <filesystem>
 
 #include "ModuleSession.h"
+#include "host/Document.h"
+#include "host/DocumentManager.h"
+#include "host/Drawing.h"
+#include "host/Host.h"
 
 namespace {
 
@@ -108,6 +112,14 @@ TEST_F(Guard, YesGivesTheChangesUpAndChecksOut) {
   EXPECT_EQ(count(L"box: "), 1) << recent();
   EXPECT_EQ(count(L"read-only"), 0) << recent();
   EXPECT_EQ(warningsAfter("@edit\n@edit\n"), 0) << recent();
+}
+
+TEST_F(Guard, YesGivesTheChangesUpEvenIfTheVaultCantBeReachedThen) {
+  openUnwatched();
+  check();
+  run("@fail VaultClient.vaultNameFromPath E_FAIL after 1\n@answer yes\n@edit\n");
+  EXPECT_EQ(count(L"_CLOSE"), 0) << recent();
+  EXPECT_EQ(wb::Host::instance().documents().active()->drawing()->dbmod(), 0) << recent();
 }
 
 TEST_F(Guard, ChangeOfTheSettingTakesEffectAtTheNextCheck) {

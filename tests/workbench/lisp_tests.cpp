@@ -1,5 +1,8 @@
 // The frame's LISP functions, with an application that offers some.
 
+#include <rxdict.h>
+#include <rxobject.h>
+
 #include "ModuleSession.h"
 
 namespace {
@@ -30,6 +33,15 @@ TEST_F(Lisp, FunctionsReachEachDrawing) {
   unload();
   run("(distance)\nBrand_measure\n");
   EXPECT_EQ(count(L"called"), 0) << recent();
+}
+
+TEST_F(Lisp, TheServiceIsEnteredForAsLongAsTheApplicationIsLoaded) {
+  const auto* services = static_cast<AcRxDictionary*>(acrxSysRegistry()->at(L"ServiceDictionary"));
+  EXPECT_TRUE(services->at(L"Measuring"));
+  unload();
+  EXPECT_FALSE(services->at(L"Measuring"));
+  load();
+  EXPECT_TRUE(services->at(L"Measuring"));
 }
 
 TEST_F(Lisp, TheFirstRefusalEndsTheDefinitions) {

@@ -87,6 +87,17 @@ TEST_F(Load, EntersEverythingInItsOrderAndTakesAllOfItBack) {
   EXPECT_EQ(count(L"client: "), 0) << recent();
 }
 
+TEST_F(Load, TakesItselfBackFromTheCommandsToTheVaultClient) {
+  run("@load\n@open %WORK%\\View\\Plan.dxf\n");
+  mark();
+  run("@unload\n");
+  expectDetails({L"back: command Tessaro_install", L"back: command Tessaro_asklock",
+                 L"back: select-file callback Tessaro", L"back: context menu AcDbBlockReference",
+                 L"back: reactor AcEditorReactor", L"back: reactor AcApDocManagerReactor",
+                 L"back: menu", L"WndPosX", L"back: window Tessaro Status",
+                 L"back: com TextService", L"back: com VaultClient"});
+}
+
 TEST_F(Load, WithADrawingOpenServesItFromItsNextActivationOn) {
   run("@open %WORK%\\View\\Plan.dxf\n@open %WORK%\\small.dxf\n@load\n");
   mark();

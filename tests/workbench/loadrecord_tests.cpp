@@ -22,6 +22,13 @@ TEST_F(LoadRecord, InstallWritesTheRecordAndUninstallTakesItAway) {
                  L"prompt: \"Tessaro AutoCAD add-in has been registered successfully.\"",
                  L"prompt: \"Tessaro AutoCAD add-in has been registered successfully.\""});
     EXPECT_EQ(count(L"box: "), 0) << recent();
+    EXPECT_EQ(count(L"reg: load record TessaroACAD = <bin>\\TessaroAcad.arx, reason 2"), 2)
+        << recent();
+    // Only this user's record, of a module for the editor alone.
+    for (const wb::Transcript::Detail& detail : details()) {
+      if (detail.line.rfind(L"record: ", 0) != 0) continue;
+      EXPECT_TRUE(detail.line == L"record: write" || detail.line == L"record: delete");
+    }
   }
   run("Tessaro_uninstall\n");
   EXPECT_TRUE(wb::filesToLoadAtStart().empty());

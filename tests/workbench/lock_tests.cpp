@@ -1,8 +1,13 @@
 #include <windows.h>
 
 #include <acedads.h>
+#include <adscodes.h>
 
 #include "ModuleSession.h"
+#include "host/Document.h"
+#include "host/DocumentManager.h"
+#include "host/Drawing.h"
+#include "host/Host.h"
 
 namespace {
 
@@ -196,6 +201,19 @@ TEST_F(Lock, AFailureAheadOfTheQuestionLeavesTheDrawingAsItIs) {
     EXPECT_EQ(count(L"box: ") + count(L"send: ") + count(L"doc: "), 0) << recent();
     EXPECT_EQ(changeMark(), changed);
     EXPECT_FALSE(isHeld());
+  }
+}
+
+// Bits of DBMOD other than that of the drawing's objects: a view or a variable was changed.
+TEST_F(Lock, AnyChangeCountsAsOne) {
+  openPlan();
+  for (const int change : {2, 4, 8, 16}) {
+    mark();
+    wb::Host::instance().documents().active()->drawing()->setDbmod(static_cast<short>(change));
+    run("@answer no\nTessaro_lock\n");
+    EXPECT_EQ(count(L"text=\"The file 'Plan.dxf' has been modified since opened. If you check out"),
+              1)
+        << recent();
   }
 }
 

@@ -43,25 +43,6 @@ TEST_F(Words, TheTitleIsTheProductsNameAsTheRegistryHasItNow) {
   }
 }
 
-TEST_F(Words, FollowTheClientsLanguage) {
-  useLanguage(workbenchFile(L"client/language-de.txt"));
-  run("@load\n@reg set EditWarning 0\n");
-  showBox();
-  EXPECT_EQ(count(L"text=\"Dieser Befehl ist nur verfügbar, wenn eine Zeichnung geöffnet ist.\""),
-            1)
-      << recent();
-  run("@open %WORK%\\View\\Plan.dxf\n@answer no\nTessaro_lock\n@edit\n@answer no\nTessaro_lock\n");
-  EXPECT_EQ(count(L"text=\"Möchten Sie die Datei 'Plan.dxf' auschecken?\" answer=no"), 1)
-      << recent();
-  EXPECT_EQ(count(L"text=\"Die Datei 'Plan.dxf' wurde seit dem Öffnen geändert."), 1) << recent();
-  run("@fail checkOut E_QVT_FILE_SHARE_ERROR\n@answer yes\n@answer ok\nTessaro_lock\n");
-  EXPECT_EQ(count(L"text=\"Fehler beim Auschecken der Datei.\\nStellen Sie sicher, dass weder"), 1)
-      << recent();
-  run("@answer yes\nTessaro_lock\n@answer no\nTessaro_unlock\n");
-  EXPECT_EQ(count(L"text=\"Ihre Änderungen an der Datei 'Plan.dxf' werden gespeichert, und"), 1)
-      << recent();
-}
-
 TEST_F(Words, PlaceholdersThatDoNotFitDoNoHarm) {
   run("@load\n@open %WORK%\\View\\Plan.dxf\n@reg set EditWarning 0\n");
   const std::vector<std::pair<std::string, std::wstring>> translations = {

@@ -66,7 +66,11 @@ TEST_F(Properties, AFailureOfTheClientIsToldInPlaceOfTheDialog) {
   openSheet();
   run("@fail VaultFile.currentState E_QVT_FILE_NOT_FOUND\n@answer ok\n@pick Grid\n"
       "Tessaro_properties\n");
-  EXPECT_EQ(count(L"box: flags=MB_OK|MB_ICONINFORMATION"), 1) << recent();
+  EXPECT_EQ(count(L"box: flags=MB_OK|MB_ICONINFORMATION title=\"Tessaro\" "
+                  L"text=\"The file could not be found.\""),
+            1)
+      << recent();
+  EXPECT_EQ(count(L"dialog: "), 0) << recent();
 }
 
 }  // namespace

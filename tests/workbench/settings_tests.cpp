@@ -3,7 +3,9 @@
 #include <algorithm>
 
 #include "ModuleSession.h"
+#include "StubbornKey.h"
 #include "core/Text.h"
+#include "host/Host.h"
 
 namespace {
 
@@ -31,6 +33,9 @@ class Settings : public ModuleSession {
 TEST_F(Settings, DefaultsAreShownAndWrittenInTheirOrder) {
   openPlan();
   run("@answer ok\nTessaro_settings\n");
+  expectDetails({L"1023=\"Add-in version : 12.0.0.408\"",
+                 L"place: \"Tessaro add-in settings\" in the "
+                 L"middle of its owner"});
   expectOrder({L"dialog: \"Tessaro add-in settings\"", L"XrefMonitoringInterval=5", L"StatusWnd=1",
                L"Autolock=0", L"EditWarning=1"});
 }
@@ -86,12 +91,33 @@ TEST_F(Settings, AnythingButOkChangesNothing) {
   }
 }
 
-TEST_F(Settings, TextsComeInTheLanguageOfTheClient) {
-  session.run("@client language " + wb::toUtf8(workbenchFile(L"client/language-de.txt")) +
-              "\n@load\n@new\n");
-  mark();
-  run("@answer cancel\nTessaro_settings\n");
-  EXPECT_EQ(count(L"dialog: \"Einstellungen des Tessaro-Zusatzmoduls\""), 1) << recent();
+TEST_F(Settings, TheDialogIsWholeOnTheScreenWhereverTheEditorStands) {
+  openPlan();
+  const HWND editor = wb::Host::instance().mainWindow();
+  RECT before{};
+  GetWindowRect(editor, &before);
+  for (const auto& [left, top] : {std::pair(1100, 700), {-900, -500}}) {
+    mark();
+    SetWindowPos(editor, nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+    run("@answer cancel\nTessaro_settings\n");
+    expectDetails({L"place: \"Tessaro add-in settings\" whole on the screen"});
+  }
+  SetWindowPos(editor, nullptr, before.left, before.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+}
+
+TEST_F(Settings, WhatTheRegistryRefusesIsSkippedWithoutAWord) {
+  openPlan();
+  const StubbornKey refusing(L"Software\\Halvern");
+  run("@fill 1002 2\n@check 1001 on\n@answer ok\nTessaro_settings\n");
+  const std::wstring create =
+      L"reg: create HKCU\\Software\\Halvern\\Applications\\Quillstone Suite\\TessaroACAD -> "
+      L"Windows error " +
+      std::to_wstring(ERROR_CHILD_MUST_BE_VOLATILE);
+  EXPECT_EQ(count(create), 4) << recent();
+  EXPECT_EQ(count(L"reg: set") + count(L"box: "), 0) << recent();
+  expectWindow(L"timer=120000");
+  run("@window close\n");
+  expectWindow(L" hidden, ");
 }
 
 }  // namespace

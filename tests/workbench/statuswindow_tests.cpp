@@ -1,6 +1,7 @@
 #include <windows.h>
 
 #include <aced.h>
+#include <adscodes.h>
 
 #include <cctype>
 #include <filesystem>
@@ -152,7 +153,7 @@ TEST_F(StatusWindow, SwitchingShowsTheLastKnownStateWithoutAskingTheVault) {
   run("@activate " + other + "\n");
   expectShown({"unchecked disabled", "checked", "1/1"});
   EXPECT_EQ(count(L"VaultClient.") + count(L"CoCreateInstance"), 0) << recent();
-  run("@close\n@activate " + plan + "\n");
+  run("@close\n");
   expectShown(noXrefs);
 }
 
@@ -187,7 +188,7 @@ TEST_F(StatusWindow, TickShowsWhatBecameOfTheXrefs) {
   run("@click 1005\n");
   EXPECT_EQ(count(L"getLocalCopy"), 1) << recent();
   expectShown({"checked enabled", "unchecked", "1/1"});
-  run("@activate %WORK%\\View\\Site.dxf\n@tick\n");
+  run("@tick\n");
   expectShown({"checked enabled", "unchecked", "1/1"});
 }
 
@@ -296,7 +297,7 @@ TEST_F(StatusWindow, ClosingLastsUntilTheSettingsBringItBack) {
   expectOrder({L"WndPosX=123", L"WndPosY=-7"});
   run("@load\n");
   mark();
-  run("@activate %WORK%\\View\\Site.dxf\n@close\n@open %WORK%\\View\\Site.dxf\n");
+  run("@close\n@open %WORK%\\View\\Site.dxf\n");
   EXPECT_EQ(count(L"VaultQuery."), 0) << recent();
   EXPECT_FALSE(isShown());
   EXPECT_FALSE(timerRuns());

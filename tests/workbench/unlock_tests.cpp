@@ -58,6 +58,7 @@ TEST_F(Unlock, ChangedIsSavedFirstAndTheVaultHasTheNewVersion) {
                L"doc: destroyed " + plan, L"InvokeCommand(verb=\"Unlock\"",
                L"file: version 2 by engineer: Walls moved", L"file: not checked out"});
   EXPECT_EQ(count(L"QSAVE"), 1) << recent();
+  expectDetails({L"argument: \"_QSAVE\" of 8 bits"});
   // The second version is the drawing without its line, the first stays what it was.
   run("@vault fetch %WORK%\\View\\Plan.dxf 1\n");
   EXPECT_EQ(file_size(viewFolder() / L"Plan.dxf"), file_size(workFolder() / L"small.dxf"));

@@ -2,8 +2,10 @@
 
 #include <accmd.h>
 #include <acedads.h>
-#include <acedxref.h>
+#include <adscodes.h>
 #include <dbsymtb.h>
+#include <xgraph.h>
+#include <acedxref.h>
 
 #include "host/Selection.h"
 

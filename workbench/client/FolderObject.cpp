@@ -10,7 +10,7 @@
 namespace wb {
 namespace {
 
-constexpr HRESULT shellFileNotFound = HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);
+const HRESULT shellFileNotFound = HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);
 
 /// The path of a file of the folder that the vault holds and lets the user see.
 std::wstring vaultPath(const std::wstring& folder, LPCITEMIDLIST item) {

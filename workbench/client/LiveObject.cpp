@@ -12,6 +12,15 @@ namespace {
 
 std::atomic<long> liveObjects = 0;
 
+/// While the process ends, the libraries go one after the other: a call that comes then may be one
+/// into nothing, and ends the process at once by an exit code of its own.
+void refuseAtTheEnd() {
+  constexpr UINT calledAtTheEnd = 70;
+  static const auto ending = reinterpret_cast<BOOLEAN(WINAPI*)()>(reinterpret_cast<void*>(
+      GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "RtlDllShutdownInProgress")));
+  if (ending && ending()) TerminateProcess(GetCurrentProcess(), calledAtTheEnd);
+}
+
 }  // namespace
 
 LiveObject::LiveObject(std::wstring label) : label_(std::move(label)) {
@@ -24,11 +33,13 @@ LiveObject::~LiveObject() { --liveObjects; }
 bool LiveObject::any() { return liveObjects > 0; }
 
 ULONG LiveObject::addReference() {
+  refuseAtTheEnd();
   references.push_back(handOut(L"com", label_));
   return static_cast<ULONG>(references.size());
 }
 
 ULONG LiveObject::removeReference() {
+  refuseAtTheEnd();
   giveBack(references.back());
   references.pop_back();
   return static_cast<ULONG>(references.size());

@@ -19,6 +19,7 @@ struct Entry {
   std::wstring kind;
   std::wstring label;
   bool kept = false;
+  bool isMemory = false;  ///< it may come back on any thread
 };
 
 // The allocator's spy is called on any thread.
@@ -116,13 +117,18 @@ Ticket handOut(std::wstring kind, std::wstring label) {
 
 void giveBack(Ticket ticket) {
   const std::lock_guard lock(accountsMutex);
-  entries.erase(ticket);
+  const auto found = entries.find(ticket);
+  if (found == entries.end()) return;
+  if (!found->second.isMemory) note(L"back", found->second.kind + L" " + found->second.label);
+  entries.erase(found);
 }
 
 Ticket handOutMemory(const void* block, std::wstring kind, std::wstring label) {
   if (!block || !watchesFrees()) return 0;
   const std::lock_guard lock(accountsMutex);
-  return memory[block] = handOut(std::move(kind), std::move(label));
+  const Ticket ticket = handOut(std::move(kind), std::move(label));
+  entries[ticket].isMemory = true;
+  return memory[block] = ticket;
 }
 
 void leaveMemoryOut() { leftOut = true; }

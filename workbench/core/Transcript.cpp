@@ -61,6 +61,15 @@ struct Transcript::State {
   size_t mark = 0;
   bool echo = false;
   size_t problems = 0;
+  std::function<int()> apartments;  ///< empty unless details are kept
+  std::vector<Detail> details;
+
+  std::wstring lineOf(std::wstring_view kind, std::wstring_view detail) const {
+    std::wstring line = std::wstring(kind) + L": " + std::wstring(detail);
+    escapeLineEnds(line);
+    for (const Alias& alias : aliases) replaceFolder(line, alias);
+    return line;
+  }
 };
 
 Transcript::Transcript() : state(std::make_unique<State>()) {}
@@ -99,19 +108,29 @@ void Transcript::alias(std::wstring folder, std::wstring name) {
                    });
 }
 
+void Transcript::keepDetails(std::function<int()> apartments) {
+  state->apartments = std::move(apartments);
+}
+
+const std::vector<Transcript::Detail>& Transcript::details() const { return state->details; }
+
 size_t Transcript::problems() const { return state->problems; }
 
 void tell(std::wstring_view kind, std::wstring_view detail) {
   Transcript::State& state = *Transcript::instance().state;
-  std::wstring line = std::wstring(kind) + L": " + std::wstring(detail);
-  escapeLineEnds(line);
-  for (const Alias& alias : state.aliases) replaceFolder(line, alias);
+  std::wstring line = state.lineOf(kind, detail);
   if (kind == L"error" || kind == L"leak") ++state.problems;
   if (state.echo) {
     std::fputs((toUtf8(line) + "\n").c_str(), stdout);
     std::fflush(stdout);
   }
+  if (state.apartments) state.details.push_back({line, state.apartments()});
   state.lines.push_back(std::move(line));
+}
+
+void note(std::wstring_view kind, std::wstring_view detail) {
+  Transcript::State& state = *Transcript::instance().state;
+  if (state.apartments) state.details.push_back({state.lineOf(kind, detail), state.apartments()});
 }
 
 std::wstring quoted(std::wstring_view text) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -10,6 +11,10 @@ namespace wb {
 /// Tells one event: the line "kind: detail", kept in the transcript and echoed if asked for. Line
 /// ends in it are written as \n and \r.
 void tell(std::wstring_view kind, std::wstring_view detail);
+
+/// Notes for a test what isn't worth a line, such as an argument that changes nothing here. Of no
+/// effect unless the transcript keeps details.
+void note(std::wstring_view kind, std::wstring_view detail);
 
 /// Text in double quotes on one line: \n \r \t \e \" stand for what they name.
 std::wstring quoted(std::wstring_view text);
@@ -36,11 +41,21 @@ class Transcript {
   /// slashes of either kind; of several the longest counts.
   void alias(std::wstring folder, std::wstring name);
 
+  /// A line or a note.
+  struct Detail {
+    std::wstring line;
+    int apartments;  ///< how many levels of COM the module had open then
+  };
+  /// From here to clear() the notes are kept among the lines.
+  void keepDetails(std::function<int()> apartments);
+  const std::vector<Detail>& details() const;
+
   /// How many `error` and `leak` lines were told.
   size_t problems() const;
 
  private:
   friend void tell(std::wstring_view kind, std::wstring_view detail);
+  friend void note(std::wstring_view kind, std::wstring_view detail);
   Transcript();
   ~Transcript();
   struct State;

@@ -10,6 +10,7 @@
 #include "core/Transcript.h"
 #include "host/DialogActions.h"
 #include "host/DialogReader.h"
+#include "host/Host.h"
 #include "host/RandomAnswers.h"
 
 namespace wb {
@@ -208,6 +209,11 @@ void Answers::State::inspect(HWND window) {
   OpenDialog* dialog = find(window);
   if (!dialog) return;
   if (!looksModal(window)) return forget(window);
+  const HWND owner = GetWindow(window, GW_OWNER);
+  note(L"owner", wb::quoted(windowTitle(window)) + L" of " +
+                     (owner == Host::instance().mainWindow() ? L"the main window"
+                      : owner                                ? wb::quoted(windowTitle(owner))
+                                                             : L"nobody"));
   if (hasControls(window)) {
     // A dialog shows itself when its loop runs out of messages for the first time. A timer comes
     // after that, as the person does.
@@ -265,6 +271,8 @@ void Answers::State::carryOut(HWND window, const Answer& answer) {
   const std::wstring text = messageBoxText(window);
   const std::wstring title = wb::quoted(windowTitle(window));
   std::wstring line = text.empty() ? title : L"title=" + title + L" text=" + wb::quoted(text);
+  note(L"shown", allTexts(window));
+  note(L"place", title + L' ' + placeOf(window));
   for (const AnswerStep& step : answer.steps) {
     std::wstring told;
     const std::wstring problem = performStep(window, step, told);

@@ -10,7 +10,7 @@ namespace wb {
 ClientLibrary::ClientLibrary(const std::wstring& file) {
   if (file.empty()) return;
   library = LoadLibraryW(file.c_str());
-  // It stays: GCC's run-time library doesn't give back what it takes of the process.
+  // It stays: a process has many sessions, one after the other.
   if (library && GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN, file.c_str(), &library)) return;
   throw std::runtime_error("the client " + toUtf8(file) + " can't be loaded, Windows error " +
                            std::to_string(GetLastError()));

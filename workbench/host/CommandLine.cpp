@@ -1,6 +1,7 @@
 #include "host/CommandLine.h"
 
 #include <acedads.h>
+#include <adscodes.h>
 
 #include <cstdarg>
 #include <cstring>
@@ -29,8 +30,11 @@ namespace {
 std::wstring textArgument(const void* argument) {
   const char* bytes = static_cast<const char*>(argument);
   if (!bytes || !bytes[0]) return {};
-  if (bytes[1]) return std::wstring(bytes, bytes + std::strlen(bytes));
-  return static_cast<const wchar_t*>(argument);
+  const bool narrow = bytes[1] != 0;
+  std::wstring text = narrow ? std::wstring(bytes, bytes + std::strlen(bytes))
+                             : static_cast<const wchar_t*>(argument);
+  note(L"argument", wb::quoted(text) + (narrow ? L" of 8 bits" : L" of 16 bits"));
+  return text;
 }
 
 bool parseInteger(const std::wstring& text, int& value) {

@@ -2,14 +2,13 @@
 
 #include <windows.h>
 
-#include <accmd.h>
-
 #include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "core/Accounts.h"
+#include "host/NotServedEditor.h"
 
 namespace wb {
 
@@ -24,7 +23,7 @@ struct Command {
 };
 
 /// The commands by name. A name, global or local, can be used once.
-class CommandStack : public AcEdCommandStack {
+class CommandStack : public NotServedCommandStack {
  public:
   Acad::ErrorStatus addCommand(const ACHAR* cmdGroupName, const ACHAR* cmdGlobalName,
                                const ACHAR* cmdLocalName, Adesk::Int32 commandFlags,

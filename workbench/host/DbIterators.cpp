@@ -1,8 +1,7 @@
-#include <algorithm>
-
 #include "core/StandInTime.h"
 #include "host/DbObjects.h"
 #include "host/DrawingDatabase.h"
+#include "host/HandleLedger.h"
 
 namespace {
 
@@ -11,38 +10,37 @@ bool isErased(AcDbObjectId id) {
   return !imp || imp->erased;
 }
 
-/// Something of the host's that an application deletes.
-class Lent {
- public:
-  explicit Lent(std::wstring label) : ticket(wb::handOut(L"iterator", std::move(label))) {}
-  ~Lent() { wb::giveBack(ticket); }
-  Lent(const Lent&) = delete;
-  Lent& operator=(const Lent&) = delete;
+wb::HandleLedger<const void*>& iterators() {
+  static wb::HandleLedger<const void*> ledger(L"iterator");
+  return ledger;
+}
 
- private:
-  wb::Ticket ticket;
-};
+}  // namespace
 
 /// The attributes of a reference as they were when the iterator was made.
-class AttributeIterator : public AcDbObjectIterator {
+class AcDbSpaceIterator {
  public:
-  explicit AttributeIterator(const wb::ReferenceImp& reference)
-      : lent(L"AcDbObjectIterator of " + reference.label()), ids(reference.attributes) {
+  explicit AcDbSpaceIterator(const wb::ReferenceImp& reference) : ids(reference.attributes) {
     start(false);
   }
 
-  void start(bool atEnd) override {
+  static AcDbObjectIterator* make(const wb::ReferenceImp& reference) {
+    auto* iterator = new AcDbObjectIterator(new AcDbSpaceIterator(reference));
+    iterators().opened(iterator, L"AcDbObjectIterator of " + reference.label());
+    return iterator;
+  }
+
+  void start(bool atEnd) {
     position = atEnd ? last() : 0;
     skip(atEnd);
   }
-  bool done() const override { return position < 0 || position > last(); }
-  void step(bool backwards, bool skipDeleted) override {
-    const wb::InStandIn inside;
+  bool done() const { return position < 0 || position > last(); }
+  void step(bool backwards, bool skipDeleted) {
     if (done()) return;
     position += backwards ? -1 : 1;
     if (skipDeleted) skip(backwards);
   }
-  AcDbObjectId objectId() const override {
+  AcDbObjectId objectId() const {
     return done() ? AcDbObjectId() : ids[static_cast<size_t>(position)];
   }
 
@@ -52,43 +50,48 @@ class AttributeIterator : public AcDbObjectIterator {
     while (!done() && isErased(objectId())) position += backwards ? -1 : 1;
   }
 
-  Lent lent;
   std::vector<AcDbObjectId> ids;
   std::ptrdiff_t position = 0;
 };
 
-}  // namespace
+AcDbObjectIterator::AcDbObjectIterator(AcDbSpaceIterator* pImpIterator)
+    : mpImpIterator(pImpIterator) {}
 
+AcDbObjectIterator::~AcDbObjectIterator() {
+  const wb::InStandIn inside;
+  iterators().closed(this);
+  delete mpImpIterator;
+}
+
+void AcDbObjectIterator::start(bool atEnd) {
+  const wb::InStandIn inside;
+  mpImpIterator->start(atEnd);
+}
+
+bool AcDbObjectIterator::done() const { return mpImpIterator->done(); }
+
+void AcDbObjectIterator::step(bool backwards, bool skipDeleted) {
+  const wb::InStandIn inside;
+  mpImpIterator->step(backwards, skipDeleted);
+}
+
+AcDbObjectId AcDbObjectIterator::objectId() { return mpImpIterator->objectId(); }
+
+/// Makes what only the host may make.
 class AcDbBlockReferenceIdIteratorImp {
  public:
-  explicit AcDbBlockReferenceIdIteratorImp(const wb::BlockRecordImp& record)
-      : lent(L"AcDbBlockReferenceIdIterator of " + record.label()), ids(record.references) {}
-
   static AcDbBlockReferenceIdIterator* make(const wb::BlockRecordImp& record) {
-    auto iterator = std::unique_ptr<AcDbBlockReferenceIdIterator>(new AcDbBlockReferenceIdIterator);
-    iterator->imp = new AcDbBlockReferenceIdIteratorImp(record);
-    return iterator.release();
+    auto* iterator = new AcDbBlockReferenceIdIterator;
+    for (const AcDbObjectId id : record.references) iterator->mAry.append(id);
+    iterators().opened(iterator, L"AcDbBlockReferenceIdIterator of " + record.label());
+    return iterator;
   }
-
-  Lent lent;
-  std::vector<AcDbObjectId> ids;
-  size_t position = 0;
 };
 
-AcDbBlockReferenceIdIterator::AcDbBlockReferenceIdIterator() = default;
+AcDbBlockReferenceIdIterator::AcDbBlockReferenceIdIterator() : mPos(0) {}
 AcDbBlockReferenceIdIterator::~AcDbBlockReferenceIdIterator() {
   const wb::InStandIn inside;
-  delete imp;
-}
-
-void AcDbBlockReferenceIdIterator::start() {
-  const wb::InStandIn inside;
-  imp->position = 0;
-}
-bool AcDbBlockReferenceIdIterator::done() const { return imp->position >= imp->ids.size(); }
-void AcDbBlockReferenceIdIterator::step() {
-  const wb::InStandIn inside;
-  if (!done()) ++imp->position;
+  iterators().closed(this);
 }
 
 Acad::ErrorStatus AcDbBlockReferenceIdIterator::getBlockReference(AcDbBlockReference*& pBlkRef,
@@ -97,7 +100,7 @@ Acad::ErrorStatus AcDbBlockReferenceIdIterator::getBlockReference(AcDbBlockRefer
   const wb::InStandIn inside;
   pBlkRef = nullptr;
   if (done()) return Acad::eInvalidIndex;
-  return acdbOpenObject(pBlkRef, imp->ids[imp->position], openMode, openErasedRec);
+  return acdbOpenObject(pBlkRef, mAry[mPos], openMode, openErasedRec);
 }
 
 Acad::ErrorStatus AcDbBlockTableRecord::newBlockReferenceIdIterator(
@@ -115,5 +118,5 @@ AcDbObjectIterator* AcDbBlockReference::attributeIterator() const {
   const wb::InStandIn inside;
   const auto* imp = static_cast<const wb::ReferenceImp*>(
       AcDbObjectImp::read(this, L"AcDbBlockReference::attributeIterator"));
-  return imp ? new AttributeIterator(*imp) : nullptr;
+  return imp ? AcDbSpaceIterator::make(*imp) : nullptr;
 }

@@ -1,14 +1,11 @@
-#include <acdblmgr.h>
 #include <dbapserv.h>
 
 #include "host/Drawing.h"
-#include "host/RxClasses.h"
-
-WB_DEFINE_RX_CLASS(AcDbLayoutManager, AcRxObject)
+#include "host/NotServedEditor.h"
 
 namespace {
 
-class LayoutManager : public AcDbLayoutManager {
+class LayoutManager : public wb::NotServedLayoutManager {
  public:
   const ACHAR* findActiveLayout(bool allowModel) override {
     const AcDbDatabase* working = acdbHostApplicationServices()->workingDatabase();

@@ -1,5 +1,6 @@
 #include "host/DbObjects.h"
 
+#include <functional>
 #include <unordered_map>
 
 #include "core/Faults.h"
@@ -118,16 +119,20 @@ AcDbObjectImp* AcDbObjectImp::write(const AcDbObject* object, const wchar_t* ope
   return nullptr;
 }
 
-WB_DEFINE_RX_CLASS(AcDbObject, AcRxObject)
+WB_DEFINE_RX_CLASS(AcGiDrawable, AcRxObject)
+WB_DEFINE_RX_CLASS(AcDbObject, AcGiDrawable)
 WB_DEFINE_RX_CLASS(AcDbEntity, AcDbObject)
 WB_DEFINE_RX_CLASS(AcDbObjectIterator, AcRxObject)
 
+AcGiDrawable::AcGiDrawable() = default;
 AcDbObject::AcDbObject() = default;
 AcDbObject::~AcDbObject() = default;
 AcDbEntity::AcDbEntity() = default;
 AcDbEntity::~AcDbEntity() = default;
-AcDbObjectIterator::AcDbObjectIterator() = default;
-AcDbObjectIterator::~AcDbObjectIterator() = default;
+
+bool c5ObjIdIsLessThan(const AcDbStub* first, const AcDbStub* second) {
+  return std::less<>()(first, second);
+}
 
 // The host gives both ids of an object that isn't open as well.
 AcDbObjectId AcDbObject::objectId() const { return imp->id; }

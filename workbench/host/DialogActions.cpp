@@ -101,9 +101,11 @@ class StepPerformer {
     if (index < 0 || index >= ListView_GetItemCount(list)) return noSuchRow(index);
     SetFocus(list);
     ListView_EnsureVisible(list, index, FALSE);
-    RECT label{};
-    ListView_GetItemRect(list, index, &label, LVIR_LABEL);
-    const LPARAM point = MAKELPARAM(label.left + 2, (label.top + label.bottom) / 2);
+    // On the words of its last column, as people do: it is the row that they mean.
+    RECT cell{};
+    const int last = Header_GetItemCount(ListView_GetHeader(list)) - 1;
+    ListView_GetSubItemRect(list, index, last, LVIR_LABEL, &cell);
+    const LPARAM point = MAKELPARAM(cell.left + 8, (cell.top + cell.bottom) / 2);
     // Setting the state would select the row without marking it, as no click does.
     clickAt(list, WM_LBUTTONDOWN, point);
     if (activate && IsWindow(list)) clickAt(list, WM_LBUTTONDBLCLK, point);

@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include <cwchar>
+#include <cstdlib>
 #include <iterator>
 
 #include "core/Text.h"
@@ -138,6 +139,41 @@ std::wstring controlTexts(HWND dialog) {
     }
   }
   return texts;
+}
+
+std::wstring allTexts(HWND dialog) {
+  std::wstring texts = wb::quoted(windowTitle(dialog)) + controlTexts(dialog);
+  for (const HWND button : pushButtons(dialog)) texts += L' ' + wb::quoted(windowTitle(button));
+  for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+    if (windowClass(child) != WC_LISTVIEWW) continue;
+    for (int column = 0; column < Header_GetItemCount(ListView_GetHeader(child)); ++column) {
+      wchar_t heading[256] = L"";
+      LVCOLUMNW asked{};
+      asked.mask = LVCF_TEXT;
+      asked.pszText = heading;
+      asked.cchTextMax = static_cast<int>(std::size(heading));
+      SendMessageW(child, LVM_GETCOLUMNW, static_cast<WPARAM>(column),
+                   reinterpret_cast<LPARAM>(&asked));
+      texts += L' ' + wb::quoted(heading);
+    }
+  }
+  return texts;
+}
+
+std::wstring placeOf(HWND dialog) {
+  RECT own{}, around{}, common{};
+  GetWindowRect(dialog, &own);
+  GetWindowRect(GetWindow(dialog, GW_OWNER), &around);
+  const auto isMiddle = [](LONG first, LONG second) { return std::abs(first - second) <= 1; };
+  if (isMiddle(own.left + own.right - around.left, around.right) &&
+      isMiddle(own.top + own.bottom - around.top, around.bottom)) {
+    return L"in the middle of its owner";
+  }
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof(monitor);
+  GetMonitorInfoW(MonitorFromWindow(dialog, MONITOR_DEFAULTTONEAREST), &monitor);
+  IntersectRect(&common, &own, &monitor.rcWork);
+  return EqualRect(&common, &own) ? L"whole on the screen" : L"partly off the screen";
 }
 
 std::vector<HWND> pushButtons(HWND dialog) {

@@ -29,6 +29,12 @@ std::wstring messageBoxText(HWND dialog);
 /// its list views.
 std::wstring controlTexts(HWND dialog);
 
+/// The caption and whatever words its controls show, buttons and headings with them.
+std::wstring allTexts(HWND dialog);
+
+/// Whether it stands in the middle of its owner, or else whole on the screen, in words.
+std::wstring placeOf(HWND dialog);
+
 /// The push buttons that can be seen, in tab order.
 std::vector<HWND> pushButtons(HWND dialog);
 

@@ -37,7 +37,12 @@ std::wstring documentOrActive(Arguments& arguments) {
 
 void activate(ScriptContext&, Arguments& arguments) {
   if (arguments.atEnd()) arguments.fail(L"something is missing");
-  Host::instance().activate(documentOrActive(arguments));
+  const std::wstring path = documentOrActive(arguments);
+  const DocumentManager& documents = Host::instance().documents();
+  if (documents.find(path) == documents.active()) {
+    throw ScriptError(wb::quoted(path) + L" is on top already");
+  }
+  Host::instance().activate(path);
 }
 
 void close(ScriptContext&, Arguments& arguments) {

@@ -75,6 +75,20 @@ void choose(ScriptContext&, Arguments& arguments) {
   throw ScriptError(L"the menu has no item " + wb::quoted(text));
 }
 
+void chooseAny(ScriptContext&, Arguments& arguments) {
+  const auto seed = static_cast<size_t>(arguments.number());
+  arguments.end();
+  ContextMenus& menus = Host::instance().menus();
+  std::vector<MenuItem> possible;
+  for (const MenuItem& item : menus.items()) {
+    if (!item.grayed && !item.isPopup) possible.push_back(item);
+  }
+  if (!isOpenFor(menus, Selection::instance().picked()) || possible.empty()) {
+    throw ScriptError(L"no menu with an item to choose is open on the pick set");
+  }
+  menus.choose(possible[seed % possible.size()]);
+}
+
 }  // namespace
 
 std::vector<Directive> selectionDirectives() {
@@ -84,6 +98,7 @@ std::vector<Directive> selectionDirectives() {
       {L"select", L"@select NAME..., or @select none", select, true},
       {L"menu", L"@menu, or @menu shot FILE [open SUBMENU]", menu, false},
       {L"choose", L"@choose TEXT, or @choose SUBMENU > TEXT", choose, false},
+      {L"choose-any", L"@choose-any SEED", chooseAny, false},
   };
 }
 

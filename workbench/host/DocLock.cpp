@@ -2,31 +2,45 @@
 
 #include "core/Faults.h"
 #include "core/StandInTime.h"
-#include "core/Accounts.h"
 #include "host/DocumentManager.h"
+#include "host/HandleLedger.h"
 #include "host/Host.h"
 
+namespace {
+
+wb::HandleLedger<const AcAxDocLock*>& locks() {
+  static wb::HandleLedger<const AcAxDocLock*> ledger(L"document lock");
+  return ledger;
+}
+
+}  // namespace
+
 AcAxDocLock::AcAxDocLock(AcDbDatabase* pDb, DocLockType)
-    : status(Acad::eNoDocument), database(pDb), ticket(0) {
+    : m_lockStatus(Acad::eNoDocument),
+      m_pDocToUnlock(nullptr),
+      m_pCurDocToRestore(nullptr),
+      m_restoreActivation(false) {
   const wb::InStandIn inside;
   wb::DocumentManager& manager = wb::Host::instance().documents();
   wb::Document* document = manager.find(pDb);
   if (!document) return;
   if (FAILED(wb::takeFault(L"host.AcAxDocLock")) || !manager.lock(document, AcAp::kWrite, {})) {
-    status = Acad::eLockViolation;
+    m_lockStatus = Acad::eLockViolation;
     return;
   }
-  status = Acad::eOk;
-  ticket = wb::handOut(L"document lock", document->title());
+  m_lockStatus = Acad::eOk;
+  m_pDocToUnlock = document;
+  locks().opened(this, document->title());
 }
 
 AcAxDocLock::~AcAxDocLock() {
   const wb::InStandIn inside;
-  if (status != Acad::eOk) return;
-  wb::giveBack(ticket);
+  if (m_lockStatus != Acad::eOk) return;
+  locks().closed(this);
   wb::DocumentManager& manager = wb::Host::instance().documents();
+  auto* document = static_cast<wb::Document*>(m_pDocToUnlock);
   // The document may have been closed under its lock.
-  if (wb::Document* document = manager.find(database)) manager.unlock(document, {});
+  if (manager.isOpen(document)) manager.unlock(document, {});
 }
 
-Acad::ErrorStatus AcAxDocLock::lockStatus() const { return status; }
+Acad::ErrorStatus AcAxDocLock::lockStatus() const { return m_lockStatus; }

@@ -2,12 +2,12 @@
 
 #include <windows.h>
 
-#include <acdocman.h>
-
 #include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
+
+#include "host/NotServedEditor.h"
 
 namespace wb {
 
@@ -32,7 +32,7 @@ class FileHold {
 
 /// An open drawing. After its closing it stays in memory as a tombstone: an application that still
 /// uses it is told as an `error` instead of taking the process down.
-class Document : public AcApDocument {
+class Document : public NotServedDocument {
  public:
   Document(std::wstring path, bool readOnly);
   ~Document() override;

@@ -55,8 +55,16 @@ Document* DocumentManager::adopt(std::unique_ptr<Document> document,
   return fresh;
 }
 
+std::unique_ptr<Document> DocumentManager::make(const std::wstring& path, bool readOnly) {
+  if (!reusesAddresses_ || tombstones_.empty()) return std::make_unique<Document>(path, readOnly);
+  Document* const place = tombstones_.back().release();
+  tombstones_.pop_back();
+  place->~Document();
+  return std::unique_ptr<Document>(new (place) Document(path, readOnly));
+}
+
 Document* DocumentManager::open(const std::wstring& path, bool readOnly, std::wstring& reason) {
-  auto document = std::make_unique<Document>(path, readOnly || isWriteProtected(path));
+  auto document = make(path, readOnly || isWriteProtected(path));
   Document& fresh = *document;
   const auto fill = [&] {
     if (!isCompletePath(path)) {
@@ -85,7 +93,7 @@ Document* DocumentManager::open(const std::wstring& path, bool readOnly, std::ws
 }
 
 Document* DocumentManager::create(std::wstring& reason) {
-  auto document = std::make_unique<Document>(L"", false);
+  auto document = make(L"", false);
   Document& fresh = *document;
   fresh.caption_ = L"Drawing" + std::to_wstring(++unnamed_);
   Document* created = adopt(std::move(document), [&] {
@@ -131,6 +139,7 @@ bool DocumentManager::save(Document* document, const std::wstring& path, std::ws
   }
   if (!reason.empty()) return false;
   Host::instance().modules().sendToAll(AcRx::kSaveMsg);
+  Host::instance().editor().beginSave(document->databaseOf(), target);
   document->hold_.release();
   const bool saved = document->drawing_->save(target, reason);
   if (saved) {
@@ -144,7 +153,7 @@ bool DocumentManager::save(Document* document, const std::wstring& path, std::ws
   }
   if (!saved) return false;
   tell(L"doc", L"saved " + target);
-  Host::instance().editor().saveComplete(document->databaseOf(), target);
+  Host::instance().editor().saveComplete(document->databaseOf(), target.c_str());
   return true;
 }
 
@@ -226,6 +235,7 @@ void DocumentManager::closeAll() {
 void DocumentManager::forgetClosed() {
   tombstones_.clear();
   deferred_.clear();
+  reusesAddresses_ = false;
   unnamed_ = 0;
   refusals_ = 0;
 }

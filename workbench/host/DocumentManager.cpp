@@ -59,7 +59,7 @@ AcApDocumentIterator* DocumentManager::newAcApDocumentIterator() { return new It
 
 Acad::ErrorStatus DocumentManager::sendStringToExecute(AcApDocument* pAcTargetDocument,
                                                        const ACHAR* pszExecute, bool bActivate,
-                                                       bool, bool) {
+                                                       bool bWrapUpInactiveDoc, bool bEchoString) {
   const InStandIn inside;
   if (!pszExecute || !isOpen(pAcTargetDocument)) {
     tell(L"send", L"refused: " + (pszExecute ? quoted(pszExecute) : L"no text"));
@@ -67,6 +67,8 @@ Acad::ErrorStatus DocumentManager::sendStringToExecute(AcApDocument* pAcTargetDo
   }
   auto* target = static_cast<Document*>(pAcTargetDocument);
   tell(L"send", quoted(pszExecute) + (target == active_ ? L"" : L" to " + target->title()));
+  note(L"sent", std::wstring(bActivate ? L"activate" : L"stay") +
+                    (bWrapUpInactiveDoc ? L", wrap up" : L"") + (bEchoString ? L", echo" : L""));
   Host::instance().input().add(target, pszExecute, bActivate, InputQueue::Origin::Sent);
   return Acad::eOk;
 }

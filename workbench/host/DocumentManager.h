@@ -1,7 +1,5 @@
 #pragma once
 
-#include <acdocman.h>
-
 #include <deque>
 #include <functional>
 #include <memory>
@@ -16,7 +14,7 @@
 namespace wb {
 
 /// The open documents, their life and its events.
-class DocumentManager : public AcApDocManager {
+class DocumentManager : public NotServedDocManager {
  public:
   DocumentManager();
   ~DocumentManager() override;
@@ -51,6 +49,11 @@ class DocumentManager : public AcApDocManager {
   void closeAll();
   /// Frees what was closed; nobody may use it any more.
   void forgetClosed();
+
+  /// A new document takes the address of the one closed last, as memory is used again in the host:
+  /// what an application still remembers of the old one then shows on the new one. Until
+  /// forgetClosed().
+  void reuseAddresses() { reusesAddresses_ = true; }
 
   Document* active() const { return active_; }
   Document* find(std::wstring_view path) const;
@@ -95,6 +98,7 @@ class DocumentManager : public AcApDocManager {
   }
   void fireLock(bool before, Document* document, AcAp::DocLockMode mine, AcAp::DocLockMode next,
                 const std::wstring& name);
+  std::unique_ptr<Document> make(const std::wstring& path, bool readOnly);
   Document* adopt(std::unique_ptr<Document> document, const std::function<bool()>& fill);
   void bringToTop(Document* document, bool fresh);
   bool mayOpenAnother(std::wstring& reason) const;
@@ -110,6 +114,7 @@ class DocumentManager : public AcApDocManager {
   mutable std::deque<std::pair<void (*)(void*), void*>> deferred_;
   unsigned refusals_ = 0;
   unsigned unnamed_ = 0;
+  bool reusesAddresses_ = false;
 };
 
 }  // namespace wb

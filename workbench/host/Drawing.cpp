@@ -77,7 +77,10 @@ std::unique_ptr<Drawing> Drawing::blank() {
 }
 
 bool Drawing::save(const std::filesystem::path& path, std::wstring& error) {
-  if (!replaceDrawing(path, database_->bytes(), error)) return false;
+  const auto isDrawing = [this](const std::string& written, std::wstring& reason) {
+    return database_->isReadFrom(written, reason);
+  };
+  if (!replaceDrawing(path, database_->bytes(), isDrawing, error)) return false;
   path_ = path;
   return true;
 }
@@ -175,10 +178,10 @@ bool Drawing::erase(AcDbObjectId id) {
 
 }  // namespace wb
 
-unsigned short acdbSetDbmod(AcDbDatabase* pDb, short value) {
+long acdbSetDbmod(AcDbDatabase* pDb, long value) {
   wb::Drawing* drawing = wb::Drawing::of(pDb);
   if (!drawing) return 0;
   const short before = drawing->dbmod();
-  drawing->setDbmod(value);
-  return static_cast<unsigned short>(before);
+  drawing->setDbmod(static_cast<short>(value));
+  return before;
 }

@@ -28,7 +28,8 @@ class Drawing {
   Drawing& operator=(const Drawing&) = delete;
 
   /// Writes the drawing; what wasn't changed keeps its bytes. The file is the old one or the new
-  /// one at any moment. False with a clear `error` if it can't be written.
+  /// one at any moment. False with a clear `error` if it can't be written, or wouldn't be read as
+  /// this drawing again.
   bool save(const std::filesystem::path& path, std::wstring& error);
   const std::filesystem::path& path() const { return path_; }
 
@@ -91,4 +92,4 @@ class Drawing {
 }  // namespace wb
 
 /// Sets what the variable DBMOD gives, and returns what it was. Not in the host's headers.
-unsigned short acdbSetDbmod(AcDbDatabase* pDb, short value);
+long acdbSetDbmod(AcDbDatabase* pDb, long value);

@@ -37,6 +37,13 @@ DrawingDatabase::DrawingDatabase(Drawing& drawing)
 
 DrawingDatabase::~DrawingDatabase() = default;
 
+bool DrawingDatabase::isReadFrom(const std::string& bytes, std::wstring& error) const {
+  std::wstring difference;
+  if (groups.areReadFrom(bytes, difference)) return true;
+  error = L"the file wouldn't be this drawing any more: " + difference;
+  return false;
+}
+
 BlockRecordImp* DrawingDatabase::findRecord(std::wstring_view name) const {
   const auto found = byName.find(folded(name));
   return found == byName.end() ? nullptr : found->second;

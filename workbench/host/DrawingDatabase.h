@@ -33,6 +33,8 @@ class DrawingDatabase {
   /// False, with the reason, if the bytes are no complete ASCII DXF.
   bool read(std::string bytes, std::wstring& error);
   std::string bytes() const { return groups.bytes(); }
+  /// True if a reader of `bytes` finds this drawing in them, group by group; else the reason.
+  bool isReadFrom(const std::string& bytes, std::wstring& error) const;
 
   AcDbDatabase* database() const { return database_.get(); }
   Drawing& drawing() const { return drawing_; }

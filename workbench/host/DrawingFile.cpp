@@ -15,8 +15,8 @@ class TemporaryFile {
     wchar_t name[MAX_PATH];
     if (!GetTempFileNameW(folder.c_str(), L"dwg", 0, name)) return;
     path_ = name;
-    handle_.reset(CreateFileW(name, GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL,
-                              nullptr));
+    handle_.reset(CreateFileW(name, GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
+                              FILE_ATTRIBUTE_NORMAL, nullptr));
     if (handle_.get() == INVALID_HANDLE_VALUE) static_cast<void>(handle_.release());
   }
   ~TemporaryFile() {
@@ -36,6 +36,14 @@ class TemporaryFile {
       position += written;
     }
     return FlushFileBuffers(handle_.get()) != 0;
+  }
+
+  bool readBack(std::string& bytes) {
+    DWORD failure = NO_ERROR;
+    const bool read = SetFilePointerEx(handle_.get(), {}, nullptr, FILE_BEGIN) &&
+                      readAll(handle_.get(), bytes, failure);
+    if (failure != NO_ERROR) SetLastError(failure);
+    return read;
   }
 
   bool moveTo(const std::filesystem::path& target) {
@@ -80,7 +88,7 @@ bool readAll(HANDLE file, std::string& bytes, DWORD& failure) {
 }
 
 bool replaceDrawing(const std::filesystem::path& path, const std::string& bytes,
-                    std::wstring& error) {
+                    const ReadBack& isGood, std::wstring& error) {
   const DWORD attributes = GetFileAttributesW(path.c_str());
   if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
     error = L"the file is write-protected";
@@ -91,7 +99,13 @@ bool replaceDrawing(const std::filesystem::path& path, const std::string& bytes,
     return false;
   }
   TemporaryFile fresh(path.parent_path());
-  if (fresh.open() && fresh.write(bytes) && fresh.moveTo(path)) return true;
+  std::string written;
+  if (!fresh.open() || !fresh.write(bytes) || !fresh.readBack(written)) {
+    error = fileErrorText(GetLastError());
+    return false;
+  }
+  if (!isGood(written, error)) return false;
+  if (fresh.moveTo(path)) return true;
   error = fileErrorText(GetLastError());
   return false;
 }

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -21,10 +22,13 @@ OpenFile openToRead(const std::filesystem::path& path, DWORD share, DWORD& failu
 /// Reads all of a file. False with the Windows error in `failure`.
 bool readAll(HANDLE file, std::string& bytes, DWORD& failure);
 
-/// Puts `bytes` in the file's place: written beside it, to the disk, and then renamed. False with
-/// a clear `error`; the old file is as it was then.
+/// Judges what was written; false with the reason.
+using ReadBack = std::function<bool(const std::string& written, std::wstring& error)>;
+
+/// Puts `bytes` in the file's place: written beside it, to the disk, read back and judged, and then
+/// renamed. False with a clear `error`; the old file is as it was then.
 bool replaceDrawing(const std::filesystem::path& path, const std::string& bytes,
-                    std::wstring& error);
+                    const ReadBack& isGood, std::wstring& error);
 
 /// What a Windows error on a file means.
 std::wstring fileErrorText(DWORD code);

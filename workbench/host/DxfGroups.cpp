@@ -69,14 +69,27 @@ bool DxfGroups::parse(std::string bytes, std::wstring& error) {
   replaced.clear();
   additions.clear();
   removed.clear();
-  lineEnd = original.find('\n') == std::string::npos ? '\r' : '\n';
+  // The first line end tells, whatever the file has further on.
+  const size_t first = original.find_first_of("\r\n");
+  const size_t behind = original.find_first_not_of('\r', first);
+  lineEnd = behind == std::string::npos || original[behind] != '\n' ? '\r' : '\n';
   return readGroups(startsWith(original, byteOrderMark) ? byteOrderMark.size() : 0, error);
+}
+
+// Programs differ in whether a carriage return among line feeds ends a line, and so in what the
+// groups are.
+bool DxfGroups::isMixed(const Line& line, std::wstring& error) const {
+  const auto text = std::string_view(original).substr(line.begin, line.textEnd - line.begin);
+  if (text.find(lineEnd == '\n' ? '\r' : '\n') == std::string_view::npos) return false;
+  error = atLine(groups.size() * 2 + 1, L"carriage returns and line feeds end lines by turns");
+  return true;
 }
 
 bool DxfGroups::readGroups(size_t position, std::wstring& error) {
   while (position < original.size()) {
     const size_t line = groups.size() * 2 + 1;
     const Line codeLine = lineAt(position);
+    if (isMixed(codeLine, error)) return false;
     const std::string_view text = trimmed(
         std::string_view(original).substr(codeLine.begin, codeLine.textEnd - codeLine.begin));
     int code = 0;
@@ -89,10 +102,14 @@ bool DxfGroups::readGroups(size_t position, std::wstring& error) {
       return false;
     }
     const Line valueLine = lineAt(codeLine.end);
+    if (isMixed(valueLine, error)) return false;
     groups.push_back({code, position, valueLine.begin, valueLine.textEnd, valueLine.end});
     position = valueLine.end;
     // What follows the end mark, such as a Ctrl-Z of old, belongs to nobody and is kept.
-    if (is(groups.size() - 1, 0, "EOF")) return true;
+    if (is(groups.size() - 1, 0, "EOF")) {
+      removed.resize(groups.size());
+      return true;
+    }
   }
   error = L"the file is cut off: it has no EOF";
   return false;
@@ -125,38 +142,63 @@ std::string_view DxfGroups::added(size_t index, int code) const {
   return found == additions.end() ? std::string_view() : found->second;
 }
 
-void DxfGroups::appendAdditions(size_t index, std::string& result) const {
+// The last value of a file may have no line end; a code always has one.
+std::string_view DxfGroups::lineEndOfCode(size_t index) const {
   const Group& group = groups[index];
-  const auto end = std::string_view(original).substr(group.valueEnd, group.end - group.valueEnd);
-  for (auto one = additions.lower_bound({index, lowestCode});
-       one != additions.end() && one->first.first == index; ++one) {
-    const std::string code = std::to_string(one->first.second);
-    result.append(code.size() < 3 ? 3 - code.size() : 0, ' ').append(code).append(end);
-    result.append(one->second).append(end);
-  }
+  size_t begin = group.value - 1;
+  while (begin > group.begin && original[begin - 1] == '\r') --begin;
+  return std::string_view(original).substr(begin, group.value - begin);
 }
 
 void DxfGroups::remove(size_t begin, size_t end) {
-  size_t& last = removed[begin];
-  last = std::max(last, end);
+  for (size_t index = begin; index < end; ++index) removed[index] = true;
+}
+
+template <class Take>
+void DxfGroups::additionsBefore(size_t index, Take take) const {
+  if (index > 0 && removed[index - 1]) return;
+  for (auto one = additions.lower_bound({index, lowestCode});
+       one != additions.end() && one->first.first == index; ++one) {
+    take(one->first.second, one->second);
+  }
 }
 
 std::string DxfGroups::bytes() const {
   if (groups.empty()) return original;
   std::string result = original.substr(0, groups.front().begin);
   result.reserve(original.size());
-  size_t keptFrom = 0;
   for (size_t index = 0; index < groups.size(); ++index) {
-    const auto gap = removed.find(index);
-    if (gap != removed.end()) keptFrom = std::max(keptFrom, gap->second);
-    if (index < keptFrom) continue;
-    appendAdditions(index, result);
+    additionsBefore(index, [&](int code, const std::string& value) {
+      const std::string_view end = lineEndOfCode(index);
+      const std::string number = std::to_string(code);
+      result.append(number.size() < 3 ? 3 - number.size() : 0, ' ').append(number).append(end);
+      result.append(value).append(end);
+    });
+    if (removed[index]) continue;
     const Group& group = groups[index];
     result.append(original, group.begin, group.value - group.begin);
     result += value(index);
     result.append(original, group.valueEnd, group.end - group.valueEnd);
   }
   return result.append(original, groups.back().end, std::string::npos);
+}
+
+bool DxfGroups::areReadFrom(std::string bytes, std::wstring& error) const {
+  DxfGroups read;
+  if (!read.parse(std::move(bytes), error)) return false;
+  size_t at = 0;
+  bool same = true;
+  const auto compare = [&](int code, std::string_view value) {
+    same = same && at < read.size() && read.code(at) == code && read.value(at) == value;
+    if (same) ++at;
+  };
+  for (size_t index = 0; same && index < groups.size(); ++index) {
+    additionsBefore(index, compare);
+    if (!removed[index]) compare(groups[index].code, value(index));
+  }
+  if (same && at == read.size()) return true;
+  error = atLine(read.lineOf(at), L"another group was expected");
+  return false;
 }
 
 }  // namespace wb

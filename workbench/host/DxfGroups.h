@@ -32,8 +32,9 @@ class DxfGroups {
 
   /// Changes a value. `value` has no line end and is in the file's encoding.
   void replace(size_t index, std::string value);
-  /// Adds a group before another one, with that one's line ends, or changes what was added there
-  /// under that code. It isn't counted as a group.
+  /// Adds a group behind the group before `index`, or changes what was added there under that code.
+  /// It gets the line end of the next code and goes if the group before it is removed. It isn't
+  /// counted as a group.
   void addBefore(size_t index, int code, std::string value);
   /// What was added there; empty if nothing was.
   std::string_view added(size_t index, int code) const;
@@ -42,6 +43,9 @@ class DxfGroups {
 
   /// The whole file as it is now.
   std::string bytes() const;
+  /// True if `bytes` read as just these groups, those added with them and those removed without.
+  /// False with the first difference in `error`.
+  bool areReadFrom(std::string bytes, std::wstring& error) const;
 
  private:
   struct Group {
@@ -58,14 +62,18 @@ class DxfGroups {
   };
   Line lineAt(size_t position) const;
   bool readGroups(size_t position, std::wstring& error);
-  void appendAdditions(size_t index, std::string& result) const;
+  bool isMixed(const Line& line, std::wstring& error) const;
+  std::string_view lineEndOfCode(size_t index) const;
+  /// Calls `take(code, value)` for what was added before a group and still belongs to the file.
+  template <class Take>
+  void additionsBefore(size_t index, Take take) const;
 
   std::string original;
   char lineEnd = '\n';
   std::vector<Group> groups;
   std::map<size_t, std::string> replaced;
   std::map<std::pair<size_t, int>, std::string> additions;
-  std::map<size_t, size_t> removed;  // begin to end
+  std::vector<bool> removed;
 };
 
 /// The text without blanks and tabs around it.

@@ -14,9 +14,11 @@ class Editor : public AcEditor {
   void addReactor(AcRxEventReactor* reactor) override { reactors.add(reactor); }
   void removeReactor(AcRxEventReactor* reactor) override { reactors.remove(reactor); }
 
-  void saveComplete(AcDbDatabase* database, const std::wstring& name) {
-    reactors.each(L"saveComplete",
-                  [&](auto& reactor) { reactor.saveComplete(database, name.c_str()); });
+  void beginSave(AcDbDatabase* database, const std::wstring& name) {
+    reactors.each(L"beginSave", [&](auto& reactor) { reactor.beginSave(database, name.c_str()); });
+  }
+  void saveComplete(AcDbDatabase* database, const wchar_t* name) {
+    reactors.each(L"saveComplete", [&](auto& reactor) { reactor.saveComplete(database, name); });
   }
   void dropOf(HMODULE module) { reactors.dropOf(module); }
 

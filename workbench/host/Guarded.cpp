@@ -3,14 +3,11 @@
 #include <windows.h>
 
 #include <comdef.h>
-#include <cxxabi.h>
 
 #include <exception>
-#include <typeinfo>
 
 #include "core/Text.h"
 #include "core/Transcript.h"
-#include "host/ImportWatch.h"
 
 namespace wb {
 
@@ -26,15 +23,13 @@ std::wstring describeCurrentException() {
   } catch (int value) {
     return L"of the value " + std::to_wstring(value);
   } catch (...) {
-    const std::type_info* type = abi::__cxa_current_exception_type();
-    return L"of the type " + fromUtf8(type ? type->name() : "unknown");
+    return L"of another type";
   }
 }
 
 void tellUncaught(std::wstring_view what) {
   tell(L"command",
        std::wstring(what) + L" ended by an uncaught error " + describeCurrentException());
-  leaveCurrentExceptionOut();
 }
 
 }  // namespace wb

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/Faults.h"
 #include "host/WatchedCalls.h"
 
 namespace wb {
@@ -74,6 +75,12 @@ void observeImports(HMODULE module, const std::vector<WatchedCall>& calls) {
   if (!patchedModules().count(module)) patchedModules()[module] = patchImports(module, calls);
 }
 
+bool windowsFails(const wchar_t* operation) {
+  if (SUCCEEDED(takeFault(operation))) return false;
+  SetLastError(ERROR_NOT_ENOUGH_MEMORY);
+  return true;
+}
+
 void watchImports(HMODULE module) { observeImports(module, allCalls()); }
 
 void unwatchImports(HMODULE module) {
@@ -86,8 +93,7 @@ void unwatchImports(HMODULE module) {
   forgetWatchedWindows();
 }
 
-void afterUnmapping(HMODULE module) {
-  freeThreadSlots(module);
+void afterUnmapping() {
   if (patchedModules().empty()) tellMemoryLeft();
 }
 

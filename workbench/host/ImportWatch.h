@@ -23,9 +23,6 @@ void watchImports(HMODULE module);
 /// with watchImports().
 void watchMemory(HMODULE module);
 
-/// In a catch block: what the exception takes is freed by the host, not by the module.
-void leaveCurrentExceptionOut();
-
 /// FLG_HEAP_ENABLE_TAIL_CHECK and FLG_HEAP_ENABLE_FREE_CHECK, for the `GlobalFlag` of a program's
 /// image file execution options: Windows puts marks behind the blocks of its heaps and into freed
 /// ones.
@@ -41,17 +38,9 @@ void observeImports(HMODULE module, const std::vector<WatchedCall>& calls);
 /// Puts the module's import table back. To be called just before FreeLibrary.
 void unwatchImports(HMODULE module);
 
-/// The thread-local slots that Windows hands out next.
-std::vector<DWORD> nextThreadSlots();
-
-/// Enters what a module took while it was loaded, which no import table shows.
-/// @param before the next slots ahead of that
-void enterThreadSlots(HMODULE module, const std::vector<DWORD>& before);
-
-/// Frees the thread-local slots that a watched module has taken: GCC's run-time library leaves its
-/// own behind, and a process has 1,088. Once no watched module is left, the memory of the runtime
-/// that they still hold is told as leaks. To be called after FreeLibrary.
-void afterUnmapping(HMODULE module);
+/// Once no watched module is left, the memory of the runtime that they still hold is told as leaks.
+/// To be called after FreeLibrary.
+void afterUnmapping();
 
 /// CoInitialize calls of the watched module less its CoUninitialize calls. A command that leaves by
 /// an exception keeps one.

@@ -1,6 +1,7 @@
 #include "host/LispFunctions.h"
 
 #include <acedads.h>
+#include <adscodes.h>
 
 #include <algorithm>
 

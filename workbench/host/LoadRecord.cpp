@@ -36,47 +36,50 @@ bool isName(const std::wstring& name) {
 
 }  // namespace
 
-class AcadAppInfo::Fields {
+class AcadAppInfoImp {
  public:
   std::wstring name, module;
   DWORD reason = 0;
 };
 
-AcadAppInfo::AcadAppInfo() : fields(new Fields) {}
-AcadAppInfo::~AcadAppInfo() { delete fields; }
+AcadAppInfo::AcadAppInfo() : mpImp(new AcadAppInfoImp) {}
+AcadAppInfo::~AcadAppInfo() { delete mpImp; }
 
-void AcadAppInfo::setAppName(const ACHAR* appName) { fields->name = appName ? appName : L""; }
+void AcadAppInfo::setAppName(const ACHAR* appName) { mpImp->name = appName ? appName : L""; }
 
 void AcadAppInfo::setModuleName(const ACHAR* moduleName) {
-  fields->module = moduleName ? moduleName : L"";
+  mpImp->module = moduleName ? moduleName : L"";
 }
 
 void AcadAppInfo::setLoadReason(AcadApp::LoadReasons reason) {
-  fields->reason = static_cast<DWORD>(reason);
+  mpImp->reason = static_cast<DWORD>(reason);
 }
 
-AcadApp::ErrorStatus AcadAppInfo::writeToRegistry(bool, bool) {
-  if (!isName(fields->name)) return AcadApp::eInvalidKey;
-  if (fields->module.empty()) return AcadApp::eInvalidValue;
-  const wb::RegistryKey record(HKEY_CURRENT_USER, pathOf(fields->name), KEY_SET_VALUE, true);
+AcadApp::ErrorStatus AcadAppInfo::writeToRegistry(bool bObjDbx, bool skipHKLM) {
+  wb::note(L"record", std::wstring(L"write") + (bObjDbx ? L" for ObjectDBX" : L"") +
+                          (skipHKLM ? L" without HKLM" : L""));
+  if (!isName(mpImp->name)) return AcadApp::eInvalidKey;
+  if (mpImp->module.empty()) return AcadApp::eInvalidValue;
+  const wb::RegistryKey record(HKEY_CURRENT_USER, pathOf(mpImp->name), KEY_SET_VALUE, true);
   LSTATUS status = record.status();
   if (status == ERROR_SUCCESS) {
     status = RegSetValueExW(record.get(), L"LOADER", 0, REG_SZ,
-                            reinterpret_cast<const BYTE*>(fields->module.c_str()),
-                            static_cast<DWORD>((fields->module.size() + 1) * sizeof(wchar_t)));
+                            reinterpret_cast<const BYTE*>(mpImp->module.c_str()),
+                            static_cast<DWORD>((mpImp->module.size() + 1) * sizeof(wchar_t)));
   }
   if (status == ERROR_SUCCESS) {
     status = RegSetValueExW(record.get(), L"LOADCTRLS", 0, REG_DWORD,
-                            reinterpret_cast<const BYTE*>(&fields->reason), sizeof(DWORD));
+                            reinterpret_cast<const BYTE*>(&mpImp->reason), sizeof(DWORD));
   }
   if (status == ERROR_SUCCESS) {
-    wb::tell(L"reg", L"load record " + fields->name + L" = " + fields->module + L", reason " +
-                         std::to_wstring(fields->reason));
+    wb::tell(L"reg", L"load record " + mpImp->name + L" = " + mpImp->module + L", reason " +
+                         std::to_wstring(mpImp->reason));
   }
   return toStatus(status);
 }
 
-AcadApp::ErrorStatus acrxUnregisterApp(const ACHAR* name, bool) {
+AcadApp::ErrorStatus acrxUnregisterApp(const ACHAR* name, bool bDwgU) {
+  wb::note(L"record", std::wstring(L"delete") + (bDwgU ? L" of the user" : L""));
   if (!name || !isName(name)) return AcadApp::eInvalidKey;
   const LSTATUS status = RegDeleteTreeW(HKEY_CURRENT_USER, pathOf(name).c_str());
   if (status == ERROR_SUCCESS) wb::tell(L"reg", std::wstring(L"load record ") + name + L" deleted");

@@ -1,6 +1,7 @@
 #include "host/MainWindow.h"
 
 #include <aced.h>
+#include <adscodes.h>
 
 #include <string>
 

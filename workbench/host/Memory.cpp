@@ -18,8 +18,6 @@ std::map<const void*, wb::Ticket>& buffers() {
 
 }  // namespace
 
-extern "C" {
-
 bool acutNewBuffer(void*& pBuffer, size_t size) {
   pBuffer = std::malloc(size ? size : 1);
   if (!pBuffer) return false;
@@ -50,5 +48,4 @@ Acad::ErrorStatus acutNewString(const ACHAR* pInput, ACHAR*& pOutput) {
   pOutput = static_cast<ACHAR*>(buffer);
   std::wmemcpy(pOutput, pInput, size / sizeof(ACHAR));
   return Acad::eOk;
-}
 }

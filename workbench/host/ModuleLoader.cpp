@@ -15,8 +15,12 @@
 #include "host/ImportWatch.h"
 #include "host/LispFunctions.h"
 #include "host/Names.h"
+#include "host/Programs.h"
 
 namespace wb {
+
+// What `acrxGetApiVersion` has to answer in its high word.
+static constexpr int apiLevel = 17;
 
 struct ModuleLoader::Module {
   std::wstring file;
@@ -77,29 +81,37 @@ ModuleLoader::Module* ModuleLoader::findFile(const std::wstring& file) const {
   return nullptr;
 }
 
+/// In the host its own files are there before any application, wherever that lies. A test program
+/// has to bring them in.
+static void loadHostFiles() {
+  for (const wchar_t* file : {L"acad.exe", L"acdb17.dll"}) {
+    if (!GetModuleHandleW(file)) LoadLibraryW((programFolder() / file).c_str());
+  }
+}
+
 bool ModuleLoader::map(Module& module, std::wstring& reason) const {
+  loadHostFiles();
   if (GetFileAttributesW(module.file.c_str()) == INVALID_FILE_ATTRIBUTES) {
     reason = whyNotMapped(ERROR_FILE_NOT_FOUND);
     return false;
   }
-  const std::vector<DWORD> slots = nextThreadSlots();
   module.handle = LoadLibraryExW(module.file.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
   if (!module.handle) {
     reason = whyNotMapped(GetLastError());
     return false;
   }
-  enterThreadSlots(module.handle, slots);
   const auto version = exported<int (*)()>(module.handle, "acrxGetApiVersion");
   module.entry = exported<decltype(module.entry)>(module.handle, "acrxEntryPoint");
   if (!module.entry || !version) {
     reason = std::wstring(L"it doesn't export ") +
              (module.entry ? L"acrxGetApiVersion" : L"acrxEntryPoint");
-  } else if ((version() >> 16) != (ACRX_API_VERSION_R17 >> 16)) {
-    reason = L"it was built for the API level " + std::to_wstring(version() >> 16) + L", not 17";
+  } else if ((version() >> 16) != apiLevel) {
+    reason = L"it was built for the API level " + std::to_wstring(version() >> 16) + L", not " +
+             std::to_wstring(apiLevel);
   }
   if (reason.empty()) return true;
   FreeLibrary(module.handle);
-  afterUnmapping(module.handle);
+  afterUnmapping();
   return false;
 }
 
@@ -160,7 +172,7 @@ bool ModuleLoader::end(Module& module, bool force, std::wstring& reason) {
   const Ticket since = module.since;
   const HMODULE handle = module.handle;
   FreeLibrary(handle);
-  afterUnmapping(handle);
+  afterUnmapping();
   modules.erase(std::find_if(modules.begin(), modules.end(),
                              [&](const auto& one) { return one.get() == &module; }));
   tell(L"doc", L"application unloaded " + name);

@@ -17,8 +17,9 @@ class Document;
 /// The loaded applications and the messages to them.
 ///
 /// An application file must be a 64-bit library that exports `acrxEntryPoint` and
-/// `acrxGetApiVersion`; the latter answers the API level that it was built for, which must be 17
-/// (ACRX_API_VERSION_R17 in rxdefs.h). It is asked before the first message.
+/// `acrxGetApiVersion`; the latter answers the API level that it was built for in the high word,
+/// which must be 17. It is asked before the first message. AutoCAD knows what its kit's routine of
+/// that name answers; here it is the project's own convention.
 class ModuleLoader {
  public:
   ModuleLoader();

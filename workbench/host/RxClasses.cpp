@@ -7,11 +7,6 @@
 #include <aced.h>
 #include <appinfo.h>
 #include <dbapserv.h>
-#include <dbid.h>
-#include <rxdict.h>
-#include <rxdlinkr.h>
-
-#include "core/StandInTime.h"
 
 #include <vector>
 
@@ -25,8 +20,15 @@ std::vector<AcRxClass*>& classes() {
 }  // namespace
 
 AcRxClass* AcRxClassImp::define(const ACHAR* name, AcRxClass* parent) {
-  classes().push_back(new AcRxClass(name, parent));
+  classes().push_back(new AcRxClassImp(name, parent));
   return classes().back();
+}
+
+bool AcRxClassImp::isDerivedFrom(const AcRxClass* parent) const {
+  for (const AcRxClass* one = this; one; one = one->myParent()) {
+    if (one == parent) return true;
+  }
+  return false;
 }
 
 AcRxClass* AcRxClassImp::find(std::wstring_view name) {
@@ -46,21 +48,7 @@ AcRxClass* AcRxObject::desc() {
 
 AcRxClass* AcRxObject::isA() const { return desc(); }
 
-bool AcRxObject::isKindOf(const AcRxClass* aClass) const {
-  const wb::InStandIn inside;
-  return isA()->isDerivedFrom(aClass);
-}
-
-const ACHAR* AcRxClass::name() const { return name_; }
-
-AcRxClass* AcRxClass::myParent() const { return parent_; }
-
-bool AcRxClass::isDerivedFrom(const AcRxClass* parent) const {
-  for (const AcRxClass* one = this; one; one = one->parent_) {
-    if (one == parent) return true;
-  }
-  return false;
-}
+AcRxObject::AcRxObject() = default;
 
 WB_DEFINE_RX_CLASS(AcRxClass, AcRxObject)
 WB_DEFINE_RX_CLASS(AcRxDictionary, AcRxObject)
@@ -77,32 +65,3 @@ WB_DEFINE_RX_CLASS(AcApDocumentIterator, AcRxObject)
 WB_DEFINE_RX_CLASS(AcApDocManager, AcRxObject)
 WB_DEFINE_RX_CLASS(AcApDocManagerReactor, AcRxObject)
 WB_DEFINE_RX_CLASS(AcDbHostApplicationServices, AcRxObject)
-
-const AcDbObjectId AcDbObjectId::kNull;
-
-void AcRxEventReactor::saveComplete(AcDbDatabase*, const ACHAR*) {}
-
-void* AcEdUIContext::getMenuContext(const AcRxClass* pClass, const AcDbObjectIdArray& ids,
-                                    const AcDbFullSubentPathArray&) {
-  return getMenuContext(pClass, ids);
-}
-
-void AcEdUIContext::OnUpdateMenu() {}
-
-void AcApDocManagerReactor::documentCreateStarted(AcApDocument*) {}
-void AcApDocManagerReactor::documentCreated(AcApDocument*) {}
-void AcApDocManagerReactor::documentToBeDestroyed(AcApDocument*) {}
-void AcApDocManagerReactor::documentDestroyed(const ACHAR*) {}
-void AcApDocManagerReactor::documentCreateCanceled(AcApDocument*) {}
-void AcApDocManagerReactor::documentLockModeWillChange(AcApDocument*, AcAp::DocLockMode,
-                                                       AcAp::DocLockMode, AcAp::DocLockMode,
-                                                       const ACHAR*) {}
-void AcApDocManagerReactor::documentLockModeChangeVetoed(AcApDocument*, const ACHAR*) {}
-void AcApDocManagerReactor::documentLockModeChanged(AcApDocument*, AcAp::DocLockMode,
-                                                    AcAp::DocLockMode, AcAp::DocLockMode,
-                                                    const ACHAR*) {}
-void AcApDocManagerReactor::documentBecameCurrent(AcApDocument*) {}
-void AcApDocManagerReactor::documentToBeActivated(AcApDocument*) {}
-void AcApDocManagerReactor::documentToBeDeactivated(AcApDocument*) {}
-void AcApDocManagerReactor::documentActivationModified(bool) {}
-void AcApDocManagerReactor::documentActivated(AcApDocument*) {}

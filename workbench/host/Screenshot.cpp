@@ -2,6 +2,8 @@
 
 #include <windows.h>
 #include <objbase.h>
+// Defines the identifiers, which not every import library has.
+#include <initguid.h>
 #include <wincodec.h>
 #include <comdef.h>
 

@@ -2,6 +2,7 @@
 
 #include <accmd.h>
 #include <acedads.h>
+#include <adscodes.h>
 #include <dbapserv.h>
 
 #include <algorithm>

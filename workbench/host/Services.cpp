@@ -2,11 +2,19 @@
 
 #include "core/StandInTime.h"
 #include "host/FileSelection.h"
+#include "host/NotServed.h"
 
 namespace {
 
+class Services : public AcDbHostApplicationServices {
+ public:
+  Acad::ErrorStatus findFile(ACHAR*, int, const ACHAR*, AcDbDatabase*, FindFileHint) override {
+    return wb::NotServed(L"AcDbHostApplicationServices::findFile");
+  }
+};
+
 AcDbHostApplicationServices& services() {
-  static AcDbHostApplicationServices one;
+  static Services one;
   return one;
 }
 
@@ -14,13 +22,22 @@ AcDbHostApplicationServices& services() {
 
 AcDbHostApplicationServices* s_pServices = &services();
 
-AcDbHostApplicationServices* acdbHostApplicationServices() { return &services(); }
+AcDbHostApplicationServices::AcDbHostApplicationServices()
+    : mp_sessionVars(nullptr),
+      mpWorkingDatabase(nullptr),
+      mpDefaultUndoController(nullptr),
+      mpWorkingTransactionManager(nullptr),
+      mpWorkingGlobals(nullptr),
+      mpWorkingAppSysvars(nullptr),
+      m_eSystemCodePage(),
+      mbDisplayMessages(Adesk::kTrue),
+      mpPasswordCache(nullptr) {}
 
-AcDbDatabase* AcDbHostApplicationServices::workingDatabase() const { return working; }
+AcDbHostApplicationServices::~AcDbHostApplicationServices() = default;
 
 void AcDbHostApplicationServices::setWorkingDatabase(AcDbDatabase* pDatabase) {
   const wb::InStandIn inside;
-  working = pDatabase;
+  mpWorkingDatabase = pDatabase;
 }
 
 Acad::ErrorStatus AcDbHostApplicationServices::selectFile(short* userCancel, ACHAR*& chosenPath,
@@ -38,11 +55,12 @@ Acad::ErrorStatus AcDbHostApplicationServices::selectFile(short* userCancel, ACH
   return selection.pick(userCancel, chosenPath, nFlags);
 }
 
-bool AcDbHostApplicationServices::registerSelectFileCallback(const ACHAR* appName,
-                                                             SELECTFILEPROC proc, bool unRegister,
-                                                             bool asPrimary) {
-  if (!appName || !proc) return false;
+Acad::ErrorStatus AcDbHostApplicationServices::registerSelectFileCallback(const ACHAR* appName,
+                                                                          SELECTFILEPROC proc,
+                                                                          bool unRegister,
+                                                                          bool asPrimary) {
+  if (!appName || !proc) return Acad::eInvalidInput;
   wb::FileSelection& selection = wb::FileSelection::instance();
-  return unRegister ? selection.removeCallback(appName, proc)
-                    : selection.addCallback(appName, proc, asPrimary);
+  if (unRegister) return selection.removeCallback(appName, proc) ? Acad::eOk : Acad::eKeyNotFound;
+  return selection.addCallback(appName, proc, asPrimary) ? Acad::eOk : Acad::eDuplicateKey;
 }

@@ -2,8 +2,6 @@
 
 #include <accmd.h>
 #include <aced.h>
-#include <rxdict.h>
-#include <rxdlinkr.h>
 #include <rxregsvc.h>
 
 #include <map>
@@ -26,8 +24,10 @@ struct LessIgnoringCase {
 };
 
 /// The services that applications register; they own none of what they take out.
-class ServiceDictionary : public AcRxDictionary {
+class ServiceDictionary : public wb::NotServedDictionary {
  public:
+  using NotServedDictionary::at;
+  using NotServedDictionary::remove;
   AcRxObject* at(const ACHAR* key) const override {
     const auto found = key ? services.find(key) : services.end();
     return found == services.end() ? nullptr : found->second.get();
@@ -49,8 +49,10 @@ class ServiceDictionary : public AcRxDictionary {
   std::map<std::wstring, std::unique_ptr<AcRxObject>, LessIgnoringCase> services;
 };
 
-class ClassDictionary : public AcRxDictionary {
+class ClassDictionary : public wb::NotServedDictionary {
  public:
+  using NotServedDictionary::at;
+  using NotServedDictionary::remove;
   AcRxObject* at(const ACHAR* key) const override {
     return key ? AcRxClassImp::find(key) : nullptr;
   }
@@ -58,7 +60,7 @@ class ClassDictionary : public AcRxDictionary {
   AcRxObject* remove(const ACHAR*) override { return nullptr; }
 };
 
-class DynamicLinker : public AcRxDynamicLinker {
+class DynamicLinker : public wb::NotServedLinker {
  public:
   bool lockApplication(void* appId) const override {
     return wb::Host::instance().modules().setLocked(appId, true);
@@ -79,8 +81,10 @@ ServiceDictionary& services() {
   return dictionary;
 }
 
-class SysRegistry : public AcRxDictionary {
+class SysRegistry : public wb::NotServedDictionary {
  public:
+  using NotServedDictionary::at;
+  using NotServedDictionary::remove;
   AcRxObject* at(const ACHAR* key) const override {
     static ClassDictionary classes;
     static DynamicLinker linker;

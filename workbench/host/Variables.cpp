@@ -1,5 +1,6 @@
 #include <acedads.h>
 #include <acutmem.h>
+#include <adscodes.h>
 
 #include <string>
 

@@ -45,14 +45,18 @@ bool isSound(void* block) {
   return false;
 }
 
-void* seenMalloc(size_t size) { return entered(std::malloc(size), size); }
+void* seenMalloc(size_t size) {
+  if (windowsFails(L"module.malloc")) return nullptr;
+  return entered(std::malloc(size), size);
+}
 
 void* seenCalloc(size_t count, size_t size) {
+  if (windowsFails(L"module.calloc")) return nullptr;
   return entered(std::calloc(count, size), count * size);
 }
 
 void* seenRealloc(void* block, size_t size) {
-  if (!isSound(block)) return nullptr;
+  if (!isSound(block) || windowsFails(L"module.realloc")) return nullptr;
   const auto old = blocks().extract(static_cast<const char*>(block));
   void* const moved = std::realloc(block, size);
   // What can't be resized stays where it is.
@@ -77,17 +81,23 @@ BSTR enteredText(BSTR text) {
   return text;
 }
 
-BSTR WINAPI seenSysAllocString(const OLECHAR* text) { return enteredText(SysAllocString(text)); }
+BSTR WINAPI seenSysAllocString(const OLECHAR* text) {
+  if (windowsFails(L"module.SysAllocString")) return nullptr;
+  return enteredText(SysAllocString(text));
+}
 
 BSTR WINAPI seenSysAllocStringLen(const OLECHAR* text, UINT length) {
+  if (windowsFails(L"module.SysAllocStringLen")) return nullptr;
   return enteredText(SysAllocStringLen(text, length));
 }
 
 BSTR WINAPI seenSysAllocStringByteLen(LPCSTR text, UINT length) {
+  if (windowsFails(L"module.SysAllocStringByteLen")) return nullptr;
   return enteredText(SysAllocStringByteLen(text, length));
 }
 
 LPVOID WINAPI seenCoTaskMemAlloc(SIZE_T size) {
+  if (windowsFails(L"module.CoTaskMemAlloc")) return nullptr;
   void* const block = CoTaskMemAlloc(size);
   enteredForCom(block, L"memory", size);
   return block;
@@ -117,18 +127,6 @@ bool heapsAreWatched() {
 
 void watchMemory(HMODULE module) {
   if (!memoryIsLeftOut()) patchImports(module, memoryCalls());
-}
-
-void leaveCurrentExceptionOut() {
-  // GCC's exception_ptr is a pointer to the object, which lies within the block.
-  const std::exception_ptr current = std::current_exception();
-  const char* object = nullptr;
-  static_assert(sizeof(current) == sizeof(object));
-  std::memcpy(&object, static_cast<const void*>(&current), sizeof(object));
-  auto block = blocks().upper_bound(object);
-  if (block == blocks().begin()) return;
-  --block;
-  if (object < block->first + block->second) blocks().erase(block);
 }
 
 void tellMemoryLeft() {

@@ -57,6 +57,7 @@ std::wstring resourceName(LPCWSTR name) {
 
 HANDLE WINAPI seenLoadImageW(HINSTANCE instance, LPCWSTR name, UINT type, int width, int height,
                              UINT flags) {
+  if (windowsFails(L"module.LoadImageW")) return nullptr;
   const HANDLE image = LoadImageW(instance, name, type, width, height, flags);
   const DWORD error = GetLastError();
   // Shared images belong to Windows.
@@ -75,10 +76,16 @@ BOOL WINAPI seenDeleteObject(HGDIOBJ object) {
   return deleted;
 }
 
+BOOL WINAPI seenAppendMenuW(HMENU menu, UINT flags, UINT_PTR id, LPCWSTR text) {
+  return windowsFails(L"module.AppendMenuW") ? FALSE : AppendMenuW(menu, flags, id, text);
+}
+
 HMENU WINAPI seenCreatePopupMenu() {
+  if (windowsFails(L"module.CreatePopupMenu")) return nullptr;
   const HMENU menu = CreatePopupMenu();
   const DWORD error = GetLastError();
-  if (menu) menus().opened(menu, L"popup");
+  // A menu is kept for the next time that it is shown.
+  if (menu) menus().opened(menu, L"popup", true);
   SetLastError(error);
   return menu;
 }
@@ -105,47 +112,7 @@ BOOL WINAPI seenDestroyMenu(HMENU menu) {
   return destroyed;
 }
 
-std::multimap<HMODULE, DWORD>& threadSlots() {
-  static std::multimap<HMODULE, DWORD> slots;
-  return slots;
-}
-
-DWORD WINAPI seenTlsAlloc() {
-  const DWORD slot = TlsAlloc();
-  const DWORD error = GetLastError();
-  HMODULE module = nullptr;
-  if (GetModuleHandleExW(
-          GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-          static_cast<LPCWSTR>(__builtin_return_address(0)), &module) &&
-      slot != TLS_OUT_OF_INDEXES) {
-    threadSlots().emplace(module, slot);
-  }
-  SetLastError(error);
-  return slot;
-}
-
 }  // namespace
-
-std::vector<DWORD> nextThreadSlots() {
-  std::vector<DWORD> slots(8);
-  for (DWORD& slot : slots) slot = TlsAlloc();
-  for (const DWORD slot : slots) TlsFree(slot);
-  return slots;
-}
-
-void enterThreadSlots(HMODULE module, const std::vector<DWORD>& before) {
-  const std::vector<DWORD> now = nextThreadSlots();
-  for (const DWORD slot : before) {
-    const bool isFree = std::find(now.begin(), now.end(), slot) != now.end();
-    if (!isFree) threadSlots().emplace(module, slot);
-  }
-}
-
-void freeThreadSlots(HMODULE module) {
-  const auto [begin, end] = threadSlots().equal_range(module);
-  for (auto at = begin; at != end; ++at) TlsFree(at->second);
-  threadSlots().erase(begin, end);
-}
 
 std::vector<WatchedCall> resourceCalls() {
   return {
@@ -153,8 +120,8 @@ std::vector<WatchedCall> resourceCalls() {
       {"CloseHandle", observerOf(seenCloseHandle, CloseHandle)},
       {"LoadImageW", observerOf(seenLoadImageW, LoadImageW)},
       {"DeleteObject", observerOf(seenDeleteObject, DeleteObject)},
+      {"AppendMenuW", observerOf(seenAppendMenuW, AppendMenuW)},
       {"CreatePopupMenu", observerOf(seenCreatePopupMenu, CreatePopupMenu)},
-      {"TlsAlloc", observerOf(seenTlsAlloc, TlsAlloc)},
       {"DestroyMenu", observerOf(seenDestroyMenu, DestroyMenu)},
   };
 }

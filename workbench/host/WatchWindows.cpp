@@ -33,10 +33,12 @@ std::map<TimerKey, UINT>& periods() {
 int apartments = 0;
 
 int WINAPI seenMessageBoxW(HWND owner, LPCWSTR text, LPCWSTR title, UINT flags) {
+  if (windowsFails(L"module.MessageBoxW")) return 0;
   return watchedMessageBox(owner, text, title, flags);
 }
 
 UINT_PTR WINAPI seenSetTimer(HWND window, UINT_PTR id, UINT period, TIMERPROC procedure) {
+  if (windowsFails(L"module.SetTimer")) return 0;
   const UINT_PTR timer = SetTimer(window, id, period, procedure);
   const DWORD error = GetLastError();
   // A timer that is set again in a command was there before it, and goes on after it.
@@ -62,6 +64,7 @@ BOOL WINAPI seenKillTimer(HWND window, UINT_PTR id) {
 
 HWND WINAPI seenCreateDialogParamW(HINSTANCE instance, LPCWSTR name, HWND owner, DLGPROC procedure,
                                    LPARAM argument) {
+  if (windowsFails(L"module.CreateDialogParamW")) return nullptr;
   const HWND dialog = CreateDialogParamW(instance, name, owner, procedure, argument);
   const DWORD error = GetLastError();
   if (dialog) {
@@ -70,6 +73,12 @@ HWND WINAPI seenCreateDialogParamW(HINSTANCE instance, LPCWSTR name, HWND owner,
   }
   SetLastError(error);
   return dialog;
+}
+
+INT_PTR WINAPI seenDialogBoxParamW(HINSTANCE instance, LPCWSTR name, HWND owner, DLGPROC procedure,
+                                   LPARAM argument) {
+  if (windowsFails(L"module.DialogBoxParamW")) return -1;
+  return DialogBoxParamW(instance, name, owner, procedure, argument);
 }
 
 BOOL WINAPI seenDestroyWindow(HWND window) {
@@ -108,6 +117,7 @@ std::vector<WatchedCall> windowCalls() {
       {"SetTimer", observerOf(seenSetTimer, SetTimer)},
       {"KillTimer", observerOf(seenKillTimer, KillTimer)},
       {"CreateDialogParamW", observerOf(seenCreateDialogParamW, CreateDialogParamW)},
+      {"DialogBoxParamW", observerOf(seenDialogBoxParamW, DialogBoxParamW)},
       {"DestroyWindow", observerOf(seenDestroyWindow, DestroyWindow)},
       {"CoInitialize", observerOf(seenCoInitialize, CoInitialize)},
       {"CoInitializeEx", observerOf(seenCoInitializeEx, CoInitializeEx)},

@@ -21,8 +21,7 @@ void forgetWatchedKeys();
 void forgetWatchedResources();
 void forgetWatchedWindows();
 
-void freeThreadSlots(HMODULE module);  ///< WatchResources.cpp
-void tellMemoryLeft();                 ///< WatchMemory.cpp
+void tellMemoryLeft();  ///< WatchMemory.cpp
 
 /// A place in an import table, and what stood there.
 struct PatchedSlot {
@@ -32,6 +31,10 @@ struct PatchedSlot {
 
 /// Puts the observers into the module's import table.
 std::vector<PatchedSlot> patchImports(HMODULE module, const std::vector<WatchedCall>& calls);
+
+/// Whether a call that a watched module makes of Windows has to fail (core/Faults.h: the operation
+/// is "module." and the function's name). Windows' error is set then.
+bool windowsFails(const wchar_t* operation);
 
 /// The observer's address, checked against the signature of the function it stands for.
 template <typename Function>

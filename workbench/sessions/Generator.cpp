@@ -20,8 +20,6 @@ const Texts commands = {"lock",       "locksilent", "unlock",        "getlatestx
                         "install",    "uninstall",  "asklock",       "telllockedelsewhere"};
 const Texts xrefCommands = {"lockxref",      "unlockxref", "getxrefversion",
                             "getxrefver2 1", "editxref",   "properties"};
-const Texts menuItems = {"Check out this Xref", "Check in this Xref", "Edit this Xref",
-                         "Properties", "Get Version > 1. <Created>"};
 const Texts operations = {"VaultClient.login",
                           "fileFromPath",
                           "vaultNameFromPath",
@@ -157,7 +155,7 @@ class Generator {
   std::string xrefStep() {
     if (below(5) == 0) return "@select " + any(xrefs) + "\n" + xrefCommand();
     const std::string pick = "@pick " + any(xrefs) + "\n";
-    if (below(2)) return pick + "@menu\n@choose " + any(menuItems) + "\n";
+    if (below(2)) return pick + "@menu\n@choose-any " + std::to_string(below(1000)) + "\n";
     // A prompt that comes up all the same is cancelled.
     return pick + xrefCommand();
   }

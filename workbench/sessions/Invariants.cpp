@@ -12,7 +12,6 @@
 #include "core/Store.h"
 #include "core/Text.h"
 #include "host/DialogReader.h"
-#include "sessions/ModuleState.h"
 #include "sessions/Places.h"
 
 namespace sessions {
@@ -69,8 +68,7 @@ bool wasThrownAway(const std::vector<std::wstring>& lines) {
 
 std::string Invariants::check(bool thorough, const std::vector<std::wstring>& lines) {
   if (!heapsAreSound()) return "a heap is damaged";
-  std::string problem = staleDocuments();
-  if (problem.empty()) problem = checkVault(thorough);
+  std::string problem = checkVault(thorough);
   return problem.empty() ? checkSaved(lines) : problem;
 }
 

@@ -4,6 +4,8 @@
 
 #include "core/Faults.h"
 #include "core/Text.h"
+#include "host/DocumentManager.h"
+#include "host/Host.h"
 #include "host/Session.h"
 #include "host/Programs.h"
 #include "sessions/Generator.h"
@@ -24,6 +26,7 @@ class Run {
   explicit Run(unsigned patience) : session(options(patience)) {}
 
   std::string run(const std::vector<std::string>& steps) {
+    wb::Host::instance().documents().reuseAddresses();
     if (!session.run(preamble())) return "the preparation failed\n" + told(0);
     for (size_t at = 0; at < steps.size(); ++at) {
       std::string problem = step(steps[at], at % 16 == 15 || at + 1 == steps.size());
@@ -56,7 +59,9 @@ class Run {
     const bool possible = std::none_of(story.begin(), story.end(), [](const std::wstring& line) {
       return begins(line, L"try: ");
     });
-    const bool refreshed = possible && (holds(lines, "@tick") || holds(lines, "@click 1021"));
+    // A drawing is new to the window when it is opened, whatever lay at its address before.
+    const bool refreshed = possible && (holds(lines, "@tick") || holds(lines, "@click 1021") ||
+                                        holds(lines, "@open "));
     if (possible) follow(lines);
     const bool judgeable = !clientGone && !offline && !holds(lines, "@fail");
     if (problem.empty() && done && refreshed && judgeable) problem = checkStatusWindow();

@@ -34,6 +34,7 @@ bool isOfTheScript(const std::wstring& line) {
       L": no drawing is open",
       L": there is no drawing to edit",
       L": the status window's timer isn't running",
+      L": there is no status window",
   };
   return std::any_of(std::begin(harmless), std::end(harmless),
                      [&](std::wstring_view text) { return holds(line, text); });
@@ -41,6 +42,17 @@ bool isOfTheScript(const std::wstring& line) {
 
 bool isOneOf(const std::vector<std::wstring_view>& all, std::wstring_view one) {
   return std::find(all.begin(), all.end(), one) != all.end();
+}
+
+/// What the host calls in the module and lets fail: the commands, and the guard's looks.
+bool isCommand(std::wstring_view called) {
+  return called.rfind(L"Tessaro_", 0) == 0 || called == L"documentLockModeChanged" ||
+         called == L"beginSave";
+}
+
+/// Only a _com_error is told by its code.
+bool tellsLackOfMemory(const std::wstring& line) {
+  return holds(line, L" error 0x8007000E") || holds(line, L" error 0x80070008");
 }
 
 /// Where a failure of the client is meant to leave what the host called, and the host meets it.
@@ -73,6 +85,7 @@ bool mayEscape(const std::wstring& line, const SweptFault& fault) {
   if (line.rfind(prefix, 0) != 0) return false;
   const std::wstring called =
       line.substr(prefix.size(), line.find(L' ', prefix.size()) - prefix.size());
+  if (fault.call.ofModule()) return isCommand(called) && tellsLackOfMemory(line);
   return std::any_of(std::begin(ways), std::end(ways), [&](const Way& way) {
     return isOneOf(way.called, called) &&
            (fault.onDisk ? way.onDisk : isOneOf(way.failing, fault.call.operation));
@@ -119,10 +132,12 @@ std::set<std::wstring> leftUnloaded(const std::vector<std::wstring>& lines) {
 
 /// The process goes on: another drawing is checked out and in as if nothing had been, and the sheet
 /// opens with all that belongs to it.
-void workOn(const Yard& yard, Session& session, Verdict& verdict) {
+/// @param anew the module is loaded once more: it may lack what it couldn't be given at its start
+void workOn(const Yard& yard, Session& session, bool anew, Verdict& verdict) {
   session.run(
       "@client present\n@vault offline off Plant\n@reg set EditWarning 0\n"
       "@reg set Autolock 0\n");
+  if (anew) session.unload();
   if (!GetModuleHandleW(L"TessaroAcad.arx")) session.load();
   const std::wstring notes = yard.options().workFolder + L"\\Plant\\Notes.dxf";
   const size_t before = yard.versions()[notes];
@@ -148,6 +163,8 @@ bool mayLeaveUnloaded(const Scenario& scenario, const SweptFault* fault) {
     return std::find(calls.begin(), calls.end(), operation) != calls.end();
   };
   if (named(byItself)) return true;
+  // Where a failure in the midst of it leaves an xref unloaded, so does a lack of memory.
+  if (fault && fault->call.ofModule()) return !scenario.leavesUnloaded.empty();
   return fault && (fault->onDisk || unloads(fault->call) || named(toUtf8(fault->call.operation)));
 }
 
@@ -159,6 +176,8 @@ const std::string answerAll = "@answer-any 1\n";
 bool SweptCall::ofHost() const {
   return operation.rfind(L"host.", 0) == 0 || operation.rfind(L"AcDb", 0) == 0;
 }
+
+bool SweptCall::ofModule() const { return operation.rfind(L"module.", 0) == 0; }
 
 SweptFault failing(const SweptCall& call, HRESULT code) {
   const std::string name = toUtf8(resultName(code));
@@ -196,7 +215,8 @@ Verdict runScenario(const Yard& yard, const Scenario& scenario, const SweptFault
   const bool done = session.run((fault ? fault->lines : "") + scenario.action);
   const size_t missed = clearFaults();
   verdict.faultCame = missed < (fault ? std::max(fault->onDisk, 1u) : 0);
-  if (fault && !fault->onDisk && !verdict.faultCame) {
+  // How much memory the module asks for depends on more than the script, if on little.
+  if (fault && !fault->onDisk && !fault->call.ofModule() && !verdict.faultCame) {
     verdict.problems.push_back(L"the call that was to fail didn't come");
   }
   verdict.calls = numbered(recordOperations());
@@ -211,7 +231,8 @@ Verdict runScenario(const Yard& yard, const Scenario& scenario, const SweptFault
     verdict.problems.push_back(loss);
   }
   const size_t judged = session.transcript().size();
-  workOn(yard, session, verdict);
+  const bool loads = scenario.action.rfind("@load", 0) == 0;
+  workOn(yard, session, loads && fault && fault->call.ofModule(), verdict);
   session.end();
   const auto& all = session.transcript();
   judgeLines({all.begin() + static_cast<std::ptrdiff_t>(judged), all.end()}, nullptr, verdict);

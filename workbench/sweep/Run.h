@@ -10,7 +10,7 @@
 
 namespace wb {
 
-/// A call that a scenario makes of the client or the host: the `after`-th repetition of an
+/// A call that a scenario makes of the client, the host or Windows: the `after`-th repetition of an
 /// operation.
 struct SweptCall {
   std::wstring operation;
@@ -18,6 +18,8 @@ struct SweptCall {
 
   /// Of the host, as opposed to the client.
   bool ofHost() const;
+  /// Of Windows: an allocation of the module's own, a window or a menu that it wants.
+  bool ofModule() const;
 };
 
 /// What goes wrong at a call.
@@ -47,7 +49,7 @@ struct Verdict {
 /// @param fault null for none, and then the script has to succeed
 Verdict runScenario(const Yard& yard, const Scenario& scenario, const SweptFault* fault);
 
-/// The lines that show the same in the workbench: `cadhost --script`.
+/// The lines that show the same in the workbench: `acad --script`.
 std::string scriptOf(const Scenario& scenario, const SweptFault& fault);
 
 }  // namespace wb

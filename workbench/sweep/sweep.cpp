@@ -1,6 +1,8 @@
-// Lets every call that the module makes of the client and the host fail, one after the other, in
-// everything that a user does with it, and looks at what is left behind.
+// Lets every call that the module makes of the client and the host fail, and everything that it
+// asks Windows for be refused, one after the other, in all that a user does with it, and looks at
+// what is left behind.
 #include <windows.h>
+#include <shellapi.h>
 
 #include <cstdio>
 #include <cstdlib>
@@ -18,10 +20,19 @@ namespace {
 constexpr HRESULT clientCodes[] = {E_FAIL, wb::E_QVT_PERMISSION_DENIED, wb::E_QVT_FILE_SHARE_ERROR,
                                    E_OUTOFMEMORY, RPC_E_DISCONNECTED};
 
+/// Every so many-th run, from a first one on.
+struct Share {
+  unsigned part = 0;
+  unsigned parts = 1;
+  unsigned number = 0;
+
+  bool takesNext() { return number++ % parts == part; }
+};
+
 struct Wishes {
-  std::string only;    // a part of the scenarios' names
-  unsigned share = 0;  // of `shares`, each run belongs to one
-  unsigned shares = 1;
+  std::string only;   // a part of the scenarios' names
+  Share calls;        // of the runs in which a call of the client or the host fails
+  Share allocations;  // of those in which the module lacks memory, a window or a menu
   bool list = false;
   std::filesystem::path drawings;
   std::filesystem::path folder = std::filesystem::temp_directory_path() / L"workbench-sweep";
@@ -32,6 +43,10 @@ struct Wishes {
 std::vector<wb::SweptFault> faultsOf(const std::vector<wb::SweptCall>& calls) {
   std::vector<wb::SweptFault> faults;
   for (const wb::SweptCall& call : calls) {
+    if (call.ofModule()) {
+      faults.push_back(wb::failing(call, E_OUTOFMEMORY));
+      continue;
+    }
     if (call.ofHost()) {
       faults.push_back(wb::failing(call, E_FAIL));
     } else {
@@ -51,7 +66,10 @@ std::wstring kindOf(const wb::SweptFault& fault) {
 class Sweep {
  public:
   explicit Sweep(const Wishes& wishes)
-      : wishes(wishes), yard(wishes.folder, wishes.drawings, wb::yardSetUp) {}
+      : wishes(wishes),
+        calls(wishes.calls),
+        allocations(wishes.allocations),
+        yard(wishes.folder, wishes.drawings, wb::yardSetUp) {}
 
   int run() {
     for (const wb::Scenario& scenario : wb::scenarios()) {
@@ -59,6 +77,8 @@ class Sweep {
     }
     std::printf("The files were in use throughout %u runs, so that no other program got at them.\n",
                 impossible);
+    std::printf("The module asked for less memory than without a fault in %u runs.\n", spared);
+    std::printf("There are %zu faults in all.\n", possible);
     std::printf("sweep: %u passed, %u failed\n", runs - failed, failed);
     return failed == 0 && runs > 0 ? 0 : 1;
   }
@@ -69,8 +89,9 @@ class Sweep {
     const wb::Verdict good = wb::runScenario(yard, scenario, nullptr);
     report(scenario, nullptr, good);
     const auto faults = faultsOf(good.calls);
+    possible += faults.size();
     for (const wb::SweptFault& fault : faults) {
-      const bool ofShare = number++ % wishes.shares == wishes.share;
+      const bool ofShare = (fault.call.ofModule() ? allocations : calls).takesNext();
       if (!seen.insert(kindOf(fault)).second && !ofShare) continue;
       announce(scenario, &fault);
       report(scenario, &fault, wb::runScenario(yard, scenario, &fault));
@@ -92,7 +113,7 @@ class Sweep {
 
   void report(const wb::Scenario& scenario, const wb::SweptFault* fault,
               const wb::Verdict& verdict) {
-    if (fault && fault->onDisk && !verdict.faultCame) ++impossible;
+    if (fault && !verdict.faultCame) ++(fault->onDisk ? impossible : spared);
     ++runs;
     const std::string what = nameOf(scenario, fault);
     if (verdict.problems.empty()) {
@@ -115,13 +136,20 @@ class Sweep {
   }
 
   const Wishes wishes;
+  Share calls;
+  Share allocations;
   const wb::Yard yard;
   unsigned runs = 0;
   unsigned failed = 0;
   unsigned impossible = 0;
-  unsigned number = 0;
+  unsigned spared = 0;
+  size_t possible = 0;
   std::set<std::wstring> seen;
 };
+
+bool understandShare(const wchar_t* word, Share& share) {
+  return swscanf(word, L"%u/%u", &share.part, &share.parts) == 2 && share.parts > 0;
+}
 
 bool understand(int count, wchar_t** words, Wishes& wishes) {
   for (int index = 1; index < count; ++index) {
@@ -138,21 +166,27 @@ bool understand(int count, wchar_t** words, Wishes& wishes) {
     } else if (word == L"--folder") {
       wishes.folder = words[++index];
     } else if (word == L"--share") {
-      if (swscanf(words[++index], L"%u/%u", &wishes.share, &wishes.shares) != 2) return false;
+      if (!understandShare(words[++index], wishes.calls)) return false;
+    } else if (word == L"--allocations") {
+      if (!understandShare(words[++index], wishes.allocations)) return false;
     } else {
       return false;
     }
   }
-  return !wishes.drawings.empty() && wishes.shares > 0;
+  return !wishes.drawings.empty();
 }
 
 }  // namespace
 
-int wmain(int count, wchar_t** words) {
+int main() {
+  int count = 0;
+  wchar_t** const words = CommandLineToArgvW(GetCommandLineW(), &count);
   Wishes wishes;
   if (!understand(count, words, wishes)) {
-    std::fputs("sweep --drawings FOLDER [--folder WORK] [--share K/N] [--only WORD] [--list]\n",
-               stderr);
+    std::fputs(
+        "sweep --drawings FOLDER [--folder WORK] [--share K/N] [--allocations K/N] [--only WORD]\n"
+        "      [--list]\n",
+        stderr);
     return 2;
   }
   try {

@@ -24,8 +24,8 @@ constexpr int exitFailed = 1;
 constexpr int exitUsage = 2;
 
 constexpr char usage[] =
-    "cadhost [--module FILE] [--client FILE] [--script FILE] [--interactive] [--work FOLDER]\n"
-    "        [--keep] [--drawings FOLDER] [--timeout SECONDS]\n"
+    "acad [--module FILE] [--client FILE] [--script FILE] [--interactive] [--work FOLDER]\n"
+    "     [--keep] [--drawings FOLDER] [--timeout SECONDS]\n"
     "\n"
     "Runs a script in the stand-in host, prints the transcript, and ends with 0 if all went well,\n"
     "1 if the script failed, 2 for a wrong command line, 3 after a timeout.\n"
@@ -102,7 +102,7 @@ void fillDefaults(CommandLine& line) {
   wb::SessionOptions& session = line.session;
   if (session.module.empty()) session.module = programs / L"TessaroAcad.arx";
   if (session.client.empty()) session.client = programs / L"TessaroClient.dll";
-  if (session.workFolder.empty()) session.workFolder = temporaryFolder() + L"cadhost";
+  if (session.workFolder.empty()) session.workFolder = temporaryFolder() + L"acad";
   if (!line.script.empty()) {
     line.script = wb::windowsPath(line.script);
     const auto drawings =
@@ -145,13 +145,13 @@ int main() {
   try {
     return run(parse(count, arguments));
   } catch (const UsageError& error) {
-    std::fprintf(stderr, "cadhost: %s\n\n%s", error.what(), usage);
+    std::fprintf(stderr, "acad: %s\n\n%s", error.what(), usage);
     return exitUsage;
   } catch (const wb::ScriptError& error) {
-    std::fprintf(stderr, "cadhost: %s\n", wb::toUtf8(error.why).c_str());
+    std::fprintf(stderr, "acad: %s\n", wb::toUtf8(error.why).c_str());
     return exitUsage;
   } catch (const std::exception& error) {
-    std::fprintf(stderr, "cadhost: %s\n", error.what());
+    std::fprintf(stderr, "acad: %s\n", error.what());
     return exitFailed;
   }
 }

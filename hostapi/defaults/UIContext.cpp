@@ -1,0 +1,9 @@
+#include <aced.h>
+
+void* AcEdUIContext::getMenuContext(
+    const AcRxClass*, const AcDbObjectIdArray&,
+    const AcArray<AcDbFullSubentPathArray,
+                  AcArrayObjectCopyReallocator<AcDbFullSubentPathArray>>&) {
+  return nullptr;
+}
+void AcEdUIContext::OnUpdateMenu() {}

@@ -1,0 +1,13 @@
+#include "foundation/Border.h"
+
+HRESULT currentFailure() noexcept {
+  try {
+    throw;
+  } catch (const _com_error& error) {
+    return error.Error();
+  } catch (const std::bad_alloc&) {
+    return E_OUTOFMEMORY;
+  } catch (...) {
+    return E_UNEXPECTED;
+  }
+}

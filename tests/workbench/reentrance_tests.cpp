@@ -1,0 +1,300 @@
+// What comes into the module while it is waiting for something: messages, events, the documents'
+// end.
+#include <windows.h>
+
+#include <acdocman.h>
+#include <acedads.h>
+#include <axlock.h>
+
+#include <functional>
+
+#include "ModuleSession.h"
+#include "core/Text.h"
+#include "host/Answers.h"
+#include "host/CommandRunner.h"
+#include "host/CommandStack.h"
+#include "host/DocumentManager.h"
+#include "host/Drawing.h"
+#include "host/Editor.h"
+#include "host/Host.h"
+#include "host/ImportWatch.h"
+
+namespace {
+
+const std::string plan = "%WORK%\\View\\Plan.dxf";
+const std::string other = "%WORK%\\View\\Other.dxf";
+const std::wstring asked = L"send: \"_Tessaro_asklock \"";
+
+wb::Host& host() { return wb::Host::instance(); }
+
+/// Does something once in the next message loop of this thread: that of a box, for one.
+class InNextLoop {
+ public:
+  explicit InNextLoop(std::function<void()> what) {
+    action() = std::move(what);
+    WNDCLASSW type{};
+    type.lpfnWndProc = procedure;
+    type.hInstance = GetModuleHandleW(nullptr);
+    type.lpszClassName = L"InNextLoop";
+    RegisterClassW(&type);
+    window = CreateWindowExW(0, type.lpszClassName, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
+                             type.hInstance, nullptr);
+    PostMessageW(window, WM_APP, 0, 0);
+  }
+  InNextLoop(const InNextLoop&) = delete;
+  InNextLoop& operator=(const InNextLoop&) = delete;
+  ~InNextLoop() {
+    EXPECT_FALSE(action()) << "no loop has run";
+    DestroyWindow(window);
+  }
+
+ private:
+  static std::function<void()>& action() {
+    static std::function<void()> what;
+    return what;
+  }
+  static LRESULT CALLBACK procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message != WM_APP || !action()) return DefWindowProcW(handle, message, wParam, lParam);
+    std::exchange(action(), nullptr)();
+    return 0;
+  }
+
+  HWND window = nullptr;
+};
+
+/// Does something once, when the module next makes a call of Windows: what a client that shows
+/// windows of its own could let through there.
+class AtCall {
+ public:
+  AtCall(const wb::WatchedCall& call, std::function<void()> what) {
+    action() = std::move(what);
+    for (const wb::PatchedSlot& slot :
+         wb::patchImports(GetModuleHandleW(L"TessaroAcad.arx"), {call})) {
+      patched = slot;
+    }
+  }
+  AtCall(const AtCall&) = delete;
+  AtCall& operator=(const AtCall&) = delete;
+  ~AtCall() {
+    EXPECT_FALSE(action()) << "the call hasn't come";
+    DWORD protection = 0;
+    VirtualProtect(patched.slot, sizeof(void*), PAGE_READWRITE, &protection);
+    *patched.slot = patched.original;
+    VirtualProtect(patched.slot, sizeof(void*), protection, &protection);
+  }
+
+  static void comes() {
+    if (action()) std::exchange(action(), nullptr)();
+  }
+
+ private:
+  static std::function<void()>& action() {
+    static std::function<void()> what;
+    return what;
+  }
+
+  wb::PatchedSlot patched{};
+};
+
+BOOL WINAPI computerName(LPWSTR name, LPDWORD size) {
+  AtCall::comes();
+  return GetComputerNameW(name, size);
+}
+
+HANDLE WINAPI fileOpened(LPCWSTR name, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES security,
+                         DWORD disposition, DWORD flags, HANDLE pattern) {
+  AtCall::comes();
+  return CreateFileW(name, access, share, security, disposition, flags, pattern);
+}
+
+LPWSTR WINAPI upperCase(LPWSTR text) {
+  AtCall::comes();
+  return CharUpperW(text);
+}
+
+class Reentrance : public ModuleSession {
+ protected:
+  Reentrance() {
+    writeDrawing(L"part.dxf");
+    writeDrawing(L"site.dxf", {{L"Part", L"Part.dxf"}});
+    run("@vault add %WORK%\\View\\Part.dxf from %WORK%\\part.dxf\n"
+        "@vault add %WORK%\\View\\Site.dxf from %WORK%\\site.dxf\n"
+        "@vault add " +
+        other + " from %WORK%\\small.dxf\n");
+  }
+
+  /// A command of another application in the drawing on top.
+  static void command(const wchar_t* name, std::function<void()> work) {
+    wb::Command one;
+    one.global = one.local = name;
+    one.work = std::move(work);
+    host().runner().run(one, host().documents().active());
+    host().runUntilIdle();
+  }
+  static void editByHand() { host().documents().active()->drawing()->edit(); }
+  static HWND statusWindow() { return FindWindowW(nullptr, L"Tessaro Status"); }
+  static void tick() { SendMessageW(statusWindow(), WM_TIMER, 1, 0); }
+  static std::wstring pathOf(const wchar_t* file) { return (viewFolder() / file).wstring(); }
+  std::string window() {
+    run("@window\n");
+    return wb::toUtf8(session.transcript().back());
+  }
+  void openUnwatched() {
+    run("@reg set StatusWnd 0\n@load\n@open " + plan + "\n");
+    mark();
+  }
+};
+
+class GuardReentrance : public Reentrance {};
+
+TEST_F(GuardReentrance, ACommandThatPromptsDoesNotEatTheWarning) {
+  // Changed while the guard was off, so that there is something to warn of from the first lock on.
+  run("@reg set EditWarning 0\n");
+  openUnwatched();
+  run("@edit\n@reg set EditWarning 1\n");
+  mark();
+  int number = 0;
+  host().type(L"5");
+  wb::Answers::instance().queue(L"no");
+  command(L"OFFSET", [&] {
+    { const AcAxDocLock nested(host().documents().active()->database()); }
+    acedGetInt(L"Number: ", &number);
+  });
+  EXPECT_EQ(number, 5) << recent();
+  expectOrder({L"prompt: \"Number: \"", asked, L"box: flags=MB_YESNO|MB_ICONQUESTION"});
+  EXPECT_EQ(count(asked), 1) << recent();
+}
+
+TEST_F(GuardReentrance, AChangeWithoutALockIsSeenBeforeItIsSaved) {
+  std::filesystem::permissions(viewFolder() / L"Plan.dxf", std::filesystem::perms::owner_write,
+                               std::filesystem::perm_options::add);
+  openUnwatched();
+  editByHand();
+  run("@answer no\n@save\n");
+  expectOrder({asked, L"doc: saved", L"box: flags=MB_YESNO|MB_ICONQUESTION"});
+}
+
+TEST_F(GuardReentrance, ADocumentThatGoesWhileTheVaultIsAskedIsLeftAlone) {
+  run("@vault checkout " + plan + " computer ELSEWHERE\n");
+  for (const bool atFirstLook : {true, false}) {
+    run("@reg set StatusWnd 0\n@load\n@open " + plan + "\n");
+    if (!atFirstLook) run("Tessaro_getlatestxrefs\n");
+    editByHand();
+    mark();
+    {
+      const AtCall call({"GetComputerNameW", wb::observerOf(computerName, GetComputerNameW)}, [] {
+        host().documents().close(host().documents().find(pathOf(L"Plan.dxf")), false);
+      });
+      command(L"LINE", [] {});
+    }
+    EXPECT_EQ(count(L"send: ") + count(L"error: ") + count(L"uncaught"), 0) << recent();
+    EXPECT_EQ(count(L"doc: destroyed"), 1) << recent();
+    run("@unload\n");
+  }
+}
+
+class WindowReentrance : public Reentrance {
+ protected:
+  WindowReentrance() { run("@reg set EditWarning 0\n"); }
+};
+
+TEST_F(WindowReentrance, OneCauseBringsOneBox) {
+  run("@load\n@client missing\n");
+  mark();
+  {
+    // A tick comes while the box of the opening is up.
+    const InNextLoop loop([] { tick(); });
+    wb::Answers::instance().queue(L"ok");
+    std::wstring reason;
+    host().documents().open(pathOf(L"Plan.dxf"), false, reason);
+  }
+  EXPECT_EQ(count(L"box: "), 1) << recent();
+  EXPECT_EQ(count(L"error: "), 0) << recent();
+}
+
+TEST_F(WindowReentrance, AnEventInTheMiddleOfAStepFollowsIt) {
+  run("@load\n@open " + plan + "\n@vault checkout " + other + "\n");
+  run("@fail VaultFile.latestVersion E_QVT_PERMISSION_DENIED\n");
+  mark();
+  {
+    const InNextLoop loop([] {
+      std::wstring reason;
+      host().documents().open(pathOf(L"Other.dxf"), false, reason);
+    });
+    wb::Answers::instance().queue(L"ok");
+    tick();
+  }
+  expectOrder({L"doc: activated <work>\\View\\Other.dxf", L"box: ", L"VaultFile.localVersion"});
+  EXPECT_EQ(count(L"box: "), 1) << recent();
+  EXPECT_NE(window().find("1006=checked enabled, 1007=\"Version: 1/1\""), std::string::npos)
+      << recent();
+  // The first one's status wasn't had; it is asked for when the drawing comes to the top.
+  run("@activate " + plan + "\n");
+  EXPECT_NE(window().find("1006=unchecked enabled, 1007=\"Version: 1/1\""), std::string::npos)
+      << recent();
+}
+
+TEST_F(WindowReentrance, ADocumentThatGoesDuringACheckLeavesNothingBehind) {
+  run("@load\n@open %WORK%\\View\\Site.dxf\n");
+  {
+    const AtCall call({"CreateFileW", wb::observerOf(fileOpened, CreateFileW)}, [] {
+      host().documents().close(host().documents().find(pathOf(L"Site.dxf")), false);
+    });
+    tick();
+  }
+  EXPECT_NE(window().find("1007=\"Version: -/-\" disabled"), std::string::npos);
+  run("@open " + plan + "\n");
+  EXPECT_NE(window().find("1007=\"Version: 1/1\" enabled"), std::string::npos);
+}
+
+TEST_F(WindowReentrance, ASavedSideDatabaseIsNoneOfTheWindows) {
+  run("@load\n@open " + plan + "\n");
+  const std::string before = window();
+  mark();
+  host().editor().saveComplete(nullptr, L"C:\\Side.dwg");
+  EXPECT_EQ(count(L"client: "), 0) << recent();
+  // The host doesn't tell the name, the document does.
+  host().editor().saveComplete(host().documents().active()->database(), nullptr);
+  EXPECT_EQ(count(L"VaultFile.localVersion"), 1) << recent();
+  EXPECT_EQ(count(L"uncaught"), 0) << recent();
+  EXPECT_EQ(window(), before);
+}
+
+TEST_F(WindowReentrance, NothingChecksXrefsInTheMiddleOfAnotherCheck) {
+  run("@load\n@open %WORK%\\View\\Site.dxf\n@vault newversion %WORK%\\View\\Part.dxf from "
+      "%WORK%\\small.dxf\n@vault date %WORK%\\View\\Part.dxf 2030-01-01 10:00:00\n");
+  mark();
+  {
+    const AtCall call({"CreateFileW", wb::observerOf(fileOpened, CreateFileW)}, [] {
+      tick();
+      SendMessageW(statusWindow(), WM_COMMAND, MAKEWPARAM(1005, BN_CLICKED), 0);
+    });
+    run("Tessaro_getlatestxrefs\n");
+  }
+  EXPECT_EQ(count(L"VaultQuery.execute("), 1) << recent();
+  EXPECT_EQ(count(L"VaultFile.getLocalCopy("), 1) << recent();
+  run("@tick\n");
+  EXPECT_EQ(count(L"VaultQuery.execute("), 2) << recent();
+}
+
+TEST_F(WindowReentrance, WhatTheHostCallsAfterTheUnloadDoesNothing) {
+  run("@load\n@open %WORK%\\View\\Site.dxf\n");
+  mark();
+  {
+    // The host gets this to do later ahead of what the module hands to it.
+    const AtCall call({"CharUpperW", wb::observerOf(upperCase, CharUpperW)}, [] {
+      host().documents().executeInApplicationContext(
+          [](void*) { host().unloadModule(options().module); }, nullptr);
+    });
+    session.run("@select Part\nTessaro_editxref\n");
+  }
+  EXPECT_EQ(count(L"doc: application unloaded"), 1) << recent();
+  EXPECT_EQ(count(L"doc: opened"), 0) << recent();
+  // The library waited for the call; now it may go.
+  const HMODULE library = GetModuleHandleW(L"TessaroAcad.arx");
+  ASSERT_TRUE(library);
+  FreeLibrary(library);
+  EXPECT_FALSE(GetModuleHandleW(L"TessaroAcad.arx"));
+}
+
+}  // namespace

@@ -1,0 +1,2 @@
+// Wine declares the functions of this header in winbase.h.
+#pragma once

@@ -1,0 +1,3 @@
+// What <new.h> of older compilers declared.
+#pragma once
+#include <new>
