@@ -12,11 +12,11 @@ else()
 endif()
 
 if(NOT MSVC)
-  # llvm-rc runs clang by itself; the sources of resources are UTF-8. The debugger's file lies beside
-  # each program.
+  # llvm-rc runs clang by itself; the sources of resources are UTF-8. Without the "--" a source
+  # such as /check/a.rc would be read as the option /c. The debugger's file lies beside each program.
   set(CMAKE_DEPFILE_FLAGS_RC "")
   set(CMAKE_RC_COMPILE_OBJECT
-      "<CMAKE_RC_COMPILER> /C 65001 <DEFINES> <INCLUDES> <FLAGS> /fo <OBJECT> <SOURCE>")
+      "<CMAKE_RC_COMPILER> /C 65001 <DEFINES> <INCLUDES> <FLAGS> /fo <OBJECT> -- <SOURCE>")
   add_link_options("SHELL:-Xlinker /debug")
 endif()
 

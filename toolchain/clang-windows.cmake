@@ -36,9 +36,6 @@ set(CMAKE_CXX_FLAGS_INIT
     "${microsoft_flags} -fcxx-exceptions -fexceptions -isystem \"${LIBCXX_FOLDER}\" ${windows_headers} ${windows_definitions}")
 set(CMAKE_RC_FLAGS_INIT
     "-I \"${CMAKE_CURRENT_LIST_DIR}/headers\" -I \"${WINE_MSVCRT_FOLDER}\" -I \"${toolchain_folder}/adapted\" -I \"${WINE_WINDOWS_FOLDER}\"")
-# A path such as /check/a.rc would be read as the option /c.
-set(CMAKE_RC_COMPILE_OBJECT
-    "<CMAKE_RC_COMPILER> <DEFINES> <INCLUDES> <FLAGS> /fo <OBJECT> -- <SOURCE>")
 
 # Without a time stamp the same sources give the same bytes. No manifest: nothing here needs one.
 set(link_flags
