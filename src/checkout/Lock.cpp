@@ -25,6 +25,19 @@ bool userAgrees(const _bstr_t& fileName, bool modified) {
   return appMessageBox(text.c_str(), MB_YESNO | MB_ICONQUESTION) == IDYES;
 }
 
+/// Opens a drawing when the command ends, also by an error: the user gets the drawing back in any
+/// case, whether or not the check-out succeeded.
+class OpenAgain {
+ public:
+  explicit OpenAgain(const CString& path) : path(path) {}
+  OpenAgain(const OpenAgain&) = delete;
+  OpenAgain& operator=(const OpenAgain&) = delete;
+  ~OpenAgain() { acDocManagerPtr()->appContextOpenDocument(path.c_str()); }
+
+ private:
+  const CString& path;
+};
+
 }  // namespace
 
 void lock(AppContext& app, bool silent) {
@@ -53,11 +66,10 @@ void lock(AppContext& app, bool silent) {
     acdbSetDbmod(drawing.database, 0);
   }
   acDocManagerPtr()->sendStringToExecute(drawing.document, L"_CLOSE ", true, false, true);
+  const OpenAgain drawingBack(path);
   try {
     checkOut(app, file, folder);
   } catch (const _com_error& error) {
-    reportComErrorClient(app, client, error, {10, "Error checking out file."});
+    reportComErrorClient(app, client, error, loadMessage(10, "Error checking out file."));
   }
-  // After a failed check-out as well: the user gets the drawing back in any case.
-  acDocManagerPtr()->appContextOpenDocument(path.c_str());
 }

@@ -2,6 +2,8 @@
 
 #include <iterator>
 
+#include "foundation/AppMessageBox.h"
+
 namespace {
 
 /// Windows' message for the code without a line break at its end, cut to the room that there is.

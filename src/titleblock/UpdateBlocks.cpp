@@ -168,5 +168,5 @@ bool SetAttributeValue(AcDbBlockReference& reference, const CString& pattern, co
 
 void reportBorderError(AppContext& app, const VaultClientLegacyPtr& client,
                        const _com_error& error) {
-  reportComError(app, client, error, {5, "Could not update the drawing border."});
+  reportComError(app, client, error, loadMessage(5, "Could not update the drawing border."));
 }

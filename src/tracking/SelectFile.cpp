@@ -46,7 +46,7 @@ void offerCheckOut(AppContext& app, const CString& path) {
   try {
     if (isCheckedOut(file)) return;
   } catch (const _com_error& error) {
-    reportComErrorClient(app, client, error, {12, "Error getting check out data."});
+    reportComErrorClient(app, client, error, loadMessage(12, "Error getting check out data."));
     return;
   }
   const _bstr_t question = loadMessage(
@@ -55,7 +55,7 @@ void offerCheckOut(AppContext& app, const CString& path) {
   try {
     checkOut(app, file, folder);
   } catch (const _com_error& error) {
-    reportComErrorClient(app, client, error, {10, "Error checking out file."});
+    reportComErrorClient(app, client, error, loadMessage(10, "Error checking out file."));
   }
 }
 

@@ -76,6 +76,7 @@ HRESULT OpenVaultContext(AppContext& app, DrawingVaultContext& context, long req
   try {
     return openContext(app, context, requiredMajor, requiredMinor);
   } catch (const _com_error& error) {
-    return reportComError(app, context.client, error, {5, "Could not update the drawing border."});
+    return reportComError(app, context.client, error,
+                          loadMessage(5, "Could not update the drawing border."));
   }
 }

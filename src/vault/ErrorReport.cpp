@@ -1,8 +1,6 @@
 #include "vault/ErrorReport.h"
 
-#include <iterator>
-
-#include "foundation/FailureBox.h"
+#include "foundation/AppMessageBox.h"
 #include "vault/MessageStrings.h"
 #include "vault/ResultCodes.h"
 
@@ -28,30 +26,14 @@ _bstr_t causeOf(const ClientPtr& client, const _com_error& error) {
 }
 
 template <class ClientPtr>
-_bstr_t reportText(const ClientPtr& client, const _com_error& error, const _bstr_t& context) {
+HRESULT report(const ClientPtr& client, const _com_error& error, const wchar_t* context) {
   _bstr_t cause;
   try {
     cause = causeOf(client, error);
   } catch (const _com_error&) {
-    // What the module was about to do is still worth telling.
+    // What the module was about to do is still worth showing.
   }
-  return context + L"\n" + cause;
-}
-
-template <class ClientPtr>
-HRESULT report(const ClientPtr& client, const _com_error& error, const wchar_t* context) {
-  failureBox(context, error.Error(), [&] { return reportText(client, error, context); });
-  return error.Error();
-}
-
-template <class ClientPtr>
-HRESULT report(const ClientPtr& client, const _com_error& error, const Message& context) {
-  wchar_t plain[128] = {};
-  MultiByteToWideChar(CP_ACP, 0, context.defaultText, -1, plain,
-                      static_cast<int>(std::size(plain)));
-  failureBox(plain, error.Error(), [&] {
-    return reportText(client, error, loadMessage(context.number, context.defaultText));
-  });
+  appMessageBox(_bstr_t(context) + L"\n" + cause, MB_ICONINFORMATION);
   return error.Error();
 }
 
@@ -62,17 +44,7 @@ HRESULT reportComError(AppContext&, const VaultClientLegacyPtr& client, const _c
   return report(client, error, context);
 }
 
-HRESULT reportComError(AppContext&, const VaultClientLegacyPtr& client, const _com_error& error,
-                       const Message& context) {
-  return report(client, error, context);
-}
-
 HRESULT reportComErrorClient(AppContext&, const VaultClientPtr& client, const _com_error& error,
                              const wchar_t* context) {
-  return report(client, error, context);
-}
-
-HRESULT reportComErrorClient(AppContext&, const VaultClientPtr& client, const _com_error& error,
-                             const Message& context) {
   return report(client, error, context);
 }

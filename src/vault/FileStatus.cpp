@@ -1,7 +1,7 @@
 // What the client tells of one file: whose it is, which versions there are and which is here.
 #include <iterator>
 
-#include "foundation/FailureBox.h"
+#include "foundation/AppMessageBox.h"
 #include "vault/OpenVaultFile.h"
 #include "vault/VaultSteps.h"
 
@@ -93,7 +93,7 @@ void fill(const FileStatus& wanted, VaultFile& file, VaultFolder* folder) {
 }
 
 void tellFailure(const _com_error& error) {
-  failureBox(nullptr, error.Error(), [&] { return resultCodeText(error.Error()); });
+  appMessageBox(resultCodeText(error.Error()), MB_ICONINFORMATION);
 }
 
 void appendVersions(VaultFileLegacy& file, std::vector<VersionEntry>& versions) {

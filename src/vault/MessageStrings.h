@@ -4,12 +4,6 @@
 
 #include <comdef.h>
 
-/// A text of the add-in that is fetched when it is shown.
-struct Message {
-  long number;
-  const char* defaultText;
-};
-
 /// The add-in's text of that number in the user's language, from the client's text service. The
 /// service is made at the first text and kept; while it can't be had, each text is its default.
 /// @param defaultText in the system's 8-bit code page

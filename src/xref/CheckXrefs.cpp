@@ -13,7 +13,7 @@
 #include <memory>
 #include <stdexcept>
 
-#include "foundation/FailureBox.h"
+#include "foundation/AppMessageBox.h"
 #include "vault/CheckedCall.h"
 #include "vault/OpenVaultFile.h"
 #include "vault/ResultCodes.h"
@@ -169,10 +169,9 @@ XrefCheck checkLocked(AppContext& app, XrefStateObserver& observer, const CStrin
   } catch (const ResultCode& code) {
     return static_cast<XrefCheck>(code.value);
   } catch (const _com_error& error) {
-    failureBox(L"Error reading xref information from database.", error.Error(), [&] {
-      return L"Error reading xref information from database.\nCause:" +
-             resultCodeText(error.Error());
-    });
+    appMessageBox(
+        L"Error reading xref information from database.\nCause:" + resultCodeText(error.Error()),
+        MB_ICONINFORMATION);
     return XrefCheck::failed;
   }
 }

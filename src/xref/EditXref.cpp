@@ -14,6 +14,7 @@
 #include "vault/ErrorReport.h"
 #include "vault/MessageStrings.h"
 #include "vault/OpenVaultFile.h"
+#include "xref/UnloadedXref.h"
 #include "xref/XrefInfo.h"
 #include "xref/XrefList.h"
 #include "xref/XrefPaths.h"
@@ -39,7 +40,7 @@ CheckOutNeed EditedFile::need(AppContext& app) {
     if (isCheckedOutHere(file, folder)) return CheckOutNeed::none;
     acedPrompt(loadMessage(54, "Cannot edit Xref. File is checked out elsewhere."));
   } catch (const _com_error& error) {
-    reportComError(app, client, error, {12, "Error getting check out data."});
+    reportComError(app, client, error, loadMessage(12, "Error getting check out data."));
   }
   return CheckOutNeed::refused;
 }
@@ -48,12 +49,12 @@ void EditedFile::checkOutForEditing(AppContext& app) {
   try {
     checkOut(app, file, folder);
   } catch (const _com_error& error) {
-    reportComError(app, client, error, {10, "Error checking out file."});
+    reportComError(app, client, error, loadMessage(10, "Error checking out file."));
   }
 }
 
 /// @return false if the xref can't be edited; the user has been told.
-bool unloadForEditing(AppContext& app, const XrefInfo& xref) {
+bool unloadForEditing(AppContext& app, const XrefInfo& xref, UnloadedXref& unloaded) {
   const XrefWork work;
   EditedFile vault;
   CheckOutNeed need = CheckOutNeed::none;
@@ -61,26 +62,10 @@ bool unloadForEditing(AppContext& app, const XrefInfo& xref) {
     need = vault.need(app);
     if (need == CheckOutNeed::refused) return false;
   }
-  acedXrefUnload(xref.name.c_str(), true, nullptr);
+  unloaded.unload();
   if (need == CheckOutNeed::checkOut) vault.checkOutForEditing(app);
   return true;
 }
-
-/// Loads an unloaded xref again, unless its window is on its way.
-class Reload {
- public:
-  explicit Reload(const CString& name) : name(name) {}
-  Reload(const Reload&) = delete;
-  Reload& operator=(const Reload&) = delete;
-  ~Reload() {
-    if (!cancelled) acedXrefReload(name.c_str(), true, nullptr);
-  }
-  void cancel() { cancelled = true; }
-
- private:
-  const CString& name;
-  bool cancelled = false;
-};
 
 }  // namespace
 
@@ -91,14 +76,13 @@ void editxref(AppContext& app, XrefList& pendingReloads) {
     acedPrompt(loadMessage(53, "An instance of this Xref is already open for editing."));
     return;
   }
-  if (!unloadForEditing(app, xref)) return;
-
-  Reload reload(xref.name);
+  UnloadedXref unloaded(xref.name);
+  if (!unloadForEditing(app, xref, unloaded)) return;
   CString path = xref.path;
   CharUpperW(path.data());
   pendingReloads.add(path, xref.name, acDocManagerPtr()->curDocument());
   // From here on the return to the parent loads the xref.
-  reload.cancel();
+  unloaded.leaveUnloaded();
   // A document's context can't open another document.
   app.laterCalls.inApplicationContext(
       [path] { acDocManagerPtr()->appContextOpenDocument(path.c_str()); });

@@ -7,8 +7,8 @@
 
 #include "foundation/CString.h"
 
-/// An xref of the current drawing that is unloaded while its file changes. It is loaded again at the
-/// end of the scope, also by an error.
+/// An xref of the current drawing that is unloaded while its file changes. It is loaded again at
+/// the end of the scope, also by an error.
 class UnloadedXref {
  public:
   /// Nothing is unloaded yet.

@@ -3,9 +3,6 @@
 #include <windows.h>
 
 #include <adscodes.h>
-#include <dbmain.h>
-#include <acedxref.h>
-
 #include <comdef.h>
 #include <vector>
 
@@ -16,6 +13,7 @@
 #include "vault/OpenVaultFile.h"
 #include "vault/RunMenuCmd.h"
 #include "xref/SelectionSet.h"
+#include "xref/UnloadedXref.h"
 #include "xref/XrefInfo.h"
 #include "xref/XrefPaths.h"
 #include "xref/XrefWork.h"
@@ -45,7 +43,7 @@ bool pickXrefs(std::vector<XrefInfo>& xrefs) {
 
 bool checkOutXref(AppContext& app, LegacyFile& vault, const CString& name) {
   const auto report = [&](const _com_error& error) {
-    reportComError(app, vault.client, error, {10, "Error checking out file."});
+    reportComError(app, vault.client, error, loadMessage(10, "Error checking out file."));
   };
   try {
     if (isCheckedOut(vault.file)) return false;
@@ -53,13 +51,13 @@ bool checkOutXref(AppContext& app, LegacyFile& vault, const CString& name) {
     report(error);
     return false;
   }
-  acedXrefUnload(name.c_str(), true, nullptr);
+  UnloadedXref unloaded(name);
+  unloaded.unload();
   try {
     checkOut(app, vault.file, vault.folder);
   } catch (const _com_error& error) {
     report(error);
   }
-  acedXrefReload(name.c_str(), true, nullptr);
   return true;
 }
 
@@ -69,7 +67,7 @@ bool checkInXref(AppContext& app, LegacyFile& vault) {
     const _bstr_t name = nameOf(vault.file);
     RunMenuCmd(shellFolderOf(vault.folder), name, L"Unlock").doModal(app.mainWindow);
   } catch (const _com_error& error) {
-    reportComError(app, vault.client, error, {11, "Error checking in file."});
+    reportComError(app, vault.client, error, loadMessage(11, "Error checking in file."));
   }
   return true;
 }

@@ -140,18 +140,19 @@ TEST(Border, OfADialogHandsTheErrorOnBehindIt) {
             HRESULT_FROM_WIN32(ERROR_NOT_ENOUGH_MEMORY));
 }
 
-TEST(Failures, AreToldWithoutMemoryForTheirWords) {
+TEST(Failures, WithoutMemoryForTheirWordsRaiseThat) {
   AppContext app;
   const _com_error denied(E_ACCESSDENIED);
   BoxWatch boxes;
   {
     const NoTexts none;
-    EXPECT_EQ(reportComErrorClient(app, nullptr, denied, {10, "Error checking out file."}),
-              E_ACCESSDENIED);
-    EXPECT_EQ(reportComError(app, nullptr, denied, L"Context"), E_ACCESSDENIED);
+    EXPECT_EQ(codeOf([&] { reportComErrorClient(app, nullptr, denied, L"Context"); }),
+              E_OUTOFMEMORY);
+    EXPECT_EQ(codeOf([&] { reportComError(app, nullptr, denied, L"Context"); }), E_OUTOFMEMORY);
   }
-  const std::wstring words = L"\n" + windowsWords(E_ACCESSDENIED);
-  EXPECT_EQ(BoxWatch::texts, (Texts{L"Error checking out file." + words, L"Context" + words}));
+  EXPECT_EQ(BoxWatch::texts, Texts());
+  EXPECT_EQ(reportComError(app, nullptr, denied, L"Context"), E_ACCESSDENIED);
+  EXPECT_EQ(BoxWatch::texts, Texts{L"Context\n" + windowsWords(E_ACCESSDENIED)});
 }
 
 TEST(Failures, AreInTheUsersLanguage) {
