@@ -13,10 +13,10 @@
 #include "Rows.h"
 #include "core/ResultNames.h"
 #include "core/Text.h"
+#include "editor/Document.h"
+#include "editor/DocumentManager.h"
+#include "editor/Host.h"
 #include "foundation/SettingsLight.h"
-#include "host/Document.h"
-#include "host/DocumentManager.h"
-#include "host/Host.h"
 #include "vault/VaultInterfaces.h"
 
 namespace bench {

@@ -4,7 +4,7 @@
 
 #include "Measure.h"
 #include "Rows.h"
-#include "host/Host.h"
+#include "editor/Host.h"
 
 namespace bench {
 

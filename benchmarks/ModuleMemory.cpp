@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "host/ImportWatch.h"
+#include "watch/ImportWatch.h"
 
 namespace bench {
 

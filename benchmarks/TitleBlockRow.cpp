@@ -14,10 +14,10 @@
 
 #include "Measure.h"
 #include "Rows.h"
-#include "core/Store.h"
 #include "foundation/ArxPtr.h"
 #include "foundation/DelPtr.h"
 #include "foundation/HostString.h"
+#include "store/Store.h"
 
 namespace bench {
 

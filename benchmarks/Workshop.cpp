@@ -6,14 +6,14 @@
 
 #include "ModuleMemory.h"
 #include "core/Accounts.h"
-#include "core/Store.h"
 #include "core/Text.h"
 #include "core/Transcript.h"
-#include "host/CommandStack.h"
-#include "host/Document.h"
-#include "host/DocumentManager.h"
-#include "host/Editor.h"
-#include "host/Host.h"
+#include "editor/CommandStack.h"
+#include "editor/Document.h"
+#include "editor/DocumentManager.h"
+#include "editor/Editor.h"
+#include "editor/Host.h"
+#include "store/Store.h"
 
 namespace bench {
 

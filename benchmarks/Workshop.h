@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "host/Session.h"
+#include "scripting/Session.h"
 
 namespace bench {
 

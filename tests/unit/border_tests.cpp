@@ -9,15 +9,15 @@
 
 #include "BoxWatch.h"
 #include "FakeClient.h"
+#include "editor/DocumentManager.h"
 #include "foundation/AppContext.h"
 #include "foundation/Border.h"
 #include "foundation/LaterCalls.h"
 #include "foundation/SimpleDialog.h"
-#include "host/DocumentManager.h"
-#include "host/ImportWatch.h"
 #include "ui/resource.h"
 #include "vault/ErrorReport.h"
 #include "vault/ResultCodes.h"
+#include "watch/ImportWatch.h"
 #include "xref/CheckXrefs.h"
 
 namespace {

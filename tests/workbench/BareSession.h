@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "host/Session.h"
+#include "scripting/Session.h"
 
 /// A session without module and client, in a work folder of the test's own.
 class BareSession : public wb::Session {

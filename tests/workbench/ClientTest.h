@@ -9,9 +9,9 @@
 
 #include "core/Accounts.h"
 #include "core/Condition.h"
-#include "core/Faults.h"
-#include "core/Store.h"
 #include "core/Transcript.h"
+#include "faults/Faults.h"
+#include "store/Store.h"
 #include "vault/VaultInterfaces.h"
 
 // MinGW's comdef.h declares none for Windows' own interfaces.

@@ -15,7 +15,7 @@
 #include "core/Accounts.h"
 #include "core/Text.h"
 #include "core/Transcript.h"
-#include "host/Drawing.h"
+#include "database/Drawing.h"
 
 namespace fs = std::filesystem;
 

@@ -11,12 +11,12 @@
 #include <string>
 #include <vector>
 
+#include "core/Program.h"
 #include "core/Text.h"
 #include "core/Transcript.h"
-#include "host/Answers.h"
-#include "host/Host.h"
-#include "host/LoadRecord.h"
-#include "host/Programs.h"
+#include "dialogs/Answers.h"
+#include "editor/Host.h"
+#include "editor/LoadRecord.h"
 
 namespace fs = std::filesystem;
 

@@ -6,7 +6,7 @@
 #include <stdexcept>
 
 #include "core/Text.h"
-#include "host/ImportWatch.h"
+#include "watch/ImportWatch.h"
 
 namespace {
 

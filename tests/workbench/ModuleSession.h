@@ -7,9 +7,9 @@
 #include <string_view>
 #include <vector>
 
-#include "core/Store.h"
 #include "core/Transcript.h"
-#include "host/Session.h"
+#include "scripting/Session.h"
+#include "store/Store.h"
 
 /// A session with the real module and the real client, and a vault "Works" whose view
 /// %WORK%\View holds the drawing Plan.dxf. %DRAWINGS% are the project's own sample drawings.

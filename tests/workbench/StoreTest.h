@@ -11,8 +11,8 @@
 #include <set>
 #include <string>
 
-#include "core/Store.h"
 #include "core/Text.h"
+#include "store/Store.h"
 
 namespace fs = std::filesystem;
 

@@ -1,4 +1,4 @@
-#include "host/Answers.h"
+#include "dialogs/Answers.h"
 
 #include <commctrl.h>
 #include <gtest/gtest.h>

@@ -3,7 +3,7 @@
 
 #include "XrefSession.h"
 #include "core/Text.h"
-#include "host/ImportWatch.h"
+#include "watch/ImportWatch.h"
 
 namespace {
 

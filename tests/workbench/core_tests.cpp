@@ -8,11 +8,11 @@
 #include <fstream>
 
 #include "core/Accounts.h"
-#include "core/DiskFaults.h"
-#include "core/Faults.h"
 #include "core/ResultNames.h"
 #include "core/Text.h"
 #include "core/Transcript.h"
+#include "faults/DiskFaults.h"
+#include "faults/Faults.h"
 #include "vault/ResultCodeTable.h"
 
 namespace {

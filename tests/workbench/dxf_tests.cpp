@@ -1,8 +1,8 @@
 #include "DrawingTest.h"
 
-#include "host/DrawingDatabase.h"
-#include "host/DxfGroups.h"
-#include "host/DxfText.h"
+#include "database/Database.h"
+#include "dxf/Groups.h"
+#include "dxf/Text.h"
 
 namespace {
 

@@ -2,8 +2,8 @@
 
 #include "XrefSession.h"
 #include "core/Text.h"
-#include "host/DocumentManager.h"
-#include "host/Host.h"
+#include "editor/DocumentManager.h"
+#include "editor/Host.h"
 
 namespace {
 

@@ -1,10 +1,10 @@
 #include <filesystem>
 
 #include "ModuleSession.h"
-#include "host/Document.h"
-#include "host/DocumentManager.h"
-#include "host/Drawing.h"
-#include "host/Host.h"
+#include "database/Drawing.h"
+#include "editor/Document.h"
+#include "editor/DocumentManager.h"
+#include "editor/Host.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "host/ImportWatch.h"
+#include "watch/ImportWatch.h"
 
 #include <gtest/gtest.h>
 #include <malloc.h>
@@ -8,9 +8,9 @@
 
 #include "BareSession.h"
 #include "core/Accounts.h"
+#include "core/Program.h"
 #include "core/Transcript.h"
-#include "host/Answers.h"
-#include "host/Programs.h"
+#include "dialogs/Answers.h"
 
 namespace {
 

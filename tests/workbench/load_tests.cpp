@@ -2,8 +2,8 @@
 
 #include "ModuleSession.h"
 #include "core/Accounts.h"
-#include "host/CommandStack.h"
-#include "host/Host.h"
+#include "editor/CommandStack.h"
+#include "editor/Host.h"
 
 namespace {
 

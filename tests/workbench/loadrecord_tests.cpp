@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "ModuleSession.h"
-#include "host/LoadRecord.h"
+#include "editor/LoadRecord.h"
 
 namespace {
 

@@ -4,10 +4,10 @@
 #include <adscodes.h>
 
 #include "ModuleSession.h"
-#include "host/Document.h"
-#include "host/DocumentManager.h"
-#include "host/Drawing.h"
-#include "host/Host.h"
+#include "database/Drawing.h"
+#include "editor/Document.h"
+#include "editor/DocumentManager.h"
+#include "editor/Host.h"
 
 namespace {
 

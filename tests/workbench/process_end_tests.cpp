@@ -3,7 +3,7 @@
 #include <shellapi.h>
 
 #include "ModuleSession.h"
-#include "host/Programs.h"
+#include "core/Program.h"
 
 namespace {
 

@@ -10,14 +10,14 @@
 
 #include "ModuleSession.h"
 #include "core/Text.h"
-#include "host/Answers.h"
-#include "host/CommandRunner.h"
-#include "host/CommandStack.h"
-#include "host/DocumentManager.h"
-#include "host/Drawing.h"
-#include "host/Editor.h"
-#include "host/Host.h"
-#include "host/ImportWatch.h"
+#include "database/Drawing.h"
+#include "dialogs/Answers.h"
+#include "editor/CommandRunner.h"
+#include "editor/CommandStack.h"
+#include "editor/DocumentManager.h"
+#include "editor/Editor.h"
+#include "editor/Host.h"
+#include "watch/ImportWatch.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "ModuleSession.h"
-#include "host/DocumentManager.h"
-#include "host/Host.h"
+#include "editor/DocumentManager.h"
+#include "editor/Host.h"
 
 namespace {
 

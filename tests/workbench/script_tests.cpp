@@ -1,4 +1,4 @@
-#include "host/Script.h"
+#include "scripting/Script.h"
 
 #include <acedads.h>
 #include <adscodes.h>
@@ -11,11 +11,11 @@
 
 #include "BareSession.h"
 #include "core/Accounts.h"
+#include "core/RegistrySettings.h"
 #include "core/Transcript.h"
-#include "host/Answers.h"
-#include "host/CommandStack.h"
-#include "host/Host.h"
-#include "host/RegistrySettings.h"
+#include "dialogs/Answers.h"
+#include "editor/CommandStack.h"
+#include "editor/Host.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 #include "ModuleSession.h"
-#include "host/Host.h"
+#include "editor/Host.h"
 
 namespace {
 

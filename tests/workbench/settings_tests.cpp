@@ -5,7 +5,7 @@
 #include "ModuleSession.h"
 #include "StubbornKey.h"
 #include "core/Text.h"
-#include "host/Host.h"
+#include "editor/Host.h"
 
 namespace {
 

@@ -7,9 +7,9 @@
 #include <filesystem>
 
 #include "ModuleSession.h"
-#include "core/Store.h"
 #include "core/Text.h"
-#include "host/Answers.h"
+#include "dialogs/Answers.h"
+#include "store/Store.h"
 #include "ui/resource.h"
 
 namespace {

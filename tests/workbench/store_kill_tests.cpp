@@ -5,7 +5,7 @@
 #include <sstream>
 
 #include "StoreTest.h"
-#include "host/Programs.h"
+#include "core/Program.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include "StoreTest.h"
 
-#include "core/ResultNames.h"
 #include "core/ResultCodes.h"
+#include "core/ResultNames.h"
 
 namespace {
 

@@ -5,11 +5,11 @@
 
 #include "DrawingTest.h"
 #include "ModuleSession.h"
-#include "core/Faults.h"
-#include "host/Document.h"
-#include "host/DocumentManager.h"
-#include "host/DrawingDatabase.h"
-#include "host/Host.h"
+#include "database/Database.h"
+#include "editor/Document.h"
+#include "editor/DocumentManager.h"
+#include "editor/Host.h"
+#include "faults/Faults.h"
 
 namespace {
 

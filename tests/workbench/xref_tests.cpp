@@ -7,7 +7,7 @@
 #include <xgraph.h>
 #include <acedxref.h>
 
-#include "host/Selection.h"
+#include "editor/Selection.h"
 
 namespace {
 

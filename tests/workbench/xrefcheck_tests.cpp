@@ -6,8 +6,8 @@
 #include <memory>
 
 #include "ModuleSession.h"
-#include "core/Store.h"
 #include "core/Text.h"
+#include "store/Store.h"
 
 namespace {
 

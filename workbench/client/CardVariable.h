@@ -2,7 +2,7 @@
 
 #include "TessaroClient.h"
 #include "client/ComObject.h"
-#include "core/StoreRecords.h"
+#include "store/Records.h"
 
 namespace wb {
 

@@ -6,11 +6,11 @@
 #include "client/Owned.h"
 #include "client/Results.h"
 #include "core/Condition.h"
-#include "core/Faults.h"
 #include "core/ResultNames.h"
-#include "core/Store.h"
 #include "core/Text.h"
 #include "core/Transcript.h"
+#include "faults/Faults.h"
+#include "store/Store.h"
 
 namespace wb {
 namespace {

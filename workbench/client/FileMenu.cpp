@@ -6,8 +6,8 @@
 #include "client/Results.h"
 #include "client/TextTable.h"
 #include "core/ResultNames.h"
-#include "core/Store.h"
 #include "core/Text.h"
+#include "store/Store.h"
 
 namespace wb {
 namespace {

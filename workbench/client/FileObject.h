@@ -4,7 +4,7 @@
 
 #include "TessaroClient.h"
 #include "client/NamedObject.h"
-#include "core/Store.h"
+#include "store/Store.h"
 
 namespace wb {
 

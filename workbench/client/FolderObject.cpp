@@ -4,8 +4,8 @@
 #include "client/FileMenu.h"
 #include "client/ItemId.h"
 #include "client/Results.h"
-#include "core/Store.h"
 #include "core/Text.h"
+#include "store/Store.h"
 
 namespace wb {
 namespace {

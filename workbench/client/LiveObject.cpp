@@ -3,9 +3,9 @@
 #include <atomic>
 
 #include "TessaroClient.h"
-#include "core/Faults.h"
 #include "core/ResultNames.h"
 #include "core/Transcript.h"
+#include "faults/Faults.h"
 
 namespace wb {
 namespace {

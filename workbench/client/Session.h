@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "core/Store.h"
+#include "store/Store.h"
 
 namespace wb {
 

@@ -1,7 +1,7 @@
 #include "client/TextService.h"
 
-#include "client/ClientCall.h"
 #include "client/Bstr.h"
+#include "client/ClientCall.h"
 #include "client/Results.h"
 #include "client/TextTable.h"
 #include "core/Text.h"

@@ -13,9 +13,9 @@
 #include <stdexcept>
 #include <string_view>
 
-#include "host/ImportWatch.h"
-#include "host/Programs.h"
+#include "core/Program.h"
 #include "sessions/Places.h"
+#include "watch/ImportWatch.h"
 
 namespace sessions {
 namespace {

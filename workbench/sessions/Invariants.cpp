@@ -9,10 +9,10 @@
 #include <fstream>
 #include <iterator>
 
-#include "core/Store.h"
 #include "core/Text.h"
-#include "host/DialogReader.h"
+#include "dialogs/Reader.h"
 #include "sessions/Places.h"
+#include "store/Store.h"
 
 namespace sessions {
 namespace {

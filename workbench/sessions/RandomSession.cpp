@@ -2,12 +2,12 @@
 
 #include <algorithm>
 
-#include "core/Faults.h"
+#include "core/Program.h"
 #include "core/Text.h"
-#include "host/DocumentManager.h"
-#include "host/Host.h"
-#include "host/Session.h"
-#include "host/Programs.h"
+#include "editor/DocumentManager.h"
+#include "editor/Host.h"
+#include "faults/Faults.h"
+#include "scripting/Session.h"
 #include "sessions/Generator.h"
 #include "sessions/Invariants.h"
 #include "sessions/Places.h"

@@ -10,12 +10,12 @@
 #include <vector>
 
 #include "core/Text.h"
-#include "host/Directives.h"
-#include "host/ImportWatch.h"
+#include "scripting/Directives.h"
 #include "sessions/Children.h"
 #include "sessions/Generator.h"
 #include "sessions/Places.h"
 #include "sessions/RandomSession.h"
+#include "watch/ImportWatch.h"
 
 namespace {
 

@@ -4,10 +4,10 @@
 #include <map>
 #include <set>
 
-#include "core/Faults.h"
 #include "core/ResultNames.h"
-#include "core/Store.h"
 #include "core/Text.h"
+#include "faults/Faults.h"
+#include "store/Store.h"
 
 namespace wb {
 namespace {

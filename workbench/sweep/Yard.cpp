@@ -7,12 +7,12 @@
 #include <iterator>
 #include <stdexcept>
 
-#include "core/Store.h"
+#include "core/Program.h"
+#include "core/RegistrySettings.h"
 #include "core/Text.h"
-#include "host/LoadRecord.h"
-#include "host/Programs.h"
-#include "host/RegistrySettings.h"
-#include "host/WorkFolder.h"
+#include "editor/LoadRecord.h"
+#include "scripting/WorkFolder.h"
+#include "store/Store.h"
 
 namespace wb {
 namespace {

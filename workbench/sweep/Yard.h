@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "host/Session.h"
+#include "scripting/Session.h"
 
 namespace wb {
 

@@ -1,0 +1,157 @@
+#include <windows.h>
+#include <shellapi.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cwchar>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <optional>
+#include <stdexcept>
+#include <string>
+
+#include "core/Program.h"
+#include "core/Text.h"
+#include "core/Transcript.h"
+#include "scripting/Directives.h"
+#include "scripting/Session.h"
+
+namespace {
+
+constexpr int exitOk = 0;
+constexpr int exitFailed = 1;
+constexpr int exitUsage = 2;
+
+constexpr char usage[] =
+    "acad [--module FILE] [--client FILE] [--script FILE] [--interactive] [--work FOLDER]\n"
+    "     [--keep] [--drawings FOLDER] [--timeout SECONDS]\n"
+    "\n"
+    "Runs a script in the stand-in host, prints the transcript, and ends with 0 if all went well,\n"
+    "1 if the script failed, 2 for a wrong command line, 3 after a timeout.\n"
+    "\n"
+    "  --module FILE      the module that @load loads (TessaroAcad.arx beside the program)\n"
+    "  --client FILE      the stand-in client (TessaroClient.dll beside the program)\n"
+    "  --script FILE      the script; @load stands in it, nothing is loaded before\n"
+    "  --interactive      loads the module if no script is given, then takes lines from the\n"
+    "                     standard input; boxes wait for the person\n"
+    "  --work FOLDER      the session's folder, %WORK% in scripts; emptied at the start\n"
+    "  --keep             nothing is emptied: the store and the settings of the last run stay\n"
+    "  --drawings FOLDER  %DRAWINGS% in scripts (`drawings` beside the script's folder)\n"
+    "  --timeout SECONDS  for the script, 0 for none (60)\n";
+
+struct UsageError : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+struct CommandLine {
+  wb::SessionOptions session;
+  std::wstring script;
+};
+
+unsigned seconds(const wchar_t* text) {
+  wchar_t* end = nullptr;
+  const unsigned long value = std::wcstoul(text, &end, 10);
+  if (!*text || *end || value > 86400) throw UsageError("--timeout needs a number of seconds");
+  return static_cast<unsigned>(value);
+}
+
+std::wstring temporaryFolder() {
+  wchar_t folder[MAX_PATH + 1] = L"";
+  GetTempPathW(static_cast<DWORD>(std::size(folder)), folder);
+  return folder;
+}
+
+CommandLine parse(int count, wchar_t** arguments) {
+  CommandLine line;
+  wb::SessionOptions& session = line.session;
+  session.echo = true;
+  for (int at = 1; at < count; ++at) {
+    const std::wstring name = arguments[at];
+    const auto value = [&]() -> const wchar_t* {
+      if (at + 1 == count) throw UsageError(wb::toUtf8(name) + " needs a value");
+      return arguments[++at];
+    };
+    if (name == L"--module")
+      session.module = value();
+    else if (name == L"--client")
+      session.client = value();
+    else if (name == L"--script")
+      line.script = value();
+    else if (name == L"--work")
+      session.workFolder = value();
+    else if (name == L"--drawings")
+      session.drawings = value();
+    else if (name == L"--timeout")
+      session.timeoutSeconds = seconds(value());
+    else if (name == L"--interactive")
+      session.interactive = true;
+    else if (name == L"--keep")
+      session.keep = true;
+    else
+      throw UsageError("unknown: " + wb::toUtf8(name));
+  }
+  if (line.script.empty() && !session.interactive) {
+    throw UsageError("either --script or --interactive is needed");
+  }
+  return line;
+}
+
+void fillDefaults(CommandLine& line) {
+  const std::filesystem::path programs = wb::programFolder();
+  wb::SessionOptions& session = line.session;
+  if (session.module.empty()) session.module = programs / L"TessaroAcad.arx";
+  if (session.client.empty()) session.client = programs / L"TessaroClient.dll";
+  if (session.workFolder.empty()) session.workFolder = temporaryFolder() + L"acad";
+  if (!line.script.empty()) {
+    line.script = wb::windowsPath(line.script);
+    const auto drawings =
+        std::filesystem::path(line.script).parent_path().parent_path() / L"drawings";
+    if (session.drawings.empty() && std::filesystem::is_directory(drawings)) {
+      session.drawings = drawings;
+    }
+  }
+}
+
+std::string readScript(const std::wstring& file) {
+  std::ifstream stream(std::filesystem::path(file), std::ios::binary);
+  if (!stream) throw UsageError("the script can't be read: " + wb::toUtf8(file));
+  return std::string(std::istreambuf_iterator<char>(stream), {});
+}
+
+int run(CommandLine line) {
+  fillDefaults(line);
+  std::optional<std::string> script;
+  if (!line.script.empty()) script = readScript(line.script);
+  wb::Session session(line.session);
+  bool ok = script ? session.run(*script) : session.load();
+  if (ok && line.session.interactive) session.interact();
+  // An error that a person was told of was his own; what leaked, never.
+  const size_t problems = wb::Transcript::instance().problems();
+  session.end();
+  const auto& lines = session.transcript();
+  const bool leaked = std::any_of(lines.begin(), lines.end(), [](const std::wstring& line) {
+    return line.rfind(L"leak: ", 0) == 0;
+  });
+  if (leaked || wb::Transcript::instance().problems() != problems) ok = false;
+  return ok ? exitOk : exitFailed;
+}
+
+}  // namespace
+
+int main() {
+  int count = 0;
+  wchar_t** const arguments = CommandLineToArgvW(GetCommandLineW(), &count);
+  try {
+    return run(parse(count, arguments));
+  } catch (const UsageError& error) {
+    std::fprintf(stderr, "acad: %s\n\n%s", error.what(), usage);
+    return exitUsage;
+  } catch (const wb::ScriptError& error) {
+    std::fprintf(stderr, "acad: %s\n", wb::toUtf8(error.why).c_str());
+    return exitUsage;
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "acad: %s\n", error.what());
+    return exitFailed;
+  }
+}

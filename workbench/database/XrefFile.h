@@ -1,0 +1,33 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "database/File.h"
+#include "dxf/Block.h"
+
+namespace wb {
+
+/// The file of a loaded xref. It is held open, so that nobody replaces it under the drawing.
+class XrefFile {
+ public:
+  /// Finds the file and reads which attached xrefs it names itself. The stored path counts from
+  /// `folder`, that of the drawing that names it; a file that isn't there is looked for under its
+  /// bare name there and in `mainFolder`. False with the reason.
+  bool open(const std::wstring& storedPath, const std::filesystem::path& folder,
+            const std::filesystem::path& mainFolder, std::wstring& error);
+  void close() { file.reset(); }
+
+  const std::filesystem::path& path() const { return path_; }
+  const std::vector<DxfBlock>& attached() const { return attached_; }
+
+ private:
+  bool read(std::wstring& error);
+
+  std::filesystem::path path_;
+  OpenFile file;
+  std::vector<DxfBlock> attached_;
+};
+
+}  // namespace wb

@@ -1,0 +1,172 @@
+#include "dialogs/Actions.h"
+
+#include <commctrl.h>
+
+#include "core/Transcript.h"
+#include "dialogs/Reader.h"
+#include "dialogs/Screenshot.h"
+
+namespace wb {
+namespace {
+
+std::wstring noSuchControl(int id) { return L"it has no control " + std::to_wstring(id); }
+
+void notifyParent(HWND control, int code) {
+  SendMessageW(GetParent(control), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(control), code),
+               reinterpret_cast<LPARAM>(control));
+}
+
+std::wstring pickInCombo(HWND combo, const std::wstring& text) {
+  const LRESULT index = SendMessageW(combo, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
+                                     reinterpret_cast<LPARAM>(text.c_str()));
+  if (index == CB_ERR) return L"its list has no line " + wb::quoted(text);
+  SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(index), 0);
+  notifyParent(combo, CBN_SELCHANGE);
+  return {};
+}
+
+class StepPerformer {
+ public:
+  StepPerformer(HWND dialog, std::wstring& told) : dialog(dialog), told(told) {}
+
+  std::wstring operator()(const FillControl& step) const {
+    const HWND control = findControl(dialog, step.id);
+    if (!control) return noSuchControl(step.id);
+    if (!IsWindowEnabled(control)) return disabled(step.id);
+    told = std::to_wstring(step.id) + L"=" + wb::quoted(step.text);
+    if (windowClass(control) == L"ComboBox" &&
+        (GetWindowLongPtrW(control, GWL_STYLE) & 3) == CBS_DROPDOWNLIST) {
+      return pickInCombo(control, step.text);
+    }
+    // Replacing the selection notifies as typing does; setting the text wouldn't in every field.
+    SendMessageW(control, EM_SETSEL, 0, -1);
+    SendMessageW(control, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(step.text.c_str()));
+    if (windowTitle(control) == step.text) return {};
+    return L"its field " + std::to_wstring(step.id) + L" doesn't take the text " +
+           wb::quoted(step.text);
+  }
+
+  std::wstring operator()(const CheckControl& step) const {
+    const HWND control = findControl(dialog, step.id);
+    if (!control) return noSuchControl(step.id);
+    if (!IsWindowEnabled(control)) return disabled(step.id);
+    told = std::to_wstring(step.id) + (step.on ? L"=on" : L"=off");
+    const LRESULT wanted = step.on ? BST_CHECKED : BST_UNCHECKED;
+    for (int clicks = 0; clicks < 3; ++clicks) {
+      if (SendMessageW(control, BM_GETCHECK, 0, 0) == wanted) return {};
+      clickControl(dialog, control);
+    }
+    return L"its box " + std::to_wstring(step.id) + L" can't be turned " +
+           (step.on ? L"on" : L"off");
+  }
+
+  std::wstring operator()(const SelectRow& step) const {
+    told = (step.activate ? L"activate-row=" : L"row=") + std::to_wstring(step.row);
+    const int index = step.row - 1;
+    if (const HWND list = FindWindowExW(dialog, nullptr, WC_LISTVIEWW, nullptr)) {
+      return selectInListView(list, index, step.activate);
+    }
+    if (const HWND list = FindWindowExW(dialog, nullptr, L"ListBox", nullptr)) {
+      return selectInListBox(list, index, step.activate);
+    }
+    return L"it has no list";
+  }
+
+  std::wstring operator()(const ClickControl& step) const {
+    const HWND control = findControl(dialog, step.id);
+    if (!control) return noSuchControl(step.id);
+    if (!IsWindowEnabled(control)) return disabled(step.id);
+    told = L"click=" + std::to_wstring(step.id);
+    clickControl(dialog, control);
+    return {};
+  }
+
+  std::wstring operator()(const TakePicture& step) const { return savePicture(step.file); }
+
+  std::wstring operator()(const TellTexts&) const {
+    tell(L"dialog", wb::quoted(windowTitle(dialog)) + L" texts" + controlTexts(dialog));
+    return {};
+  }
+
+ private:
+  static std::wstring disabled(int id) {
+    return L"its control " + std::to_wstring(id) + L" is disabled";
+  }
+
+  static std::wstring noSuchRow(int index) {
+    return L"its list has no row " + std::to_wstring(index + 1);
+  }
+
+  static std::wstring selectInListView(HWND list, int index, bool activate) {
+    if (index < 0 || index >= ListView_GetItemCount(list)) return noSuchRow(index);
+    SetFocus(list);
+    ListView_EnsureVisible(list, index, FALSE);
+    // On the words of its last column, as people do: it is the row that they mean.
+    RECT cell{};
+    const int last = Header_GetItemCount(ListView_GetHeader(list)) - 1;
+    ListView_GetSubItemRect(list, index, last, LVIR_LABEL, &cell);
+    const LPARAM point = MAKELPARAM(cell.left + 8, (cell.top + cell.bottom) / 2);
+    // Setting the state would select the row without marking it, as no click does.
+    clickAt(list, WM_LBUTTONDOWN, point);
+    if (activate && IsWindow(list)) clickAt(list, WM_LBUTTONDBLCLK, point);
+    return {};
+  }
+
+  static void clickAt(HWND list, UINT message, LPARAM point) {
+    // The control may wait for the release inside of this very message.
+    PostMessageW(list, WM_LBUTTONUP, 0, point);
+    SendMessageW(list, message, MK_LBUTTON, point);
+  }
+
+  static std::wstring selectInListBox(HWND list, int index, bool activate) {
+    if (index < 0 || index >= SendMessageW(list, LB_GETCOUNT, 0, 0)) return noSuchRow(index);
+    SendMessageW(list, LB_SETCURSEL, static_cast<WPARAM>(index), 0);
+    notifyParent(list, LBN_SELCHANGE);
+    if (activate) notifyParent(list, LBN_DBLCLK);
+    return {};
+  }
+
+  HWND dialog;
+  std::wstring& told;
+};
+
+}  // namespace
+
+std::wstring performStep(HWND dialog, const AnswerStep& step, std::wstring& told) {
+  return std::visit(StepPerformer(dialog, told), step);
+}
+
+void clickControl(HWND dialog, HWND button) {
+  SetActiveWindow(dialog);
+  SendMessageW(button, BM_CLICK, 0, 0);
+}
+
+std::wstring pressButton(HWND dialog, const std::wstring& name) {
+  HWND button = nullptr;
+  if (name == L"close") {
+    if (messageBoxText(dialog).empty()) {
+      SendMessageW(dialog, WM_SYSCOMMAND, SC_CLOSE, 0);
+      return {};
+    }
+    // The caption's button of a message box means Cancel, or its only button; else it is off.
+    button = findButton(dialog, L"cancel");
+    if (!button && pushButtons(dialog).size() == 1) button = pushButtons(dialog)[0];
+    if (!button) return L"it can't be closed without a choice";
+  } else {
+    button = findButton(dialog, name);
+    if (!button) return L"it has no button " + wb::quoted(name);
+  }
+  if (!IsWindowEnabled(button)) return L"its button " + wb::quoted(name) + L" is disabled";
+  clickControl(dialog, button);
+  return {};
+}
+
+void closeQuietly(HWND dialog) {
+  if (const HWND button = leastButton(dialog)) {
+    clickControl(dialog, button);
+  } else {
+    SendMessageW(dialog, WM_CLOSE, 0, 0);
+  }
+}
+
+}  // namespace wb

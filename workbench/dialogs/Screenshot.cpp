@@ -1,0 +1,152 @@
+#include "dialogs/Screenshot.h"
+
+#include <windows.h>
+#include <objbase.h>
+// Defines the identifiers, which not every import library has.
+#include <initguid.h>
+#include <wincodec.h>
+#include <comdef.h>
+
+#include <cstdio>
+#include <vector>
+
+#include "core/Transcript.h"
+
+_COM_SMARTPTR_TYPEDEF(IWICImagingFactory, __uuidof(IWICImagingFactory));
+_COM_SMARTPTR_TYPEDEF(IWICStream, __uuidof(IWICStream));
+_COM_SMARTPTR_TYPEDEF(IWICBitmapEncoder, __uuidof(IWICBitmapEncoder));
+_COM_SMARTPTR_TYPEDEF(IWICBitmapFrameEncode, __uuidof(IWICBitmapFrameEncode));
+
+namespace wb {
+namespace {
+
+constexpr DWORD settlingTime = 60;  // milliseconds
+
+struct Picture {
+  UINT width = 0;
+  UINT height = 0;
+  std::vector<BYTE> pixels;  ///< 32 bits a pixel, blue first, rows from the top
+};
+
+class ScreenContext {
+ public:
+  ScreenContext() : context(GetDC(nullptr)) {}
+  ScreenContext(const ScreenContext&) = delete;
+  ScreenContext& operator=(const ScreenContext&) = delete;
+  ~ScreenContext() { ReleaseDC(nullptr, context); }
+  const HDC context;
+};
+
+class MemoryBitmap {
+ public:
+  explicit MemoryBitmap(const BITMAPINFO& info) : context(CreateCompatibleDC(nullptr)) {
+    bitmap = CreateDIBSection(context, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+    if (bitmap) previous = SelectObject(context, bitmap);
+  }
+  MemoryBitmap(const MemoryBitmap&) = delete;
+  MemoryBitmap& operator=(const MemoryBitmap&) = delete;
+  ~MemoryBitmap() {
+    if (previous) SelectObject(context, previous);
+    if (bitmap) DeleteObject(bitmap);
+    DeleteDC(context);
+  }
+  const HDC context;
+  HBITMAP bitmap = nullptr;
+  void* bits = nullptr;
+
+ private:
+  HGDIOBJ previous = nullptr;
+};
+
+BOOL CALLBACK paintNow(HWND window, LPARAM) {
+  if (IsWindowVisible(window)) {
+    RedrawWindow(window, nullptr, nullptr,
+                 RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);
+  }
+  return TRUE;
+}
+
+/// A dialog that has just been shown hasn't painted itself: painting comes last in its loop.
+void paintWindows() {
+  EnumThreadWindows(GetCurrentThreadId(), paintNow, 0);
+  GdiFlush();
+  // What was drawn reaches the screen when the thread waits; this wait hears no message.
+  MsgWaitForMultipleObjectsEx(0, nullptr, settlingTime, 0, 0);
+}
+
+bool copyScreen(Picture& picture) {
+  picture.width = static_cast<UINT>(GetSystemMetrics(SM_CXSCREEN));
+  picture.height = static_cast<UINT>(GetSystemMetrics(SM_CYSCREEN));
+  BITMAPINFO info{};
+  info.bmiHeader.biSize = sizeof(info.bmiHeader);
+  info.bmiHeader.biWidth = static_cast<LONG>(picture.width);
+  info.bmiHeader.biHeight = -static_cast<LONG>(picture.height);
+  info.bmiHeader.biPlanes = 1;
+  info.bmiHeader.biBitCount = 32;
+  const ScreenContext screen;
+  const MemoryBitmap memory(info);
+  if (!memory.bitmap) return false;
+  if (!BitBlt(memory.context, 0, 0, static_cast<int>(picture.width),
+              static_cast<int>(picture.height), screen.context, 0, 0, SRCCOPY | CAPTUREBLT)) {
+    return false;
+  }
+  GdiFlush();
+  const auto* first = static_cast<const BYTE*>(memory.bits);
+  picture.pixels.assign(first, first + size_t{4} * picture.width * picture.height);
+  return true;
+}
+
+void check(HRESULT result) {
+  if (FAILED(result)) _com_issue_error(result);
+}
+
+void writePng(const std::wstring& file, Picture& picture) {
+  IWICImagingFactoryPtr factory;
+  check(factory.CreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER));
+  IWICStreamPtr stream;
+  check(factory->CreateStream(&stream));
+  check(stream->InitializeFromFilename(file.c_str(), GENERIC_WRITE));
+  IWICBitmapEncoderPtr encoder;
+  check(factory->CreateEncoder(GUID_ContainerFormatPng, nullptr, &encoder));
+  check(encoder->Initialize(stream, WICBitmapEncoderNoCache));
+  IWICBitmapFrameEncodePtr frame;
+  check(encoder->CreateNewFrame(&frame, nullptr));
+  check(frame->Initialize(nullptr));
+  check(frame->SetSize(picture.width, picture.height));
+  WICPixelFormatGUID format = GUID_WICPixelFormat32bppBGR;
+  check(frame->SetPixelFormat(&format));
+  if (!IsEqualGUID(format, GUID_WICPixelFormat32bppBGR)) check(WINCODEC_ERR_UNSUPPORTEDPIXELFORMAT);
+  const UINT stride = picture.width * 4;
+  check(frame->WritePixels(picture.height, stride, static_cast<UINT>(picture.pixels.size()),
+                           picture.pixels.data()));
+  check(frame->Commit());
+  check(encoder->Commit());
+}
+
+}  // namespace
+
+std::wstring savePicture(const std::wstring& file) {
+  Picture picture;
+  paintWindows();
+  if (!copyScreen(picture)) return L"the screen can't be copied";
+  const std::wstring unfinished = file + L".part";
+  try {
+    writePng(unfinished, picture);
+  } catch (const _com_error& error) {
+    DeleteFileW(unfinished.c_str());
+    wchar_t code[16];
+    std::swprintf(code, sizeof(code) / sizeof(*code), L"0x%08lX",
+                  static_cast<unsigned long>(error.Error()));
+    return L"the picture " + wb::quoted(file) + L" can't be written, result " + code;
+  }
+  if (!MoveFileExW(unfinished.c_str(), file.c_str(), MOVEFILE_REPLACE_EXISTING)) {
+    const DWORD error = GetLastError();
+    DeleteFileW(unfinished.c_str());
+    return L"the picture " + wb::quoted(file) + L" can't be written, Windows error " +
+           std::to_wstring(error);
+  }
+  tell(L"file", L"picture " + wb::quoted(file));
+  return {};
+}
+
+}  // namespace wb

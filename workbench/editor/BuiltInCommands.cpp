@@ -1,0 +1,77 @@
+#include "editor/BuiltInCommands.h"
+
+#include "editor/CommandLine.h"
+#include "editor/CommandStack.h"
+#include "editor/DocumentManager.h"
+#include "editor/FileSelection.h"
+#include "editor/Host.h"
+
+namespace wb {
+
+namespace {
+
+DocumentManager& documents() { return Host::instance().documents(); }
+
+void close() {
+  if (Document* document = documents().active()) documents().close(document, true);
+}
+
+void open() {
+  bool readOnly = false;
+  const auto path =
+      FileSelection::instance().choose(FileSelection::openFlags, L"Select File", readOnly);
+  std::wstring reason;
+  if (path && !documents().open(*path, readOnly, reason)) {
+    commandLineSays(*path + L" can't be opened: " + reason + L".");
+  }
+}
+
+void newDrawing() {
+  std::wstring reason;
+  if (!documents().create(reason)) commandLineSays(L"No new drawing: " + reason + L".");
+}
+
+void saveAs() {
+  Document* document = documents().context();
+  bool readOnly = false;
+  const auto path =
+      FileSelection::instance().choose(FileSelection::saveFlags, L"Save Drawing As", readOnly);
+  std::wstring reason;
+  if (path && !documents().save(document, *path, reason)) {
+    commandLineSays(document->title() + L" was not saved: " + reason + L".");
+  }
+}
+
+void quickSave() { documents().saveForUser(documents().context()); }
+
+void quit() {
+  for (Document* document : documents().all()) {
+    if (documents().isOpen(document) && !documents().close(document, true)) return;
+  }
+  Host::instance().requestQuit();
+}
+
+}  // namespace
+
+void addBuiltInCommands(CommandStack& commands) {
+  struct BuiltIn {
+    const wchar_t* name;
+    int flags;
+    void (*work)();
+  };
+  static const BuiltIn builtIns[] = {
+      {L"CLOSE", ACRX_CMD_SESSION, close}, {L"NEW", ACRX_CMD_SESSION, newDrawing},
+      {L"OPEN", ACRX_CMD_SESSION, open},   {L"QSAVE", ACRX_CMD_MODAL, quickSave},
+      {L"QUIT", ACRX_CMD_SESSION, quit},   {L"SAVEAS", ACRX_CMD_MODAL, saveAs},
+  };
+  for (const BuiltIn& builtIn : builtIns) {
+    Command command;
+    command.group = L"ACAD";
+    command.global = command.local = builtIn.name;
+    command.flags = builtIn.flags;
+    command.work = builtIn.work;
+    commands.add(std::move(command));
+  }
+}
+
+}  // namespace wb

@@ -1,0 +1,146 @@
+#include "editor/ContextMenus.h"
+
+#include <rxclass.h>
+
+#include <algorithm>
+
+#include "core/Names.h"
+#include "database/Objects.h"
+#include "dialogs/MenuPicture.h"
+#include "editor/CommandRunner.h"
+#include "editor/Guarded.h"
+#include "editor/Host.h"
+
+Adesk::Boolean acedAddObjectContextMenu(const AcRxClass* pClass, AcEdUIContext* pContext,
+                                        const void* /*appId*/) {
+  return wb::Host::instance().menus().add(pClass, pContext) ? Adesk::kTrue : Adesk::kFalse;
+}
+
+Adesk::Boolean acedRemoveObjectContextMenu(const AcRxClass* pClass, AcEdUIContext* pContext) {
+  return wb::Host::instance().menus().remove(pClass, pContext) ? Adesk::kTrue : Adesk::kFalse;
+}
+
+namespace wb {
+namespace {
+
+void readMenu(HMENU menu, const std::wstring& submenu, AcEdUIContext* context,
+              std::vector<MenuItem>& items) {
+  const int count = GetMenuItemCount(menu);
+  for (int position = 0; position < count; ++position) {
+    MENUITEMINFOW info{};
+    info.cbSize = sizeof(info);
+    info.fMask = MIIM_ID | MIIM_STATE | MIIM_SUBMENU | MIIM_FTYPE;
+    if (!GetMenuItemInfoW(menu, static_cast<UINT>(position), TRUE, &info)) continue;
+    if (info.fType & MFT_SEPARATOR) continue;
+    const std::wstring text = menuItemText(menu, static_cast<UINT>(position));
+    items.push_back({text, submenu, info.hSubMenu ? 0 : info.wID, (info.fState & MFS_GRAYED) != 0,
+                     info.hSubMenu != nullptr, context, menu});
+    if (info.hSubMenu) {
+      std::wstring path = submenu.empty() ? text : submenu + L" > ";
+      if (!submenu.empty()) path += text;
+      readMenu(info.hSubMenu, path, context, items);
+    }
+  }
+}
+
+}  // namespace
+
+bool ContextMenus::add(const AcRxClass* entityClass, AcEdUIContext* context) {
+  const bool there = std::any_of(entries.begin(), entries.end(), [&](const Entry& one) {
+    return one.entityClass == entityClass && one.context == context;
+  });
+  if (!entityClass || !context || there) return false;
+  const Ticket ticket = handOut(L"context menu", entityClass->name());
+  keepBeyondCommand(ticket);
+  entries.push_back({entityClass, context, ticket});
+  return true;
+}
+
+bool ContextMenus::remove(const AcRxClass* entityClass, AcEdUIContext* context) {
+  const auto found = std::find_if(entries.begin(), entries.end(), [&](const Entry& one) {
+    return one.entityClass == entityClass && one.context == context;
+  });
+  if (found == entries.end()) return false;
+  giveBack(found->ticket);
+  entries.erase(found);
+  closeMenuOf(context);
+  return true;
+}
+
+std::vector<AcEdUIContext*> ContextMenus::contextsFor(const AcRxClass* entityClass) const {
+  std::vector<AcEdUIContext*> contexts;
+  for (const Entry& one : entries) {
+    if (entityClass->isDerivedFrom(one.entityClass)) contexts.push_back(one.context);
+  }
+  return contexts;
+}
+
+void ContextMenus::dropOf(HMODULE module) {
+  entries.erase(std::remove_if(entries.begin(), entries.end(),
+                               [&](const Entry& one) { return isOfModule(module, one.context); }),
+                entries.end());
+  open.erase(std::remove_if(open.begin(), open.end(),
+                            [&](const MenuItem& item) { return isOfModule(module, item.context); }),
+             open.end());
+}
+
+void ContextMenus::closeMenuOf(const AcEdUIContext* context) {
+  open.erase(std::remove_if(open.begin(), open.end(),
+                            [&](const MenuItem& item) { return item.context == context; }),
+             open.end());
+}
+
+std::vector<AcEdUIContext*> ContextMenus::contextsForAll(const AcDbObjectIdArray& ids) const {
+  std::vector<AcEdUIContext*> common;
+  for (int index = 0; index < ids.length(); ++index) {
+    const AcDbObjectImp* entity = AcDbObjectImp::find(ids[index]);
+    const auto contexts =
+        entity ? contextsFor(entity->object()->isA()) : std::vector<AcEdUIContext*>();
+    if (index == 0) common = contexts;
+    common.erase(std::remove_if(common.begin(), common.end(),
+                                [&](AcEdUIContext* one) {
+                                  return std::find(contexts.begin(), contexts.end(), one) ==
+                                         contexts.end();
+                                }),
+                 common.end());
+  }
+  return common;
+}
+
+void ContextMenus::rightClick(const AcDbObjectIdArray& ids) {
+  open.clear();
+  clicked_ = ids;
+  if (ids.length() == 0) return;
+  const AcRxClass* entityClass = AcDbObjectImp::find(ids[0])->object()->isA();
+  const Ticket since = nextTicket();
+  for (AcEdUIContext* context : contextsForAll(ids)) {
+    runGuarded(L"a right-click menu", [&] {
+      const auto* menu = static_cast<HMENU*>(context->getMenuContext(entityClass, ids));
+      if (!menu) return;
+      context->OnUpdateMenu();
+      readMenu(*menu, {}, context, open);
+    });
+  }
+  Host::instance().runner().tellLeaks(since, false);
+}
+
+std::wstring ContextMenus::picture(const std::wstring& submenu, const std::wstring& file) const {
+  std::vector<HMENU> entries;
+  for (const MenuItem& item : open) {
+    if (item.submenu.empty() && (entries.empty() || entries.back() != item.menu)) {
+      entries.push_back(item.menu);
+    }
+  }
+  return pictureMenu(Host::instance().mainWindow(), entries, submenu, file);
+}
+
+void ContextMenus::choose(const MenuItem& item) {
+  AcEdUIContext* const context = item.context;
+  const UINT id = item.id;
+  open.clear();
+  const Ticket since = nextTicket();
+  runGuarded(L"an item of a right-click menu", [&] { context->onCommand(id); });
+  Host::instance().runner().tellLeaks(since, false);
+}
+
+}  // namespace wb

@@ -1,0 +1,156 @@
+#include "editor/DocumentManager.h"
+
+#include <algorithm>
+
+#include "core/Names.h"
+#include "core/StandInTime.h"
+#include "core/Transcript.h"
+#include "database/Drawing.h"
+#include "editor/CommandRunner.h"
+#include "editor/Guarded.h"
+#include "editor/Host.h"
+#include "editor/InputQueue.h"
+#include "faults/Faults.h"
+
+AcApDocManager* acDocManagerPtr() { return &wb::Host::instance().documents(); }
+
+namespace wb {
+
+/// Walks the documents that were open when it was made, past those closed since.
+class DocumentManager::Iterator : public AcApDocumentIterator {
+ public:
+  explicit Iterator(const DocumentManager& manager)
+      : manager_(manager),
+        documents_(manager.all()),
+        ticket_(handOut(L"iterator", L"AcApDocumentIterator")) {}
+  ~Iterator() override { giveBack(ticket_); }
+
+  bool done() const override { return skipClosed() == documents_.size(); }
+  void step() override { index_ = std::min(skipClosed() + 1, documents_.size()); }
+  AcApDocument* document() override {
+    const size_t at = skipClosed();
+    return at < documents_.size() ? documents_[at] : nullptr;
+  }
+
+ private:
+  size_t skipClosed() const {
+    while (index_ < documents_.size() && !manager_.isOpen(documents_[index_])) ++index_;
+    return index_;
+  }
+
+  const DocumentManager& manager_;
+  std::vector<Document*> documents_;
+  mutable size_t index_ = 0;
+  Ticket ticket_;
+};
+
+DocumentManager::DocumentManager() = default;
+DocumentManager::~DocumentManager() = default;
+
+AcApDocument* DocumentManager::curDocument() const {
+  return context_ && !context_->gone() ? context_ : active_;
+}
+
+AcApDocument* DocumentManager::mdiActiveDocument() const { return active_; }
+
+AcApDocument* DocumentManager::document(const AcDbDatabase* pDb) const { return find(pDb); }
+
+AcApDocumentIterator* DocumentManager::newAcApDocumentIterator() { return new Iterator(*this); }
+
+Acad::ErrorStatus DocumentManager::sendStringToExecute(AcApDocument* pAcTargetDocument,
+                                                       const ACHAR* pszExecute, bool bActivate,
+                                                       bool bWrapUpInactiveDoc, bool bEchoString) {
+  const InStandIn inside;
+  if (!pszExecute || !isOpen(pAcTargetDocument)) {
+    tell(L"send", L"refused: " + (pszExecute ? quoted(pszExecute) : L"no text"));
+    return pszExecute ? Acad::eNoDocument : Acad::eInvalidInput;
+  }
+  auto* target = static_cast<Document*>(pAcTargetDocument);
+  tell(L"send", quoted(pszExecute) + (target == active_ ? L"" : L" to " + target->title()));
+  note(L"sent", std::wstring(bActivate ? L"activate" : L"stay") +
+                    (bWrapUpInactiveDoc ? L", wrap up" : L"") + (bEchoString ? L", echo" : L""));
+  Host::instance().input().add(target, pszExecute, bActivate, InputQueue::Origin::Sent);
+  return Acad::eOk;
+}
+
+Acad::ErrorStatus DocumentManager::appContextNewDocument(const ACHAR*) {
+  if (!isApplicationContext()) {
+    tell(L"doc", L"refused: a new drawing from a document's context");
+    return Acad::eInvalidContext;
+  }
+  Host::instance().runner().runQueued();
+  std::wstring reason;
+  return create(reason) ? Acad::eOk : Acad::eFilerError;
+}
+
+Acad::ErrorStatus DocumentManager::appContextOpenDocument(const ACHAR* pszDrawingName) {
+  const InStandIn inside;
+  if (!pszDrawingName || !*pszDrawingName) return Acad::eInvalidInput;
+  // The caller's text may belong to a document that the queued input closes.
+  const std::wstring path = pszDrawingName;
+  if (!isApplicationContext()) {
+    tell(L"doc", L"refused: opening " + path + L" from a document's context");
+    return Acad::eInvalidContext;
+  }
+  // Drawings change only while nothing is pending at the command line.
+  Host::instance().runner().runQueued();
+  std::wstring reason;
+  if (FAILED(takeFault(L"host.appContextOpenDocument"))) {
+    tell(L"doc", L"refused: opening " + path + L": the disk fails");
+    return Acad::eFileSystemErr;
+  }
+  return open(path, false, reason) ? Acad::eOk : Acad::eFilerError;
+}
+
+Acad::ErrorStatus DocumentManager::closeDocument(AcApDocument* pAcTargetDocument) {
+  const InStandIn inside;
+  if (!isOpen(pAcTargetDocument)) return Acad::eNoDocument;
+  return close(static_cast<Document*>(pAcTargetDocument), true) ? Acad::eOk : Acad::eUserBreak;
+}
+
+void DocumentManager::executeInApplicationContext(void (*procAddr)(void*), void* pData) const {
+  if (!procAddr) return;
+  if (isApplicationContext()) {
+    procAddr(pData);
+  } else {
+    // The running command's context isn't left before the command is over.
+    deferred_.emplace_back(procAddr, pData);
+  }
+}
+
+void DocumentManager::runDeferred() {
+  while (!deferred_.empty() && isApplicationContext()) {
+    const auto call = deferred_.front();
+    deferred_.pop_front();
+    runGuarded(L"executeInApplicationContext", [&] { call.first(call.second); });
+  }
+}
+
+bool DocumentManager::isApplicationContext() const { return context_ == nullptr; }
+
+Document* DocumentManager::find(std::wstring_view path) const {
+  for (const auto& one : open_) {
+    if (sameName(one->title(), path)) return one.get();
+  }
+  return nullptr;
+}
+
+Document* DocumentManager::find(const AcDbDatabase* database) const {
+  for (const auto& one : open_) {
+    if (database && one->databaseOf() == database) return one.get();
+  }
+  return nullptr;
+}
+
+bool DocumentManager::isOpen(const AcApDocument* document) const {
+  return std::any_of(open_.begin(), open_.end(),
+                     [&](const auto& one) { return one.get() == document; });
+}
+
+std::vector<Document*> DocumentManager::all() const {
+  std::vector<Document*> documents;
+  for (const auto& one : open_) documents.push_back(one.get());
+  return documents;
+}
+
+}  // namespace wb

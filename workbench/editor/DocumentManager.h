@@ -1,0 +1,120 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "editor/Document.h"
+#include "editor/ReactorList.h"
+
+namespace wb {
+
+/// The open documents, their life and its events.
+class DocumentManager : public NotServedDocManager {
+ public:
+  DocumentManager();
+  ~DocumentManager() override;
+
+  AcApDocument* curDocument() const override;
+  AcApDocument* mdiActiveDocument() const override;
+  AcApDocument* document(const AcDbDatabase* pDb) const override;
+  AcApDocumentIterator* newAcApDocumentIterator() override;
+  void addReactor(AcApDocManagerReactor* reactor) override { reactors_.add(reactor); }
+  void removeReactor(AcApDocManagerReactor* reactor) override { reactors_.remove(reactor); }
+  Acad::ErrorStatus sendStringToExecute(AcApDocument* pAcTargetDocument, const ACHAR* pszExecute,
+                                        bool bActivate, bool bWrapUpInactiveDoc,
+                                        bool bEchoString) override;
+  Acad::ErrorStatus appContextNewDocument(const ACHAR* pszTemplateName) override;
+  Acad::ErrorStatus appContextOpenDocument(const ACHAR* pszDrawingName) override;
+  Acad::ErrorStatus closeDocument(AcApDocument* pAcTargetDocument) override;
+  void executeInApplicationContext(void (*procAddr)(void*), void* pData) const override;
+  bool isApplicationContext() const override;
+
+  /// Opens and activates; null with `reason` filled if it can't be. A file that is
+  /// write-protected, or held for writing by anybody, opens read-only.
+  Document* open(const std::wstring& path, bool readOnly, std::wstring& reason);
+  Document* create(std::wstring& reason);
+  void activate(Document* document);
+  /// Saves under the document's own name, or as `path`; false with `reason` filled.
+  bool save(Document* document, const std::wstring& path, std::wstring& reason);
+  /// The same, but the user is asked for the name that a drawing lacks, and told what went wrong.
+  bool saveForUser(Document* document);
+  /// Asks about unsaved changes if `ask`. False if the user keeps the document.
+  bool close(Document* document, bool ask);
+  /// Closes everything without asking.
+  void closeAll();
+  /// Frees what was closed; nobody may use it any more.
+  void forgetClosed();
+
+  /// A new document takes the address of the one closed last, as memory is used again in the host:
+  /// what an application still remembers of the old one then shows on the new one. Until
+  /// forgetClosed().
+  void reuseAddresses() { reusesAddresses_ = true; }
+
+  Document* active() const { return active_; }
+  Document* find(std::wstring_view path) const;
+  Document* find(const AcDbDatabase* database) const;
+  bool isOpen(const AcApDocument* document) const;
+  std::vector<Document*> all() const;
+
+  /// The document whose command runs, null in the application context.
+  Document* context() const { return context_; }
+  /// Puts the work of its life span into a document's context, or the application's.
+  class ContextScope {
+   public:
+    explicit ContextScope(DocumentManager& manager, Document* context)
+        : manager_(manager), previous_(std::exchange(manager.context_, context)) {}
+    ~ContextScope() { manager_.context_ = previous_; }
+    ContextScope(const ContextScope&) = delete;
+    ContextScope& operator=(const ContextScope&) = delete;
+
+   private:
+    DocumentManager& manager_;
+    Document* previous_;
+  };
+
+  /// A lock with its events; `name` is the command's global name. False if it is refused.
+  bool lock(Document* document, AcAp::DocLockMode mode, const std::wstring& name);
+  void unlock(Document* document, const std::wstring& name);
+  void refuseLocks(unsigned count) { refusals_ = count; }
+
+  bool hasDeferred() const { return !deferred_.empty(); }
+  void runDeferred();
+
+  /// Takes away the reactors that an application left behind.
+  void dropOf(HMODULE module) { reactors_.dropOf(module); }
+
+ private:
+  class Iterator;
+  /// Sends an event of the application context.
+  template <class Event>
+  void fire(std::wstring_view name, Event&& event) {
+    const ContextScope application(*this, nullptr);
+    reactors_.each(name, event);
+  }
+  void fireLock(bool before, Document* document, AcAp::DocLockMode mine, AcAp::DocLockMode next,
+                const std::wstring& name);
+  std::unique_ptr<Document> make(const std::wstring& path, bool readOnly);
+  Document* adopt(std::unique_ptr<Document> document, const std::function<bool()>& fill);
+  void bringToTop(Document* document, bool fresh);
+  bool mayOpenAnother(std::wstring& reason) const;
+  bool keepChanges(Document* document, bool& refused);
+  void destroy(Document* document);
+
+  std::vector<std::unique_ptr<Document>> open_;
+  std::vector<std::unique_ptr<Document>> tombstones_;
+  std::vector<Document*> order_;  // by activation, the active one last
+  Document* active_ = nullptr;
+  Document* context_ = nullptr;
+  ReactorList<AcApDocManagerReactor> reactors_{L"AcApDocManagerReactor"};
+  mutable std::deque<std::pair<void (*)(void*), void*>> deferred_;
+  unsigned refusals_ = 0;
+  unsigned unnamed_ = 0;
+  bool reusesAddresses_ = false;
+};
+
+}  // namespace wb

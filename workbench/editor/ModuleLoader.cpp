@@ -1,0 +1,236 @@
+#include "editor/ModuleLoader.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "core/Names.h"
+#include "core/Program.h"
+#include "core/Transcript.h"
+#include "editor/CommandRunner.h"
+#include "editor/CommandStack.h"
+#include "editor/ContextMenus.h"
+#include "editor/DocumentManager.h"
+#include "editor/Editor.h"
+#include "editor/FileSelection.h"
+#include "editor/Guarded.h"
+#include "editor/Host.h"
+#include "editor/LispFunctions.h"
+#include "watch/ImportWatch.h"
+
+namespace wb {
+
+// What `acrxGetApiVersion` has to answer in its high word.
+static constexpr int apiLevel = 17;
+
+struct ModuleLoader::Module {
+  std::wstring file;
+  HMODULE handle = nullptr;
+  AcRx::AppRetCode (*entry)(AcRx::AppMsgCode, void*) = nullptr;
+  bool locked = true;  // an application stays until it says that it may go
+  bool awareOfDocuments = false;
+  Ticket since = nextTicket();
+
+  std::wstring name() const { return file.substr(file.find_last_of(L"\\/") + 1); }
+};
+
+namespace {
+
+std::wstring whyNotMapped(DWORD error) {
+  switch (error) {
+    case ERROR_FILE_NOT_FOUND:
+    case ERROR_PATH_NOT_FOUND:
+      return L"the file doesn't exist";
+    case ERROR_MOD_NOT_FOUND:
+      return L"a library that it needs is missing";
+    case ERROR_BAD_EXE_FORMAT:
+      return L"the file is damaged or no 64-bit library";
+    case ERROR_PROC_NOT_FOUND:
+      return L"it needs a function that this editor doesn't have";
+    case ERROR_DLL_INIT_FAILED:
+      return L"its own start failed";
+    default:
+      return L"Windows error " + std::to_wstring(error);
+  }
+}
+
+template <class Function>
+Function exported(HMODULE module, const char* name) {
+  return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module, name)));
+}
+
+std::wstring messageName(AcRx::AppMsgCode message) {
+  return L"acrxEntryPoint(" + std::to_wstring(message) + L")";
+}
+
+}  // namespace
+
+ModuleLoader::ModuleLoader() = default;
+ModuleLoader::~ModuleLoader() = default;
+
+ModuleLoader::Module* ModuleLoader::find(const void* packet) const {
+  for (const auto& one : modules) {
+    if (one.get() == packet) return one.get();
+  }
+  return nullptr;
+}
+
+ModuleLoader::Module* ModuleLoader::findFile(const std::wstring& file) const {
+  for (const auto& one : modules) {
+    if (sameName(one->file, file) || sameName(one->name(), file)) return one.get();
+  }
+  return nullptr;
+}
+
+/// In the host its own files are there before any application, wherever that lies. A test program
+/// has to bring them in.
+static void loadHostFiles() {
+  for (const wchar_t* file : {L"acad.exe", L"acdb17.dll"}) {
+    if (!GetModuleHandleW(file)) LoadLibraryW((programFolder() / file).c_str());
+  }
+}
+
+bool ModuleLoader::map(Module& module, std::wstring& reason) const {
+  loadHostFiles();
+  if (GetFileAttributesW(module.file.c_str()) == INVALID_FILE_ATTRIBUTES) {
+    reason = whyNotMapped(ERROR_FILE_NOT_FOUND);
+    return false;
+  }
+  module.handle = LoadLibraryExW(module.file.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
+  if (!module.handle) {
+    reason = whyNotMapped(GetLastError());
+    return false;
+  }
+  const auto version = exported<int (*)()>(module.handle, "acrxGetApiVersion");
+  module.entry = exported<decltype(module.entry)>(module.handle, "acrxEntryPoint");
+  if (!module.entry || !version) {
+    reason = std::wstring(L"it doesn't export ") +
+             (module.entry ? L"acrxGetApiVersion" : L"acrxEntryPoint");
+  } else if ((version() >> 16) != apiLevel) {
+    reason = L"it was built for the API level " + std::to_wstring(version() >> 16) + L", not " +
+             std::to_wstring(apiLevel);
+  }
+  if (reason.empty()) return true;
+  FreeLibrary(module.handle);
+  afterUnmapping();
+  return false;
+}
+
+bool ModuleLoader::load(const std::wstring& file, std::wstring& reason) {
+  if (findFile(file)) {
+    reason = L"it is loaded already";
+    return false;
+  }
+  auto owner = std::make_unique<Module>();
+  Module& module = *owner;
+  module.file = file;
+  if (!map(module, reason)) return false;
+  tell(L"doc", L"application loaded " + module.name());
+  modules.push_back(std::move(owner));
+  if (Host::instance().onModuleMapped) Host::instance().onModuleMapped(module.handle);
+  if (send(module, AcRx::kInitAppMsg) != AcRx::kRetOK) {
+    reason = L"it refused to start";
+    std::wstring ignored;
+    end(module, true, ignored);
+    return false;
+  }
+  for (Document* one : Host::instance().documents().all()) {
+    send(module, AcRx::kLoadDwgMsg, one);
+  }
+  return true;
+}
+
+bool ModuleLoader::unload(const std::wstring& file, std::wstring& reason) {
+  Module* module = findFile(file);
+  if (!module) {
+    reason = L"it isn't loaded";
+  } else if (module->locked) {
+    reason = L"it hasn't unlocked itself with the dynamic linker";
+  } else if (current || Host::instance().runner().commandRuns()) {
+    reason = L"a command runs";
+  } else {
+    return end(*module, false, reason);
+  }
+  return false;
+}
+
+bool ModuleLoader::end(Module& module, bool force, std::wstring& reason) {
+  Host& host = Host::instance();
+  for (Document* one : host.documents().all()) send(module, AcRx::kUnloadDwgMsg, one);
+  if (send(module, AcRx::kUnloadAppMsg) == AcRx::kRetError && !force) {
+    reason = L"it refuses";
+    for (Document* one : host.documents().all()) send(module, AcRx::kLoadDwgMsg, one);
+    return false;
+  }
+  host.commands().dropOf(module.handle);
+  host.documents().dropOf(module.handle);
+  host.editor().dropOf(module.handle);
+  host.menus().dropOf(module.handle);
+  host.lisp().dropOf(module.handle);
+  FileSelection::instance().dropOf(module.handle);
+  if (host.onModuleLeaving) host.onModuleLeaving(module.handle);
+  const std::wstring name = module.name();
+  const Ticket since = module.since;
+  const HMODULE handle = module.handle;
+  FreeLibrary(handle);
+  afterUnmapping();
+  modules.erase(std::find_if(modules.begin(), modules.end(),
+                             [&](const auto& one) { return one.get() == &module; }));
+  tell(L"doc", L"application unloaded " + name);
+  host.runner().tellLeaks(since, true);
+  return true;
+}
+
+void ModuleLoader::unloadAll() {
+  std::wstring ignored;
+  while (!modules.empty()) end(*modules.back(), true, ignored);
+}
+
+AcRx::AppRetCode ModuleLoader::send(Module& module, AcRx::AppMsgCode message, Document* about) {
+  Module* const before = std::exchange(current, &module);
+  Document* const aboutBefore = std::exchange(document, about);
+  AcRx::AppRetCode result = AcRx::kRetError;
+  runGuarded(messageName(message), [&] { result = module.entry(message, &module); });
+  current = before;
+  document = aboutBefore;
+  return result;
+}
+
+void ModuleLoader::sendToAll(AcRx::AppMsgCode message) {
+  for (const auto& one : modules) send(*one, message);
+}
+
+void ModuleLoader::documentLoaded(Document* loaded) {
+  for (const auto& one : modules) send(*one, AcRx::kLoadDwgMsg, loaded);
+}
+
+void ModuleLoader::documentUnloading(Document* unloading) {
+  for (const auto& one : modules) send(*one, AcRx::kUnloadDwgMsg, unloading);
+}
+
+int ModuleLoader::invoke(HMODULE module) {
+  for (const auto& one : modules) {
+    if (one->handle == module) return send(*one, AcRx::kInvkSubrMsg);
+  }
+  return AcRx::kRetError;
+}
+
+bool ModuleLoader::allAwareOfDocuments() const {
+  return std::all_of(modules.begin(), modules.end(),
+                     [](const auto& one) { return one->awareOfDocuments; });
+}
+
+HMODULE ModuleLoader::messaged() const { return current ? current->handle : nullptr; }
+
+bool ModuleLoader::setLocked(const void* packet, bool locked) {
+  Module* module = find(packet);
+  if (module) module->locked = locked;
+  return module != nullptr;
+}
+
+bool ModuleLoader::setAwareOfDocuments(const void* packet, bool aware) {
+  Module* module = find(packet);
+  if (module) module->awareOfDocuments = aware;
+  return module != nullptr;
+}
+
+}  // namespace wb

@@ -1,0 +1,13 @@
+#include "notserved/NotServed.h"
+
+#include <string>
+
+#include "core/Transcript.h"
+
+namespace wb {
+
+NotServed::NotServed(const wchar_t* function) {
+  tell(L"error", std::wstring(function) + L" isn't served by this host");
+}
+
+}  // namespace wb

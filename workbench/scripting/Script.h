@@ -1,0 +1,68 @@
+#pragma once
+
+#include <atomic>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "scripting/Directives.h"
+
+namespace wb {
+
+/// One line of a script that isn't blank or a comment.
+struct ScriptLine {
+  unsigned number;
+  std::wstring text;
+};
+
+/// The lines of a UTF-8 script (with or without a byte order mark, any line ends). A line begins
+/// after its blanks; those at its end are kept on typed lines, where a blank may stand for Enter.
+std::vector<ScriptLine> scriptLines(std::string_view utf8);
+
+/// What the watched module's COM initialisations have become since the last call: a command that
+/// ended by an exception leaves one behind and is told as a `command` line, any other imbalance as
+/// a `leak`.
+class ApartmentCheck {
+ public:
+  void start();
+  void check();
+
+ private:
+  int balance = 0;
+  size_t linesSeen = 0;
+};
+
+/// Runs the lines of a script in the host, and stops at the first that fails.
+class Script {
+ public:
+  Script(ScriptContext& context, std::vector<ScriptLine> lines);
+
+  /// Runs all lines; false, with an `error` line, if one failed or an answer was left over.
+  bool run();
+  /// For a prompt that waits: runs the directives that come next and types the next plain line.
+  /// False at the end of the script, or if a directive failed.
+  bool supplyInput();
+  /// The line being run, null between runs. May be asked from any thread.
+  const ScriptLine* current() const;
+
+ private:
+  bool step(const ScriptLine& line, bool commandWaits);
+  bool refuse(const ScriptLine& line, const std::wstring& why);
+  bool refuseUnusedAnswers();
+
+  ScriptContext& context;
+  std::vector<ScriptLine> lines;
+  size_t next = 0;
+  std::atomic<const ScriptLine*> running{nullptr};
+  bool failed = false;
+  ApartmentCheck apartments;
+};
+
+/// Runs one line, typed or a directive, and lets the host work until it is idle. Raises ScriptError
+/// if the directive is wrong or what it asks for can't be done.
+void runScriptLine(ScriptContext& context, const std::wstring& line, bool commandWaits);
+
+/// Counts the `error` and `leak` lines told, so that a run can see its own.
+size_t problemsTold();
+
+}  // namespace wb

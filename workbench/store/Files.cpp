@@ -1,0 +1,192 @@
+#include "store/Files.h"
+
+#include "core/ResultCodes.h"
+#include "core/Text.h"
+#include "store/Store.h"
+
+namespace wb {
+
+namespace {
+
+HRESULT codeOf(DWORD error) {
+  switch (error) {
+    case ERROR_SHARING_VIOLATION:
+    case ERROR_LOCK_VIOLATION:
+    case ERROR_USER_MAPPED_FILE:
+      return E_QVT_FILE_SHARE_ERROR;
+    case ERROR_FILE_NOT_FOUND:
+    case ERROR_PATH_NOT_FOUND:
+      return E_QVT_LOCAL_FILE_NOT_FOUND;
+    case ERROR_DISK_FULL:
+    case ERROR_HANDLE_DISK_FULL:
+      return E_QVT_DISK_FULL;
+    case ERROR_INVALID_NAME:
+      return E_QVT_INVALID_NAME;
+    default:
+      return E_QVT_IO_ERROR;
+  }
+}
+
+[[noreturn]] void raise(const std::filesystem::path& file, DWORD error = GetLastError()) {
+  throw StoreError(codeOf(error), file.wstring() + L": Windows error " + std::to_wstring(error));
+}
+
+std::uint64_t whole(const FILETIME& time) {
+  return (static_cast<std::uint64_t>(time.dwHighDateTime) << 32) | time.dwLowDateTime;
+}
+
+/// Makes a local file writable, as MoveFileExW asks of the one it replaces, unless the replacing
+/// fails.
+class WritableWhile {
+ public:
+  explicit WritableWhile(const std::filesystem::path& file)
+      : file(file), wasReadOnly(isReadOnly(file)) {
+    if (wasReadOnly) setReadOnly(file, false);
+  }
+  WritableWhile(const WritableWhile&) = delete;
+  WritableWhile& operator=(const WritableWhile&) = delete;
+  ~WritableWhile() {
+    if (!replaced && wasReadOnly) SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_READONLY);
+  }
+
+  bool replaced = false;
+
+ private:
+  const std::filesystem::path file;
+  const bool wasReadOnly;
+};
+
+/// A hidden folder that lasts as long as something is written in it.
+class PassingFolder {
+ public:
+  explicit PassingFolder(const std::filesystem::path& folder) : folder(folder) {
+    makeFolder(folder);
+    SetFileAttributesW(folder.c_str(), FILE_ATTRIBUTE_HIDDEN);
+  }
+  PassingFolder(const PassingFolder&) = delete;
+  PassingFolder& operator=(const PassingFolder&) = delete;
+  ~PassingFolder() {
+    // What a failed write has left may be read-only already.
+    SetFileAttributesW(newFile().c_str(), FILE_ATTRIBUTE_NORMAL);
+    DeleteFileW(newFile().c_str());
+    RemoveDirectoryW(folder.c_str());
+  }
+  std::filesystem::path newFile() const { return folder / L"new"; }
+
+ private:
+  const std::filesystem::path folder;
+};
+
+}  // namespace
+
+FileHandle::FileHandle(const std::filesystem::path& file, DWORD access, DWORD share,
+                       DWORD disposition)
+    : file(file),
+      handle(CreateFileW(file.c_str(), access, share, nullptr, disposition, FILE_ATTRIBUTE_NORMAL,
+                         nullptr)) {
+  if (handle == INVALID_HANDLE_VALUE) raise(file);
+}
+
+std::string FileHandle::read() {
+  LARGE_INTEGER size;
+  if (!GetFileSizeEx(handle, &size)) raise(file);
+  if (size.QuadPart > MAXLONG) {
+    throw StoreError(E_QVT_INVALID_FILE, file.wstring() + L" is larger than 2 GB");
+  }
+  std::string bytes(static_cast<size_t>(size.QuadPart), '\0');
+  DWORD done = 0;
+  if (!ReadFile(handle, bytes.data(), static_cast<DWORD>(bytes.size()), &done, nullptr)) {
+    raise(file);
+  }
+  if (done != bytes.size()) raise(file, ERROR_HANDLE_EOF);
+  return bytes;
+}
+
+void FileHandle::write(const std::string& bytes) {
+  DWORD done = 0;
+  if (!WriteFile(handle, bytes.data(), static_cast<DWORD>(bytes.size()), &done, nullptr)) {
+    raise(file);
+  }
+  if (done != bytes.size()) raise(file, ERROR_DISK_FULL);
+  if (!FlushFileBuffers(handle)) raise(file);
+}
+
+void FileHandle::settle(std::uint64_t date, bool readOnly) {
+  FILE_BASIC_INFO information{};
+  information.LastWriteTime.QuadPart = static_cast<LONGLONG>(date);
+  information.FileAttributes = readOnly ? FILE_ATTRIBUTE_READONLY : FILE_ATTRIBUTE_NORMAL;
+  if (!SetFileInformationByHandle(handle, FileBasicInfo, &information, sizeof(information))) {
+    raise(file);
+  }
+}
+
+void makeFolder(const std::filesystem::path& folder) {
+  std::error_code error;
+  std::filesystem::create_directories(folder, error);
+  if (!error) return;
+  throw StoreError(E_QVT_COULD_NOT_CREATE_LOCAL_FOLDER,
+                   folder.wstring() + L" can't be made: " + fromUtf8(error.message()));
+}
+
+std::string readFile(const std::filesystem::path& file) {
+  return FileHandle(file, GENERIC_READ, FILE_SHARE_READ, OPEN_EXISTING).read();
+}
+
+void replaceFile(const std::filesystem::path& file, const std::string& bytes) {
+  const std::filesystem::path fresh = file.wstring() + L".new";
+  FileHandle(fresh, GENERIC_WRITE, 0, CREATE_ALWAYS).write(bytes);
+  if (MoveFileExW(fresh.c_str(), file.c_str(),
+                  MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
+    return;
+  }
+  const DWORD error = GetLastError();
+  DeleteFileW(fresh.c_str());
+  raise(file, error);
+}
+
+void replaceLocalFile(const std::filesystem::path& file, const std::filesystem::path& incoming,
+                      const std::string& bytes, std::uint64_t date, bool readOnly) {
+  makeFolder(file.parent_path());
+  const PassingFolder folder(incoming);
+  {
+    FileHandle fresh(folder.newFile(), GENERIC_WRITE, 0, CREATE_ALWAYS);
+    fresh.write(bytes);
+    fresh.settle(date, readOnly);
+  }
+  WritableWhile writable(file);
+  // A rename may succeed under somebody's open handle; who has it open would go on with the old
+  // content, so it isn't tried then.
+  if (writeTime(file) != 0) FileHandle(file, GENERIC_READ | GENERIC_WRITE, 0, OPEN_EXISTING);
+  if (!MoveFileExW(folder.newFile().c_str(), file.c_str(),
+                   MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
+    raise(file);
+  }
+  writable.replaced = true;
+}
+
+void setReadOnly(const std::filesystem::path& file, bool readOnly) {
+  DWORD attributes = GetFileAttributesW(file.c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES) raise(file);
+  attributes = readOnly ? attributes | FILE_ATTRIBUTE_READONLY
+                        : attributes & ~static_cast<DWORD>(FILE_ATTRIBUTE_READONLY);
+  if (!SetFileAttributesW(file.c_str(), attributes)) raise(file);
+}
+
+bool isReadOnly(const std::filesystem::path& file) {
+  const DWORD attributes = GetFileAttributesW(file.c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY);
+}
+
+std::uint64_t writeTime(const std::filesystem::path& file) {
+  WIN32_FILE_ATTRIBUTE_DATA data;
+  if (!GetFileAttributesExW(file.c_str(), GetFileExInfoStandard, &data)) return 0;
+  return whole(data.ftLastWriteTime);
+}
+
+std::uint64_t currentTime() {
+  FILETIME now;
+  GetSystemTimeAsFileTime(&now);
+  return whole(now) / dateGrain * dateGrain;
+}
+
+}  // namespace wb
