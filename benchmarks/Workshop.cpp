@@ -132,14 +132,13 @@ void Workshop::saved(const std::wstring& path) {
 }
 
 size_t Workshop::clientCalls() {
-  const auto& lines = session.transcript();
-  const auto begin = lines.begin() + static_cast<std::ptrdiff_t>(told);
+  const auto& events = wb::Transcript::instance().events();
+  const auto begin = events.begin() + static_cast<std::ptrdiff_t>(told);
   // The client's texts are no matter of the vault.
-  const auto calls = std::count_if(begin, lines.end(), [](const std::wstring& line) {
-    return line.rfind(L"client: ", 0) == 0 &&
-           line.find(L": VaultTextService") == std::wstring::npos;
+  const auto calls = std::count_if(begin, events.end(), [](const wb::Event& event) {
+    return event.kind == wb::Event::client && event.subject.rfind(L"VaultTextService", 0) != 0;
   });
-  told = lines.size();
+  told = events.size();
   return static_cast<size_t>(calls);
 }
 

@@ -130,7 +130,7 @@ class TranscriptTest : public testing::Test {
   TranscriptTest() { transcript.clear(); }
   ~TranscriptTest() override { transcript.clear(); }
   std::wstring told(const std::wstring& detail) {
-    wb::tell(L"file", detail);
+    wb::tell(wb::Event::file, detail);
     return transcript.lines().back();
   }
   wb::Transcript& transcript = wb::Transcript::instance();
@@ -146,19 +146,19 @@ TEST_F(TranscriptTest, FoldersAreWrittenByTheLongestNameThatStandsThere) {
 }
 
 TEST_F(TranscriptTest, AnEventIsOneLineAndIsFoundSinceTheMarkOnly) {
-  wb::tell(L"box", L"first\r\nsecond");
+  wb::tell(wb::Event::box, L"first\r\nsecond");
   EXPECT_EQ(std::vector<std::wstring>{L"box: first\\r\\nsecond"}, transcript.lines());
   EXPECT_EQ(L"\"a\\nb \\\"c\\\" \\e\\t\\r C:\\\"", wb::quoted(L"a\nb \"c\" \x1B\t\r C:\\"));
   transcript.mark();
   EXPECT_FALSE(transcript.holdsSinceMark(L"second"));
-  wb::tell(L"box", L"third");
+  wb::tell(wb::Event::box, L"third");
   EXPECT_TRUE(transcript.holdsSinceMark(L"box: thi"));
 }
 
 TEST_F(TranscriptTest, OnlyErrorsAndLeaksFailARun) {
-  wb::tell(L"box", L"error: not one");
+  wb::tell(wb::Event::box, L"error: not one");
   EXPECT_EQ(0u, transcript.problems());
-  wb::tell(L"leak", L"one string");
+  wb::tell(wb::Event::leak, L"one string");
   EXPECT_EQ(1u, transcript.problems());
   transcript.clear();
   EXPECT_EQ(0u, transcript.problems());

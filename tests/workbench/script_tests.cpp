@@ -81,11 +81,11 @@ TEST(Script, WrongDirectivesEndTheScriptWithTheirLine) {
 
 TEST(Script, ExpectationsLookAtTheLinesSinceTheMark) {
   BareSession session;
-  wb::tell(L"doc", L"before \"the\" mark");
+  wb::tell(wb::Event::doc, L"before \"the\" mark");
   EXPECT_TRUE(session.run("@expect before \"the\" mark\n@mark\n@expect-no before\n"));
   EXPECT_FALSE(session.run("@mark\n@expect before\n@nonsense\n"));
   EXPECT_EQ(L"error: line 2: expected since the mark: before", session.transcript().back());
-  wb::tell(L"doc", BareSession::options().workFolder + L"\\a.dxf");
+  wb::tell(wb::Event::doc, BareSession::options().workFolder + L"\\a.dxf");
   EXPECT_TRUE(session.run("@expect %WORK%\\a.dxf\n"));
   EXPECT_FALSE(session.run("@expect-no doc: <work>\\a.dxf\n"));
 }

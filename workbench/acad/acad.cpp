@@ -129,10 +129,8 @@ int run(CommandLine line) {
   // An error that a person was told of was his own; what leaked, never.
   const size_t problems = wb::Transcript::instance().problems();
   session.end();
-  const auto& lines = session.transcript();
-  const bool leaked = std::any_of(lines.begin(), lines.end(), [](const std::wstring& line) {
-    return line.rfind(L"leak: ", 0) == 0;
-  });
+  const bool leaked = wb::Transcript::instance().anySince(
+      0, [](const wb::Event& event) { return event.kind == wb::Event::leak; });
   if (leaked || wb::Transcript::instance().problems() != problems) ok = false;
   return ok ? exitOk : exitFailed;
 }

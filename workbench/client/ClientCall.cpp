@@ -116,7 +116,7 @@ HRESULT ClientCall::guarded(const std::function<HRESULT()>& body) const {
   } catch (const std::bad_alloc&) {
     return E_OUTOFMEMORY;
   } catch (const std::exception& failure) {
-    tell(L"client", std::wstring(operation) + L" stopped: " + fromUtf8(failure.what()));
+    tell(Event::client, std::wstring(operation) + L" stopped: " + fromUtf8(failure.what()));
     return E_FAIL;
   }
 }
@@ -131,7 +131,7 @@ void ClientCall::tellResult(HRESULT result) const {
       separator = L", ";
     }
   }
-  tell(L"client", line);
+  tell({Event::client, Event::other, operation, line});
 }
 
 namespace out {

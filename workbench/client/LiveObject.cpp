@@ -54,7 +54,7 @@ HRESULT LiveObject::admitInterface(REFIID iid) {
   if (!name) return S_OK;
   const HRESULT fault = takeFault(std::wstring(L"QueryInterface.") + name);
   if (FAILED(fault)) {
-    tell(L"client", std::wstring(L"QueryInterface(") + name + L") -> " + resultName(fault));
+    tell(Event::client, std::wstring(L"QueryInterface(") + name + L") -> " + resultName(fault));
   }
   return fault;
 }

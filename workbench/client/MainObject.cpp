@@ -145,7 +145,7 @@ STDMETHODIMP GatePart::presentCode(LONG code) {
 
 HRESULT MainObject::admit(REFIID iid) {
   if (iid == __uuidof(VaultQuery) && !session->isGateOpen()) {
-    tell(L"client", L"QueryInterface(VaultQuery) -> E_NOINTERFACE");
+    tell(Event::client, L"QueryInterface(VaultQuery) -> E_NOINTERFACE");
     return E_NOINTERFACE;
   }
   return admitInterface(iid);

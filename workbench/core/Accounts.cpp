@@ -96,7 +96,8 @@ bool startWatchingFrees() {
     CoTaskMemFree(CoTaskMemAlloc(1));
     return true;
   }
-  tell(L"error", L"freed memory can't be watched: the allocator's spy or the string cache refuses");
+  tell(Event::error,
+       L"freed memory can't be watched: the allocator's spy or the string cache refuses");
   return false;
 }
 

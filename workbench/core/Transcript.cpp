@@ -53,10 +53,47 @@ void escapeLineEnds(std::wstring& text) {
   }
 }
 
+const wchar_t* nameOf(Event::Kind kind) {
+  switch (kind) {
+    case Event::attempt:
+      return L"try";
+    case Event::box:
+      return L"box";
+    case Event::client:
+      return L"client";
+    case Event::command:
+      return L"command";
+    case Event::dialog:
+      return L"dialog";
+    case Event::doc:
+      return L"doc";
+    case Event::error:
+      return L"error";
+    case Event::file:
+      return L"file";
+    case Event::leak:
+      return L"leak";
+    case Event::menu:
+      return L"menu";
+    case Event::prompt:
+      return L"prompt";
+    case Event::reg:
+      return L"reg";
+    case Event::send:
+      return L"send";
+    case Event::window:
+      return L"window";
+    case Event::xref:
+      return L"xref";
+  }
+  return L"";
+}
+
 }  // namespace
 
 struct Transcript::State {
   std::vector<std::wstring> lines;
+  std::vector<Event> events;
   std::vector<Alias> aliases;
   size_t mark = 0;
   bool echo = false;
@@ -81,6 +118,14 @@ Transcript& Transcript::instance() {
 }
 
 const std::vector<std::wstring>& Transcript::lines() const { return state->lines; }
+
+const std::vector<Event>& Transcript::events() const { return state->events; }
+
+bool Transcript::anySince(size_t first, const std::function<bool(const Event&)>& is) const {
+  const auto& events = state->events;
+  const auto begin = events.begin() + static_cast<std::ptrdiff_t>(std::min(first, events.size()));
+  return std::any_of(begin, events.end(), is);
+}
 
 void Transcript::clear() {
   const bool echo = state->echo;
@@ -116,17 +161,20 @@ const std::vector<Transcript::Detail>& Transcript::details() const { return stat
 
 size_t Transcript::problems() const { return state->problems; }
 
-void tell(std::wstring_view kind, std::wstring_view detail) {
+void tell(Event event) {
   Transcript::State& state = *Transcript::instance().state;
-  std::wstring line = state.lineOf(kind, detail);
-  if (kind == L"error" || kind == L"leak") ++state.problems;
+  std::wstring line = state.lineOf(nameOf(event.kind), event.text);
+  if (event.kind == Event::error || event.kind == Event::leak) ++state.problems;
   if (state.echo) {
     std::fputs((toUtf8(line) + "\n").c_str(), stdout);
     std::fflush(stdout);
   }
   if (state.apartments) state.details.push_back({line, state.apartments()});
   state.lines.push_back(std::move(line));
+  state.events.push_back(std::move(event));
 }
+
+void tell(Event::Kind kind, std::wstring text) { tell({kind, Event::other, {}, std::move(text)}); }
 
 void note(std::wstring_view kind, std::wstring_view detail) {
   Transcript::State& state = *Transcript::instance().state;

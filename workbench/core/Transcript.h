@@ -8,9 +8,52 @@
 
 namespace wb {
 
-/// Tells one event: the line "kind: detail", kept in the transcript and echoed if asked for. Line
-/// ends in it are written as \n and \r.
-void tell(std::wstring_view kind, std::wstring_view detail);
+/// Something that happened. The transcript shows it as the line "kind: text"; who judges a run
+/// looks at kind, cause and subject, so that another wording changes no verdict.
+struct Event {
+  enum Kind {
+    attempt,  ///< shown as "try"
+    box,
+    client,
+    command,
+    dialog,
+    doc,
+    error,
+    file,
+    leak,
+    menu,
+    prompt,
+    reg,
+    send,
+    window,
+    xref
+  };
+  enum Cause {
+    other,              ///< nothing that is judged
+    noAnswer,           ///< a box or a dialog got no answer, or one that it can't take
+    unusedAnswer,       ///< an answer that nothing asked for
+    noInput,            ///< a command waits for input, and the script has none
+    noSelection,        ///< what was to be picked isn't there
+    impossibleStep,     ///< a line of the script can't be done as things stand
+    failedStep,         ///< the line of the script in which an error was reported
+    uncaught,           ///< an exception left `subject`, a command or an event
+    xrefLoaded,         ///< `subject` is its name
+    xrefUnloaded,       ///< `subject` is its name
+    documentDestroyed,  ///< `subject` is its file or its title
+  };
+
+  Kind kind;
+  Cause cause = other;
+  std::wstring subject;
+  std::wstring text;
+  long code = 0;  ///< the HRESULT of an uncaught COM error, else 0
+};
+
+/// Reports an event: its line is kept in the transcript and echoed if asked for. Line ends in it
+/// are written as \n and \r.
+void tell(Event event);
+/// Reports one that nobody judges.
+void tell(Event::Kind kind, std::wstring text);
 
 /// Notes for a test what isn't worth a line, such as an argument that changes nothing here. Of no
 /// effect unless the transcript keeps details.
@@ -25,6 +68,10 @@ class Transcript {
   static Transcript& instance();
 
   const std::vector<std::wstring>& lines() const;
+  /// The events behind the lines, in the same order.
+  const std::vector<Event>& events() const;
+  /// Whether one of the events from number `first` on is as the function says.
+  bool anySince(size_t first, const std::function<bool(const Event&)>& is) const;
 
   /// Forgets the lines, the mark and the aliases.
   void clear();
@@ -54,7 +101,7 @@ class Transcript {
   size_t problems() const;
 
  private:
-  friend void tell(std::wstring_view kind, std::wstring_view detail);
+  friend void tell(Event event);
   friend void note(std::wstring_view kind, std::wstring_view detail);
   Transcript();
   ~Transcript();

@@ -89,7 +89,7 @@ Acad::ErrorStatus AcDbObjectImp::close() {
     wb::giveBack(readers_.back());
     readers_.pop_back();
   } else {
-    wb::tell(L"error", L"AcDbObject::close of " + label() + L", which isn't open");
+    wb::tell(wb::Event::error, L"AcDbObject::close of " + label() + L", which isn't open");
     return Acad::eNotOpenForRead;
   }
   return Acad::eOk;
@@ -98,14 +98,15 @@ Acad::ErrorStatus AcDbObjectImp::close() {
 AcDbObjectImp* AcDbObjectImp::read(const AcDbObject* object, const wchar_t* operation) {
   AcDbObjectImp* imp = of(object);
   if (imp->openForRead()) return imp;
-  wb::tell(L"error", operation + (L" of " + imp->label()) + L", which isn't open");
+  wb::tell(wb::Event::error, operation + (L" of " + imp->label()) + L", which isn't open");
   return nullptr;
 }
 
 AcDbObjectImp* AcDbObjectImp::write(const AcDbObject* object, const wchar_t* operation) {
   AcDbObjectImp* imp = of(object);
   if (imp->openForWrite()) return imp;
-  wb::tell(L"error", operation + (L" of " + imp->label()) + L", which isn't open for write");
+  wb::tell(wb::Event::error,
+           operation + (L" of " + imp->label()) + L", which isn't open for write");
   return nullptr;
 }
 

@@ -11,8 +11,9 @@ namespace wb {
 
 namespace {
 
-void say(const std::wstring& what, const std::wstring& name, const std::wstring& rest = {}) {
-  tell(L"xref", what + L" " + name + rest);
+void say(const std::wstring& what, const std::wstring& name, const std::wstring& rest = {},
+         Event::Cause cause = Event::other) {
+  tell({Event::xref, cause, name, what + L" " + name + rest});
 }
 
 bool leadsTo(const Xrefs::Xref& from, const Xrefs::Xref& to) {
@@ -66,7 +67,7 @@ bool Xrefs::load(Xref& xref) {
     say(L"unresolved", name, L" (" + xref.record->path + L"): " + error);
     return false;
   }
-  say(L"loaded", name, L" from " + xref.file.path().wstring());
+  say(L"loaded", name, L" from " + xref.file.path().wstring(), Event::xrefLoaded);
   readNested(xref, xref.file.attached());
   return true;
 }
@@ -124,7 +125,7 @@ void Xrefs::releaseUnreached() {
   for (const auto& xref : xrefs) {
     if (!xref->loaded || reached(*xref)) continue;
     release(*xref);
-    say(L"unloaded", xref->record->blockName);
+    say(L"unloaded", xref->record->blockName, {}, Event::xrefUnloaded);
   }
 }
 
@@ -153,7 +154,7 @@ Acad::ErrorStatus Xrefs::unload(std::wstring_view name) {
   }
   if (!xref->loaded) return Acad::eOk;
   release(*xref);
-  say(L"unloaded", xref->record->blockName);
+  say(L"unloaded", xref->record->blockName, {}, Event::xrefUnloaded);
   releaseUnreached();
   drawing.touch();
   return Acad::eOk;

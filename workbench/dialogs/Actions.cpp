@@ -84,7 +84,7 @@ class StepPerformer {
   std::wstring operator()(const TakePicture& step) const { return savePicture(step.file); }
 
   std::wstring operator()(const TellTexts&) const {
-    tell(L"dialog", wb::quoted(windowTitle(dialog)) + L" texts" + controlTexts(dialog));
+    tell(Event::dialog, wb::quoted(windowTitle(dialog)) + L" texts" + controlTexts(dialog));
     return {};
   }
 

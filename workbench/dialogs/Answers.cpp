@@ -189,7 +189,7 @@ LRESULT CALLBACK Answers::State::listenerProcedure(HWND window, UINT message, WP
       return 0;
     }
   } catch (const std::exception& error) {
-    tell(L"error", fromUtf8(error.what()));
+    tell(Event::error, fromUtf8(error.what()));
     return 0;
   }
   return DefWindowProcW(window, message, wParam, lParam);
@@ -223,7 +223,7 @@ void Answers::State::inspect(HWND window) {
     return;
   }
   dialog->hasNoControls = true;
-  tell(L"dialog", wb::quoted(windowTitle(window)) + L" (no controls)");
+  tell(Event::dialog, wb::quoted(windowTitle(window)) + L" (no controls)");
 }
 
 void Answers::State::look() {
@@ -282,7 +282,7 @@ void Answers::State::carryOut(HWND window, const Answer& answer) {
     if (!told.empty()) line += L' ' + told;
   }
   if (!answer.button.empty()) line += L" answer=" + answer.button;
-  if (!watched) tell(text.empty() ? L"dialog" : L"box", line);
+  if (!watched) tell(text.empty() ? Event::dialog : Event::box, line);
   if (answer.button.empty() || !find(window)) return;
   const std::wstring problem = pressButton(window, answer.button);
   if (!problem.empty()) refuse(window, L"can't be answered, " + problem);
@@ -291,12 +291,15 @@ void Answers::State::carryOut(HWND window, const Answer& answer) {
 void Answers::State::refuse(HWND window, const std::wstring& why) {
   ++unanswered;
   OpenDialog* dialog = find(window);
-  if (!dialog) return tell(L"error", L"dialog " + why + L": it closed meanwhile");
+  if (!dialog) {
+    return tell({Event::error, Event::noAnswer, {}, L"dialog " + why + L": it closed meanwhile"});
+  }
   ++dialog->closings;
   dialog->looks = 0;
   const std::wstring what = describe(*dialog);
   const size_t blank = what.find(L' ');
-  tell(L"error", what.substr(0, blank) + L' ' + why + L':' + what.substr(blank));
+  tell({Event::error, Event::noAnswer, what,
+        what.substr(0, blank) + L' ' + why + L':' + what.substr(blank)});
   closeQuietly(window);
 }
 
@@ -311,7 +314,7 @@ int watchedMessageBox(HWND owner, const wchar_t* text, const wchar_t* title, UIN
   const int result = MessageBoxW(owner, text, title, flags);
   const DWORD error = GetLastError();
   answers.boxClosed();
-  tell(L"box",
+  tell(Event::box,
        description + L" answer=" +
            (result ? buttonName(result) : L"none (Windows error " + std::to_wstring(error) + L")"));
   SetLastError(error);

@@ -145,7 +145,7 @@ std::wstring savePicture(const std::wstring& file) {
     return L"the picture " + wb::quoted(file) + L" can't be written, Windows error " +
            std::to_wstring(error);
   }
-  tell(L"file", L"picture " + wb::quoted(file));
+  tell(Event::file, L"picture " + wb::quoted(file));
   return {};
 }
 

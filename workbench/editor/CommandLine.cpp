@@ -20,7 +20,7 @@ namespace wb {
 
 void commandLineSays(std::wstring_view text) {
   Host::instance().window().write(text);
-  tell(L"prompt", quoted(text));
+  tell(Event::prompt, quoted(text));
 }
 
 namespace {
@@ -98,7 +98,8 @@ int acedCommand(int rtype, ...) {
   if (words.empty()) return RTNORM;
   wb::Document* document = host.documents().context();
   if (!document || document->gone()) {
-    wb::tell(L"command", words.front() + L" refused: acedCommand outside a document's context");
+    wb::tell(wb::Event::command,
+             words.front() + L" refused: acedCommand outside a document's context");
     return RTERROR;
   }
   const std::wstring name = words.front();

@@ -52,10 +52,10 @@ void CommandRunner::runTyped(const std::wstring& token, Document* document) {
 
 void CommandRunner::run(const Command& command, Document* document) {
   if (!command.runsInApplicationContext() && !document) {
-    tell(L"command", command.global + L" refused: no drawing is open");
+    tell(Event::command, command.global + L" refused: no drawing is open");
     return;
   }
-  tell(L"command", command.global);
+  tell(Event::command, command.global);
   const Ticket since = nextTicket();
   Selection::instance().commandBegins(command.flags);
   ++depth;
@@ -73,7 +73,7 @@ void CommandRunner::runInDocument(const Command& command, Document* document) {
   DocumentManager& documents = Host::instance().documents();
   const DocumentManager::ContextScope context(documents, document);
   if (!documents.lock(document, AcAp::kWrite, command.global)) {
-    tell(L"command", command.global + L" refused: the document can't be locked");
+    tell(Event::command, command.global + L" refused: the document can't be locked");
     return;
   }
   runGuarded(command.global, command.work);
@@ -88,7 +88,7 @@ bool CommandRunner::runInside(Document* document, const std::wstring& name,
     return false;
   }
   if (found->runsInApplicationContext()) {
-    tell(L"command", found->global + L" refused: it doesn't run inside another command");
+    tell(Event::command, found->global + L" refused: it doesn't run inside another command");
     return false;
   }
   const Command command = *found;
@@ -109,7 +109,7 @@ InputQueue::Read CommandRunner::ask(std::wstring& token) {
     read = host.input().readAnswer(document, token);
   }
   if (read == InputQueue::Read::Nothing) {
-    tell(L"error", L"a prompt waits for input, and there is none");
+    tell({Event::error, Event::noInput, {}, L"a prompt waits for input, and there is none"});
     read = InputQueue::Read::Cancel;
   }
   return read;
@@ -118,7 +118,7 @@ InputQueue::Read CommandRunner::ask(std::wstring& token) {
 void CommandRunner::tellLeaks(Ticket since, bool keptAsWell) {
   for (const Outstanding& one : outstanding(since)) {
     if (one.kept && !keptAsWell) continue;
-    if (told.insert(one.ticket).second) tell(L"leak", one.kind + L" " + one.label);
+    if (told.insert(one.ticket).second) tell(Event::leak, one.kind + L" " + one.label);
   }
 }
 

@@ -33,7 +33,7 @@ Acad::ErrorStatus CommandStack::add(Command command) {
     return sameName(one.global, command.global) || sameName(one.local, command.local);
   });
   if (inUse) {
-    tell(L"command", command.global + L" refused: the name is in use");
+    tell(Event::command, command.global + L" refused: the name is in use");
     return Acad::eDuplicateKey;
   }
   if (command.address) {

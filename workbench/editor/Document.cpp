@@ -28,7 +28,7 @@ Document::~Document() = default;
 
 void Document::checkAlive(const wchar_t* operation) const {
   if (gone_) {
-    tell(L"error",
+    tell(Event::error,
          std::wstring(L"AcApDocument::") + operation + L" of the destroyed document " + title());
   }
 }

@@ -50,8 +50,8 @@ Document* DocumentManager::adopt(std::unique_ptr<Document> document,
   open_.push_back(std::move(document));
   fresh->drawing_->setWriteCheck(
       [this, fresh] { return !isOpen(fresh) || fresh->isWriteLocked(); });
-  tell(L"doc", (fresh->path_.empty() ? L"created " : L"opened ") + fresh->title() +
-                   (fresh->readOnly_ ? L" read-only" : L""));
+  tell(Event::doc, (fresh->path_.empty() ? L"created " : L"opened ") + fresh->title() +
+                       (fresh->readOnly_ ? L" read-only" : L""));
   fire(L"documentCreated", [&](auto& reactor) { reactor.documentCreated(fresh); });
   bringToTop(fresh, true);
   return fresh;
@@ -89,7 +89,7 @@ Document* DocumentManager::open(const std::wstring& path, bool readOnly, std::ws
   Document* opened = adopt(std::move(document), fill);
   if (!opened) {
     fresh.hold_.release();
-    tell(L"doc", L"refused: opening " + path + L": " + reason);
+    tell(Event::doc, L"refused: opening " + path + L": " + reason);
   }
   return opened;
 }
@@ -103,7 +103,7 @@ Document* DocumentManager::create(std::wstring& reason) {
     fresh.drawing_ = Drawing::blank();
     return true;
   });
-  if (!created) tell(L"doc", L"refused: a new drawing: " + reason);
+  if (!created) tell(Event::doc, L"refused: a new drawing: " + reason);
   return created;
 }
 
@@ -121,7 +121,7 @@ void DocumentManager::bringToTop(Document* document, bool fresh) {
   order_.push_back(document);
   acdbHostApplicationServices()->setWorkingDatabase(document->databaseOf());
   Host::instance().window().showTitle(document->title());
-  tell(L"doc", L"activated " + document->title());
+  tell(Event::doc, L"activated " + document->title());
   fire(L"documentBecameCurrent", [&](auto& reactor) { reactor.documentBecameCurrent(document); });
   if (fresh) Host::instance().modules().documentLoaded(document);
   if (!isOpen(document) || active_ != document) return;
@@ -151,10 +151,10 @@ bool DocumentManager::save(Document* document, const std::wstring& path, std::ws
   }
   if (!document->readOnly_ && !document->path_.empty() && !document->hold_.take(document->path_)) {
     document->readOnly_ = true;
-    tell(L"doc", L"held by somebody else after the saving, now read-only: " + document->path_);
+    tell(Event::doc, L"held by somebody else after the saving, now read-only: " + document->path_);
   }
   if (!saved) return false;
-  tell(L"doc", L"saved " + target);
+  tell(Event::doc, L"saved " + target);
   Host::instance().editor().saveComplete(document->databaseOf(), target.c_str());
   return true;
 }
@@ -191,7 +191,7 @@ bool DocumentManager::close(Document* document, bool ask) {
   }
   if (refused) {
     document->closing_ = false;
-    tell(L"doc", L"refused: closing " + document->title());
+    tell(Event::doc, L"refused: closing " + document->title());
     return false;
   }
   destroy(document);
@@ -201,7 +201,7 @@ bool DocumentManager::close(Document* document, bool ask) {
 void DocumentManager::destroy(Document* document) {
   // A closing from the document's own command leaves that command's frame alone.
   const ContextScope application(*this, nullptr);
-  tell(L"doc", L"to be destroyed " + document->title());
+  tell(Event::doc, L"to be destroyed " + document->title());
   fire(L"documentToBeDestroyed", [&](auto& reactor) { reactor.documentToBeDestroyed(document); });
   Host::instance().modules().documentUnloading(document);
   Host::instance().input().dropAll(document);
@@ -219,7 +219,8 @@ void DocumentManager::destroy(Document* document) {
     acdbHostApplicationServices()->setWorkingDatabase(nullptr);
   }
   if (active_ == document) active_ = nullptr;
-  tell(L"doc", L"destroyed " + document->title());
+  tell(
+      {Event::doc, Event::documentDestroyed, document->title(), L"destroyed " + document->title()});
   const std::wstring name = document->path_;
   fire(L"documentDestroyed", [&](auto& reactor) { reactor.documentDestroyed(name.c_str()); });
   if (active_) return;
@@ -260,7 +261,7 @@ bool DocumentManager::lock(Document* document, AcAp::DocLockMode mode, const std
   if (!isOpen(document)) return false;
   if (refusals_ > 0) {
     --refusals_;
-    tell(L"doc", L"refused: a lock of " + document->title());
+    tell(Event::doc, L"refused: a lock of " + document->title());
     fire(L"documentLockModeChangeVetoed",
          [&](auto& reactor) { reactor.documentLockModeChangeVetoed(document, name.c_str()); });
     return false;

@@ -62,11 +62,11 @@ Acad::ErrorStatus DocumentManager::sendStringToExecute(AcApDocument* pAcTargetDo
                                                        bool bWrapUpInactiveDoc, bool bEchoString) {
   const InStandIn inside;
   if (!pszExecute || !isOpen(pAcTargetDocument)) {
-    tell(L"send", L"refused: " + (pszExecute ? quoted(pszExecute) : L"no text"));
+    tell(Event::send, L"refused: " + (pszExecute ? quoted(pszExecute) : L"no text"));
     return pszExecute ? Acad::eNoDocument : Acad::eInvalidInput;
   }
   auto* target = static_cast<Document*>(pAcTargetDocument);
-  tell(L"send", quoted(pszExecute) + (target == active_ ? L"" : L" to " + target->title()));
+  tell(Event::send, quoted(pszExecute) + (target == active_ ? L"" : L" to " + target->title()));
   note(L"sent", std::wstring(bActivate ? L"activate" : L"stay") +
                     (bWrapUpInactiveDoc ? L", wrap up" : L"") + (bEchoString ? L", echo" : L""));
   Host::instance().input().add(target, pszExecute, bActivate, InputQueue::Origin::Sent);
@@ -75,7 +75,7 @@ Acad::ErrorStatus DocumentManager::sendStringToExecute(AcApDocument* pAcTargetDo
 
 Acad::ErrorStatus DocumentManager::appContextNewDocument(const ACHAR*) {
   if (!isApplicationContext()) {
-    tell(L"doc", L"refused: a new drawing from a document's context");
+    tell(Event::doc, L"refused: a new drawing from a document's context");
     return Acad::eInvalidContext;
   }
   Host::instance().runner().runQueued();
@@ -89,14 +89,14 @@ Acad::ErrorStatus DocumentManager::appContextOpenDocument(const ACHAR* pszDrawin
   // The caller's text may belong to a document that the queued input closes.
   const std::wstring path = pszDrawingName;
   if (!isApplicationContext()) {
-    tell(L"doc", L"refused: opening " + path + L" from a document's context");
+    tell(Event::doc, L"refused: opening " + path + L" from a document's context");
     return Acad::eInvalidContext;
   }
   // Drawings change only while nothing is pending at the command line.
   Host::instance().runner().runQueued();
   std::wstring reason;
   if (FAILED(takeFault(L"host.appContextOpenDocument"))) {
-    tell(L"doc", L"refused: opening " + path + L": the disk fails");
+    tell(Event::doc, L"refused: opening " + path + L": the disk fails");
     return Acad::eFileSystemErr;
   }
   return open(path, false, reason) ? Acad::eOk : Acad::eFilerError;

@@ -27,9 +27,24 @@ std::wstring describeCurrentException() {
   }
 }
 
+namespace {
+
+HRESULT currentCode() {
+  try {
+    throw;
+  } catch (const _com_error& error) {
+    return error.Error();
+  } catch (...) {
+    return S_OK;
+  }
+}
+
+}  // namespace
+
 void tellUncaught(std::wstring_view what) {
-  tell(L"command",
-       std::wstring(what) + L" ended by an uncaught error " + describeCurrentException());
+  const std::wstring called(what);
+  tell({Event::command, Event::uncaught, called,
+        called + L" ended by an uncaught error " + describeCurrentException(), currentCode()});
 }
 
 }  // namespace wb

@@ -96,14 +96,14 @@ void Host::stop() {
 bool Host::loadModule(const std::wstring& file) {
   std::wstring reason;
   if (parts->modules.load(file, reason)) return true;
-  tell(L"error", file + L" can't be loaded: " + reason);
+  tell(Event::error, file + L" can't be loaded: " + reason);
   return false;
 }
 
 bool Host::unloadModule(const std::wstring& file) {
   std::wstring reason;
   if (parts->modules.unload(file, reason)) return true;
-  tell(L"doc", L"refused: unloading " + file + L": " + reason);
+  tell(Event::doc, L"refused: unloading " + file + L": " + reason);
   return false;
 }
 
@@ -181,7 +181,7 @@ bool Host::save(const std::wstring& path) {
     // on top stays current.
     command.work();
   }
-  if (!saved) tell(L"doc", L"refused: saving " + document->title() + L": " + reason);
+  if (!saved) tell(Event::doc, L"refused: saving " + document->title() + L": " + reason);
   runUntilIdle();
   return saved;
 }

@@ -72,8 +72,8 @@ AcadApp::ErrorStatus AcadAppInfo::writeToRegistry(bool bObjDbx, bool skipHKLM) {
                             reinterpret_cast<const BYTE*>(&mpImp->reason), sizeof(DWORD));
   }
   if (status == ERROR_SUCCESS) {
-    wb::tell(L"reg", L"load record " + mpImp->name + L" = " + mpImp->module + L", reason " +
-                         std::to_wstring(mpImp->reason));
+    wb::tell(wb::Event::reg, L"load record " + mpImp->name + L" = " + mpImp->module + L", reason " +
+                                 std::to_wstring(mpImp->reason));
   }
   return toStatus(status);
 }
@@ -82,7 +82,8 @@ AcadApp::ErrorStatus acrxUnregisterApp(const ACHAR* name, bool bDwgU) {
   wb::note(L"record", std::wstring(L"delete") + (bDwgU ? L" of the user" : L""));
   if (!name || !isName(name)) return AcadApp::eInvalidKey;
   const LSTATUS status = RegDeleteTreeW(HKEY_CURRENT_USER, pathOf(name).c_str());
-  if (status == ERROR_SUCCESS) wb::tell(L"reg", std::wstring(L"load record ") + name + L" deleted");
+  if (status == ERROR_SUCCESS)
+    wb::tell(wb::Event::reg, std::wstring(L"load record ") + name + L" deleted");
   return toStatus(status);
 }
 

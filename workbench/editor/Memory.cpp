@@ -30,7 +30,7 @@ void acutDelBuffer(void*& pBuffer) {
   if (!pBuffer) return;
   const auto found = buffers().find(pBuffer);
   if (found == buffers().end()) {
-    wb::tell(L"error", L"acutDelBuffer of memory that the host didn't hand out");
+    wb::tell(wb::Event::error, L"acutDelBuffer of memory that the host didn't hand out");
   } else {
     wb::giveBack(found->second);
     buffers().erase(found);

@@ -124,7 +124,7 @@ bool ModuleLoader::load(const std::wstring& file, std::wstring& reason) {
   Module& module = *owner;
   module.file = file;
   if (!map(module, reason)) return false;
-  tell(L"doc", L"application loaded " + module.name());
+  tell(Event::doc, L"application loaded " + module.name());
   modules.push_back(std::move(owner));
   if (Host::instance().onModuleMapped) Host::instance().onModuleMapped(module.handle);
   if (send(module, AcRx::kInitAppMsg) != AcRx::kRetOK) {
@@ -175,7 +175,7 @@ bool ModuleLoader::end(Module& module, bool force, std::wstring& reason) {
   afterUnmapping();
   modules.erase(std::find_if(modules.begin(), modules.end(),
                              [&](const auto& one) { return one.get() == &module; }));
-  tell(L"doc", L"application unloaded " + name);
+  tell(Event::doc, L"application unloaded " + name);
   host.runner().tellLeaks(since, true);
   return true;
 }

@@ -141,7 +141,7 @@ class SelectionPrompt {
       if (Answers::instance().answersAny()) {
         commandLineSays(L"0 found");
       } else {
-        tell(L"error", L"the selection can't be made: " + error);
+        tell({Event::error, Event::noSelection, {}, L"the selection can't be made: " + error});
       }
       return RTERROR;
     }
@@ -217,7 +217,8 @@ int acedSSGet(const ACHAR* mode, const void* point1, const void* point2, const r
   const std::wstring_view wanted = mode ? mode : L"";
   const bool implied = wanted == L"I" || wanted == L"_I";
   if ((!implied && !wanted.empty()) || point1 || point2 || filter) {
-    wb::tell(L"error", L"acedSSGet with a mode, points or a filter that this host hasn't got");
+    wb::tell(wb::Event::error,
+             L"acedSSGet with a mode, points or a filter that this host hasn't got");
     return RTERROR;
   }
   if (FAILED(wb::takeFault(L"host.acedSSGet"))) return RTERROR;
@@ -249,7 +250,7 @@ int acedSSName(const ads_name ss, long i, ads_name entity) {
 int acedSSFree(const ads_name ss) {
   const wb::Set* set = wb::findSet(ss);
   if (!set) {
-    wb::tell(L"error", L"acedSSFree of a selection set that doesn't exist");
+    wb::tell(wb::Event::error, L"acedSSFree of a selection set that doesn't exist");
     return RTERROR;
   }
   wb::giveBack(set->ticket);

@@ -29,14 +29,14 @@ int acedSetStatusBarProgressMeter(const ACHAR* label, int min, int max) {
   if (!label || max < min) return -1;
   if (meter().ticket) wb::giveBack(meter().ticket);
   meter() = {wb::handOut(L"progress meter", label), min, max};
-  wb::tell(L"window", L"progress " + wb::quoted(label) + L" " + std::to_wstring(min) + L".." +
-                          std::to_wstring(max));
+  wb::tell(wb::Event::window, L"progress " + wb::quoted(label) + L" " + std::to_wstring(min) +
+                                  L".." + std::to_wstring(max));
   return 0;
 }
 
 int acedSetStatusBarProgressMeterPos(int position) {
   if (!meter().ticket) return -1;
-  wb::tell(L"window",
+  wb::tell(wb::Event::window,
            L"progress at " + std::to_wstring(std::clamp(position, meter().min, meter().max)));
   return 0;
 }
@@ -45,5 +45,5 @@ void acedRestoreStatusBar() {
   if (!meter().ticket) return;
   wb::giveBack(meter().ticket);
   meter() = {};
-  wb::tell(L"window", L"progress ends");
+  wb::tell(wb::Event::window, L"progress ends");
 }

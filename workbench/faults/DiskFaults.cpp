@@ -36,7 +36,7 @@ class Disturbance {
       SetFileAttributesW(away().c_str(), FILE_ATTRIBUTE_NORMAL);
       DeleteFileW(away().c_str());
     } else {
-      tell(L"error", file.wstring() + L" can't be put back");
+      tell(Event::error, file.wstring() + L" can't be put back");
     }
     return true;
   }

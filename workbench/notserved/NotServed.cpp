@@ -7,7 +7,7 @@
 namespace wb {
 
 NotServed::NotServed(const wchar_t* function) {
-  tell(L"error", std::wstring(function) + L" isn't served by this host");
+  tell(Event::error, std::wstring(function) + L" isn't served by this host");
 }
 
 }  // namespace wb

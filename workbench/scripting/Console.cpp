@@ -92,9 +92,9 @@ bool Console::runLine(const std::wstring& line, bool commandWaits) {
     runScriptLine(context, line, commandWaits);
     return true;
   } catch (const ScriptError& error) {
-    tell(L"error", error.why);
+    tell(Event::error, error.why);
   } catch (const std::exception& error) {
-    tell(L"error", fromUtf8(error.what()));
+    tell(Event::error, fromUtf8(error.what()));
   }
   return false;
 }

@@ -25,6 +25,11 @@ struct ScriptError : std::exception {
   std::wstring why;
 };
 
+/// A line that can't be carried out as things stand: a window isn't there, a drawing isn't open.
+struct ImpossibleStep : ScriptError {
+  using ScriptError::ScriptError;
+};
+
 /// What stands behind a directive's name: words parted by blanks, where "..." holds a word with
 /// blanks together. %WORK% and %DRAWINGS% are filled in after that, so they may hold blanks.
 class Arguments {

@@ -23,9 +23,9 @@ void tryDirective(ScriptContext& context, const std::wstring& line, bool command
   try {
     runDirective(context, line, commandWaits);
   } catch (const ScriptError& error) {
-    tell(L"try", error.why);
+    tell(Event::attempt, error.why);
   } catch (const StoreError& error) {
-    tell(L"try", fromUtf8(error.what()));
+    tell(Event::attempt, fromUtf8(error.what()));
   }
 }
 
@@ -109,6 +109,8 @@ bool Script::step(const ScriptLine& line, bool commandWaits) {
   try {
     runScriptLine(context, line.text, commandWaits);
     if (!commandWaits) apartments.check();
+  } catch (const ImpossibleStep& error) {
+    return refuse(line, error.why, Event::impossibleStep);
   } catch (const ScriptError& error) {
     return refuse(line, error.why);
   } catch (const std::exception& error) {
@@ -116,12 +118,13 @@ bool Script::step(const ScriptLine& line, bool commandWaits) {
   }
   // What supplyInput() ran inside this line has told of its own failure.
   if (failed) return false;
-  return Transcript::instance().problems() == problems || refuse(line, L"failed: " + line.text);
+  return Transcript::instance().problems() == problems ||
+         refuse(line, L"failed: " + line.text, Event::failedStep);
 }
 
-bool Script::refuse(const ScriptLine& line, const std::wstring& why) {
+bool Script::refuse(const ScriptLine& line, const std::wstring& why, Event::Cause cause) {
   failed = true;
-  tell(L"error", L"line " + std::to_wstring(line.number) + L": " + why);
+  tell({Event::error, cause, line.text, L"line " + std::to_wstring(line.number) + L": " + why});
   return false;
 }
 
@@ -130,31 +133,27 @@ bool Script::refuseUnusedAnswers() {
   std::vector<std::wstring> unused = Answers::instance().unused();
   for (std::wstring& pick : Selection::instance().unused()) unused.push_back(std::move(pick));
   for (const std::wstring& answer : unused) {
-    tell(L"error", L"nothing asked for the answer: " + answer);
+    tell({Event::error, Event::unusedAnswer, {}, L"nothing asked for the answer: " + answer});
   }
   return unused.empty();
 }
 
 void ApartmentCheck::start() {
   balance = apartmentBalance();
-  linesSeen = Transcript::instance().lines().size();
+  eventsSeen = Transcript::instance().events().size();
 }
 
 void ApartmentCheck::check() {
-  const auto& lines = Transcript::instance().lines();
   const int now = apartmentBalance();
   if (now != balance) {
-    const auto from =
-        lines.begin() + static_cast<std::ptrdiff_t>(std::min(linesSeen, lines.size()));
-    const bool uncaught = std::any_of(from, lines.end(), [](const std::wstring& line) {
-      return line.find(L"ended by an uncaught error") != std::wstring::npos;
-    });
+    const bool uncaught = Transcript::instance().anySince(
+        eventsSeen, [](const Event& event) { return event.cause == Event::uncaught; });
     tell(
-        uncaught && now > balance ? L"command" : L"leak",
+        uncaught && now > balance ? Event::command : Event::leak,
         L"COM initialisations less uninitialisations changed by " + std::to_wstring(now - balance));
   }
   balance = now;
-  linesSeen = lines.size();
+  eventsSeen = Transcript::instance().events().size();
 }
 
 }  // namespace wb

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/Transcript.h"
 #include "scripting/Directives.h"
 
 namespace wb {
@@ -29,7 +30,7 @@ class ApartmentCheck {
 
  private:
   int balance = 0;
-  size_t linesSeen = 0;
+  size_t eventsSeen = 0;
 };
 
 /// Runs the lines of a script in the host, and stops at the first that fails.
@@ -47,7 +48,7 @@ class Script {
 
  private:
   bool step(const ScriptLine& line, bool commandWaits);
-  bool refuse(const ScriptLine& line, const std::wstring& why);
+  bool refuse(const ScriptLine& line, const std::wstring& why, Event::Cause cause = Event::other);
   bool refuseUnusedAnswers();
 
   ScriptContext& context;

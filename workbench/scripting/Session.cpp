@@ -130,7 +130,7 @@ Session::~Session() {
   try {
     end();
   } catch (const std::exception& error) {
-    tell(L"error", fromUtf8(error.what()));
+    tell(Event::error, fromUtf8(error.what()));
   }
 }
 

@@ -4,6 +4,7 @@
 
 #include "core/Program.h"
 #include "core/Text.h"
+#include "core/Transcript.h"
 #include "editor/DocumentManager.h"
 #include "editor/Host.h"
 #include "faults/Faults.h"
@@ -18,8 +19,6 @@ namespace {
 bool holds(const std::string& text, const char* part) {
   return text.find(part) != std::string::npos;
 }
-
-bool begins(const std::wstring& line, const wchar_t* with) { return line.rfind(with, 0) == 0; }
 
 class Run {
  public:
@@ -56,9 +55,8 @@ class Run {
     std::vector<std::wstring> story = linesSince(start);
     story.push_back(wb::fromUtf8(lines));
     if (problem.empty()) problem = invariants.check(thorough, story);
-    const bool possible = std::none_of(story.begin(), story.end(), [](const std::wstring& line) {
-      return begins(line, L"try: ");
-    });
+    const bool possible = !wb::Transcript::instance().anySince(
+        start, [](const wb::Event& event) { return event.kind == wb::Event::attempt; });
     // A drawing is new to the window when it is opened, whatever lay at its address before.
     const bool refreshed = possible && (holds(lines, "@tick") || holds(lines, "@click 1021") ||
                                         holds(lines, "@open "));
@@ -77,10 +75,12 @@ class Run {
   }
 
   std::string problemSince(size_t start) const {
-    const auto& lines = session.transcript();
-    for (size_t at = start; at < lines.size(); ++at) {
-      if (begins(lines[at], L"leak: ")) return wb::toUtf8(lines[at]);
-      if (begins(lines[at], L"error: ")) return wb::toUtf8(lines[at]);
+    const auto& events = wb::Transcript::instance().events();
+    for (size_t at = start; at < events.size(); ++at) {
+      const wb::Event::Kind kind = events[at].kind;
+      if (kind == wb::Event::leak || kind == wb::Event::error) {
+        return wb::toUtf8(session.transcript()[at]);
+      }
     }
     return {};
   }

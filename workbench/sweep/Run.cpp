@@ -1,43 +1,33 @@
 #include "sweep/Run.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <map>
 #include <set>
 
 #include "core/ResultNames.h"
 #include "core/Text.h"
+#include "core/Transcript.h"
 #include "faults/Faults.h"
 #include "store/Store.h"
 
 namespace wb {
 namespace {
 
-bool holds(const std::wstring& line, std::wstring_view text) {
-  return line.find(text) != std::wstring::npos;
-}
-
-/// What the script says when a fault keeps a box from coming, brings one that nobody expected, or
-/// takes a step's ground away: the host and the module have done nothing wrong.
-bool isOfTheScript(const std::wstring& line) {
-  constexpr std::wstring_view harmless[] = {
-      L"without an answer",            // a box or dialog tells the fault
-      L"can't be answered",            // it has other buttons than the one expected
-      L"nothing asked for",            // it doesn't come
-      L"a prompt waits for input",     // the number behind a command that has ended
-      L"the selection can't be made",  // the xref isn't loaded
-      L": failed: ",                   // the line in which one of these was told
-      L": the menu has no item",       // the fault took the entries away
-      L": no menu is open",
-      L": nothing more of that name",
-      L" is disabled",   // a control of the status window
-      L"\" isn't open",  // the drawing that was to be opened or edited
-      L": no drawing is open",
-      L": there is no drawing to edit",
-      L": the status window's timer isn't running",
-      L": there is no status window",
-  };
-  return std::any_of(std::begin(harmless), std::end(harmless),
-                     [&](std::wstring_view text) { return holds(line, text); });
+/// What the script reports when a fault keeps a box from coming, brings one that nobody expected,
+/// or takes a step's ground away: the host and the module have done nothing wrong.
+bool isOfTheScript(const Event& event) {
+  switch (event.cause) {
+    case Event::noAnswer:
+    case Event::unusedAnswer:
+    case Event::noInput:
+    case Event::noSelection:
+    case Event::impossibleStep:
+    case Event::failedStep:
+      return true;
+    default:
+      return false;
+  }
 }
 
 bool isOneOf(const std::vector<std::wstring_view>& all, std::wstring_view one) {
@@ -50,14 +40,13 @@ bool isCommand(std::wstring_view called) {
          called == L"beginSave";
 }
 
-/// Only a _com_error is told by its code.
-bool tellsLackOfMemory(const std::wstring& line) {
-  return holds(line, L" error 0x8007000E") || holds(line, L" error 0x80070008");
+bool isLackOfMemory(HRESULT code) {
+  return code == E_OUTOFMEMORY || code == HRESULT_FROM_WIN32(ERROR_NOT_ENOUGH_MEMORY);
 }
 
 /// Where a failure of the client is meant to leave what the host called, and the host meets it.
 /// Elsewhere it has to be caught.
-bool mayEscape(const std::wstring& line, const SweptFault& fault) {
+bool mayEscape(const Event& event, const SweptFault& fault) {
   struct Way {
     std::vector<std::wstring_view> called;
     std::vector<std::wstring_view> failing;
@@ -81,11 +70,8 @@ bool mayEscape(const std::wstring& line, const SweptFault& fault) {
        {L"VaultFile.isCheckedOut", L"VaultFile.checkedOutOnComputer",
         L"VaultFile.checkedOutInFolderId", L"QueryInterface.VaultObject", L"VaultObject.id",
         L"VaultObject.name"}}};
-  constexpr std::wstring_view prefix = L"command: ";
-  if (line.rfind(prefix, 0) != 0) return false;
-  const std::wstring called =
-      line.substr(prefix.size(), line.find(L' ', prefix.size()) - prefix.size());
-  if (fault.call.ofModule()) return isCommand(called) && tellsLackOfMemory(line);
+  const std::wstring& called = event.subject;
+  if (fault.call.ofModule()) return isCommand(called) && isLackOfMemory(event.code);
   return std::any_of(std::begin(ways), std::end(ways), [&](const Way& way) {
     return isOneOf(way.called, called) &&
            (fault.onDisk ? way.onDisk : isOneOf(way.failing, fault.call.operation));
@@ -103,29 +89,31 @@ std::vector<SweptCall> numbered(const std::vector<std::wstring>& operations) {
   return calls;
 }
 
-void judgeLines(const std::vector<std::wstring>& lines, const SweptFault* fault, Verdict& verdict) {
-  for (const std::wstring& line : lines) {
-    const bool leak = line.rfind(L"leak: ", 0) == 0;
-    const bool error = line.rfind(L"error: ", 0) == 0;
-    const bool escaped = holds(line, L" ended by an uncaught error ");
-    const bool asMeant = escaped && fault && mayEscape(line, *fault);
+/// Judges the events from number `first` on.
+void judgeEvents(size_t first, const SweptFault* fault, Verdict& verdict) {
+  const Transcript& transcript = Transcript::instance();
+  for (size_t at = first; at < transcript.events().size(); ++at) {
+    const Event& event = transcript.events()[at];
+    const bool escaped = event.cause == Event::uncaught;
+    const bool asMeant = escaped && fault && mayEscape(event, *fault);
     if (asMeant) verdict.escaped = true;
-    if (leak || (error && !(fault && isOfTheScript(line))) || (escaped && !asMeant)) {
-      verdict.problems.push_back(line);
+    if (event.kind == Event::leak ||
+        (event.kind == Event::error && !(fault && isOfTheScript(event))) || (escaped && !asMeant)) {
+      verdict.problems.push_back(transcript.lines()[at]);
     }
   }
 }
 
-/// The xrefs that the lines tell of as unloaded and not loaded again since.
-std::set<std::wstring> leftUnloaded(const std::vector<std::wstring>& lines) {
-  const std::wstring unloaded = L"xref: unloaded ", loaded = L"xref: loaded ";
+/// The xrefs that were unloaded and not loaded again since.
+std::set<std::wstring> leftUnloaded() {
   std::set<std::wstring> names;
-  for (const std::wstring& line : lines) {
-    if (line.rfind(unloaded, 0) == 0) names.insert(line.substr(unloaded.size()));
-    if (line.rfind(loaded, 0) == 0) {
-      names.erase(line.substr(loaded.size(), line.find(L" from ") - loaded.size()));
+  for (const Event& event : Transcript::instance().events()) {
+    if (event.cause == Event::xrefUnloaded) names.insert(event.subject);
+    if (event.cause == Event::xrefLoaded) names.erase(event.subject);
+    if (event.cause == Event::documentDestroyed &&
+        std::filesystem::path(event.subject).filename() == L"Plan.dxf") {
+      names.clear();
     }
-    if (line.rfind(L"doc: destroyed", 0) == 0 && holds(line, L"Plan.dxf")) names.clear();
   }
   return names;
 }
@@ -221,9 +209,9 @@ Verdict runScenario(const Yard& yard, const Scenario& scenario, const SweptFault
   }
   verdict.calls = numbered(recordOperations());
   if (!fault && !done) verdict.problems.push_back(L"the script fails without a fault");
-  judgeLines(session.transcript(), fault, verdict);
+  judgeEvents(0, fault, verdict);
   if (!mayLeaveUnloaded(scenario, fault)) {
-    for (const std::wstring& name : leftUnloaded(session.transcript())) {
+    for (const std::wstring& name : leftUnloaded()) {
       verdict.problems.push_back(L"the xref stays unloaded: " + name);
     }
   }
@@ -234,9 +222,8 @@ Verdict runScenario(const Yard& yard, const Scenario& scenario, const SweptFault
   const bool loads = scenario.action.rfind("@load", 0) == 0;
   workOn(yard, session, loads && fault && fault->call.ofModule(), verdict);
   session.end();
-  const auto& all = session.transcript();
-  judgeLines({all.begin() + static_cast<std::ptrdiff_t>(judged), all.end()}, nullptr, verdict);
-  verdict.transcript = all;
+  judgeEvents(judged, nullptr, verdict);
+  verdict.transcript = session.transcript();
   for (const std::wstring& loss : yard.lossesInStore(before)) verdict.problems.push_back(loss);
   return verdict;
 }

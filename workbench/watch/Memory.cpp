@@ -41,7 +41,7 @@ bool isSound(void* block) {
       (HeapValidate(heap, 0, block) && HeapSize(heap, 0, block) != SIZE_MAX)) {
     return true;
   }
-  tell(L"error", L"memory is given back that is damaged or was given back before");
+  tell(Event::error, L"memory is given back that is damaged or was given back before");
   return false;
 }
 
@@ -131,7 +131,7 @@ void watchMemory(HMODULE module) {
 
 void tellMemoryLeft() {
   for (const auto& [block, size] : blocks()) {
-    tell(L"leak", L"memory " + std::to_wstring(size) + L" bytes");
+    tell(Event::leak, L"memory " + std::to_wstring(size) + L" bytes");
   }
   blocks().clear();
 }

@@ -62,10 +62,10 @@ LSTATUS WINAPI seenRegCreateKeyExW(HKEY key, LPCWSTR subKey, DWORD reserved, LPW
   if (disposition) made = *disposition;
   const std::wstring name = nameOf(key, subKey);
   if (status != ERROR_SUCCESS) {
-    tell(L"reg", L"create " + name + outcome(status));
+    tell(Event::reg, L"create " + name + outcome(status));
     return status;
   }
-  if (made == REG_CREATED_NEW_KEY) tell(L"reg", L"create " + name);
+  if (made == REG_CREATED_NEW_KEY) tell(Event::reg, L"create " + name);
   if (result && *result != key) keyOpened(*result, name);
   return status;
 }
@@ -76,7 +76,7 @@ LSTATUS WINAPI seenRegCloseKey(HKEY key) {
     openKeys().closed(key);
     keyNames().erase(key);
   } else {
-    tell(L"error", L"RegCloseKey of a key that isn't open");
+    tell(Event::error, L"RegCloseKey of a key that isn't open");
   }
   return status;
 }
@@ -84,20 +84,20 @@ LSTATUS WINAPI seenRegCloseKey(HKEY key) {
 LSTATUS WINAPI seenRegSetValueExW(HKEY key, LPCWSTR name, DWORD reserved, DWORD type,
                                   const BYTE* data, DWORD size) {
   const LSTATUS status = RegSetValueExW(key, name, reserved, type, data, size);
-  tell(L"reg", L"set " + valueName(key, name) + L'=' + registryDataText(type, data, size) +
-                   outcome(status));
+  tell(Event::reg, L"set " + valueName(key, name) + L'=' + registryDataText(type, data, size) +
+                       outcome(status));
   return status;
 }
 
 LSTATUS WINAPI seenRegDeleteValueW(HKEY key, LPCWSTR name) {
   const LSTATUS status = RegDeleteValueW(key, name);
-  tell(L"reg", L"delete " + valueName(key, name) + outcome(status));
+  tell(Event::reg, L"delete " + valueName(key, name) + outcome(status));
   return status;
 }
 
 LSTATUS WINAPI seenRegDeleteKeyW(HKEY key, LPCWSTR subKey) {
   const LSTATUS status = RegDeleteKeyW(key, subKey);
-  tell(L"reg", L"delete key " + nameOf(key, subKey) + outcome(status));
+  tell(Event::reg, L"delete key " + nameOf(key, subKey) + outcome(status));
   return status;
 }
 

@@ -42,7 +42,7 @@ BOOL WINAPI seenCloseHandle(HANDLE handle) {
   if (closed) {
     openFiles().closed(handle);
   } else {
-    tell(L"error", L"CloseHandle of a handle that isn't open");
+    tell(Event::error, L"CloseHandle of a handle that isn't open");
   }
   SetLastError(error);
   return closed;
@@ -71,7 +71,7 @@ BOOL WINAPI seenDeleteObject(HGDIOBJ object) {
   if (deleted) {
     images().closed(object);
   } else {
-    tell(L"error", L"DeleteObject of an object that is gone");
+    tell(Event::error, L"DeleteObject of an object that is gone");
   }
   return deleted;
 }
@@ -106,7 +106,7 @@ BOOL WINAPI seenDestroyMenu(HMENU menu) {
   if (destroyed) {
     for (const HMENU gone : all) menus().closed(gone);
   } else {
-    tell(L"error", L"DestroyMenu of a menu that is gone");
+    tell(Event::error, L"DestroyMenu of a menu that is gone");
   }
   SetLastError(error);
   return destroyed;

@@ -126,7 +126,7 @@ void reg(ScriptContext&, Arguments& arguments) {
     if (status != ERROR_FILE_NOT_FOUND) checkStatus(status, name);
   } else if (what == L"show") {
     arguments.end();
-    for (const std::wstring& line : addinSettings()) tell(L"reg", line);
+    for (const std::wstring& line : addinSettings()) tell(Event::reg, line);
   } else {
     arguments.fail(wb::quoted(what) + L" is neither set, delete nor show");
   }

@@ -30,8 +30,9 @@ void newDrawing(ScriptContext&, Arguments& arguments) {
 std::wstring documentOrActive(Arguments& arguments) {
   std::wstring path = arguments.atEnd() ? std::wstring() : windowsPath(arguments.textUntil());
   DocumentManager& documents = Host::instance().documents();
-  if (path.empty() && !documents.active()) throw ScriptError(L"no drawing is open");
-  if (!path.empty() && !documents.find(path)) throw ScriptError(wb::quoted(path) + L" isn't open");
+  if (path.empty() && !documents.active()) throw ImpossibleStep(L"no drawing is open");
+  if (!path.empty() && !documents.find(path))
+    throw ImpossibleStep(wb::quoted(path) + L" isn't open");
   return path;
 }
 
@@ -55,7 +56,7 @@ void save(ScriptContext&, Arguments& arguments) {
 
 void edit(ScriptContext&, Arguments& arguments) {
   arguments.end();
-  if (!Host::instance().edit()) throw ScriptError(L"there is no drawing to edit");
+  if (!Host::instance().edit()) throw ImpossibleStep(L"there is no drawing to edit");
 }
 
 std::wstring moduleFile(const ScriptContext& context, Arguments& arguments) {

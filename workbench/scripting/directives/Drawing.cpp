@@ -12,7 +12,7 @@ namespace {
 
 Drawing& activeDrawing() {
   const Document* document = Host::instance().documents().active();
-  if (!document) throw ScriptError(L"no drawing is open");
+  if (!document) throw ImpossibleStep(L"no drawing is open");
   return *document->drawing();
 }
 
@@ -31,7 +31,7 @@ void layout(ScriptContext&, Arguments& arguments) {
     throw ScriptError(L"the drawing has no layout " + wb::quoted(name) + L", only " +
                       layoutNames(drawing));
   }
-  tell(L"doc", L"layout " + wb::quoted(drawing.currentLayout()) + L" is current");
+  tell(Event::doc, L"layout " + wb::quoted(drawing.currentLayout()) + L" is current");
 }
 
 void attribute(ScriptContext&, Arguments& arguments) {
@@ -42,9 +42,9 @@ void attribute(ScriptContext&, Arguments& arguments) {
   const std::wstring name = block + L"." + tag;
   if (attributes.empty()) throw ScriptError(L"nothing in the drawing bears " + name);
   for (const Drawing::AttributeText& one : attributes) {
-    tell(L"doc", name +
-                     (one.layout.empty() ? L" inside a block" : L" on " + wb::quoted(one.layout)) +
-                     L" = " + wb::quoted(one.value) + (one.aligned ? L"" : L", not aligned"));
+    tell(Event::doc,
+         name + (one.layout.empty() ? L" inside a block" : L" on " + wb::quoted(one.layout)) +
+             L" = " + wb::quoted(one.value) + (one.aligned ? L"" : L", not aligned"));
   }
 }
 

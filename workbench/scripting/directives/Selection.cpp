@@ -17,7 +17,7 @@ std::vector<std::wstring> names(Arguments& arguments) {
 
 void pick(ScriptContext&, Arguments& arguments) {
   std::wstring error;
-  if (!Selection::instance().pick(names(arguments), error)) throw ScriptError(error);
+  if (!Selection::instance().pick(names(arguments), error)) throw ImpossibleStep(error);
 }
 
 void select(ScriptContext&, Arguments& arguments) {
@@ -44,8 +44,8 @@ void menu(ScriptContext&, Arguments& arguments) {
   if (picked.length() == 0) throw ScriptError(L"nothing is picked");
   ContextMenus& menus = Host::instance().menus();
   menus.rightClick(picked);
-  for (const MenuItem& item : menus.items()) tell(L"menu", describe(item));
-  if (menus.items().empty()) tell(L"menu", L"no entries");
+  for (const MenuItem& item : menus.items()) tell(Event::menu, describe(item));
+  if (menus.items().empty()) tell(Event::menu, L"no entries");
   if (file.empty()) return;
   const std::wstring problem = menus.picture(submenu, file);
   if (!problem.empty()) throw ScriptError(problem);
@@ -64,7 +64,7 @@ void choose(ScriptContext&, Arguments& arguments) {
   const std::wstring text = arguments.restOfLine();
   ContextMenus& menus = Host::instance().menus();
   if (!isOpenFor(menus, Selection::instance().picked())) {
-    throw ScriptError(L"no menu is open on the pick set: @menu opens it");
+    throw ImpossibleStep(L"no menu is open on the pick set: @menu opens it");
   }
   for (const MenuItem& item : menus.items()) {
     if ((item.submenu.empty() ? item.text : item.submenu + L" > " + item.text) != text) continue;
@@ -72,7 +72,7 @@ void choose(ScriptContext&, Arguments& arguments) {
     if (item.isPopup) throw ScriptError(L"that opens a submenu, it is no item: " + text);
     return menus.choose(MenuItem(item));
   }
-  throw ScriptError(L"the menu has no item " + wb::quoted(text));
+  throw ImpossibleStep(L"the menu has no item " + wb::quoted(text));
 }
 
 void chooseAny(ScriptContext&, Arguments& arguments) {

@@ -159,7 +159,7 @@ void fetch(ScriptContext&, Arguments& arguments) {
 
 void show(ScriptContext&, Arguments& arguments) {
   for (const std::wstring& line : store().describe(windowsPath(arguments.textUntil()))) {
-    tell(L"file", line);
+    tell(Event::file, line);
   }
 }
 

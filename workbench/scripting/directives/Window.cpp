@@ -27,7 +27,7 @@ BOOL CALLBACK matchStatusWindow(HWND window, LPARAM argument) {
 HWND statusWindow() {
   HWND found = nullptr;
   EnumThreadWindows(GetCurrentThreadId(), matchStatusWindow, reinterpret_cast<LPARAM>(&found));
-  if (!found) throw ScriptError(L"there is no status window");
+  if (!found) throw ImpossibleStep(L"there is no status window");
   return found;
 }
 
@@ -42,7 +42,7 @@ void tick(ScriptContext&, Arguments& arguments) {
   arguments.end();
   const HWND window = statusWindow();
   if (!watchedTimer(window, monitorTimer)) {
-    throw ScriptError(L"the status window's timer isn't running");
+    throw ImpossibleStep(L"the status window's timer isn't running");
   }
   post(window, WM_TIMER, monitorTimer, 0);
 }
@@ -55,7 +55,7 @@ void click(ScriptContext&, Arguments& arguments) {
   if (!control) arguments.fail(L"the status window has no control " + std::to_wstring(id));
   if (!IsWindowVisible(window)) throw ScriptError(L"the status window is hidden");
   if (!IsWindowEnabled(control)) {
-    throw ScriptError(L"the control " + std::to_wstring(id) + L" is disabled");
+    throw ImpossibleStep(L"the control " + std::to_wstring(id) + L" is disabled");
   }
   post(control, BM_CLICK, 0, 0);
 }
@@ -75,12 +75,12 @@ std::wstring boxState(HWND window, int id) {
 void show(HWND window) {
   const std::wstring version = wb::quoted(windowTitle(GetDlgItem(window, versionText)));
   const auto timer = watchedTimer(window, monitorTimer);
-  tell(L"window", wb::quoted(windowTitle(window)) +
-                      (IsWindowVisible(window) ? L" shown, " : L" hidden, ") +
-                      boxState(window, xrefBox) + L", " + boxState(window, lockBox) + L", " +
-                      controlState(window, versionText, version) + L", " +
-                      controlState(window, refreshButton) + L", timer=" +
-                      (timer ? std::to_wstring(*timer) + L" ms" : std::wstring(L"off")));
+  tell(Event::window, wb::quoted(windowTitle(window)) +
+                          (IsWindowVisible(window) ? L" shown, " : L" hidden, ") +
+                          boxState(window, xrefBox) + L", " + boxState(window, lockBox) + L", " +
+                          controlState(window, versionText, version) + L", " +
+                          controlState(window, refreshButton) + L", timer=" +
+                          (timer ? std::to_wstring(*timer) + L" ms" : std::wstring(L"off")));
 }
 
 void window(ScriptContext&, Arguments& arguments) {
