@@ -9,14 +9,14 @@
 #include <stdexcept>
 #include <string>
 
-#include "Measure.h"
-#include "Rows.h"
 #include "core/ResultNames.h"
 #include "core/Text.h"
 #include "editor/Document.h"
 #include "editor/DocumentManager.h"
 #include "editor/Host.h"
 #include "foundation/SettingsLight.h"
+#include "Measure.h"
+#include "Rows.h"
 #include "vault/VaultInterfaces.h"
 
 namespace bench {

@@ -2,9 +2,9 @@
 
 #include <stdexcept>
 
+#include "editor/Host.h"
 #include "Measure.h"
 #include "Rows.h"
-#include "editor/Host.h"
 
 namespace bench {
 

@@ -12,11 +12,11 @@
 #include <stdexcept>
 #include <string>
 
-#include "Measure.h"
-#include "Rows.h"
 #include "foundation/ArxPtr.h"
 #include "foundation/DelPtr.h"
 #include "foundation/HostString.h"
+#include "Measure.h"
+#include "Rows.h"
 #include "store/Store.h"
 
 namespace bench {

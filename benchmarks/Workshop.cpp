@@ -4,7 +4,6 @@
 #include <fstream>
 #include <stdexcept>
 
-#include "ModuleMemory.h"
 #include "core/Accounts.h"
 #include "core/Text.h"
 #include "core/Transcript.h"
@@ -13,6 +12,7 @@
 #include "editor/DocumentManager.h"
 #include "editor/Editor.h"
 #include "editor/Host.h"
+#include "ModuleMemory.h"
 #include "store/Store.h"
 
 namespace bench {

@@ -35,7 +35,7 @@ endfunction()
 
 # --- format -------------------------------------------------------------------------------------
 
-find_program(CLANG_FORMAT NAMES clang-format clang-format-14)
+find_program(CLANG_FORMAT NAMES clang-format-19)
 if(CLANG_FORMAT)
   set(format_stamps "")
   project_files(formatted_files h cpp)
@@ -53,7 +53,7 @@ if(CLANG_FORMAT)
   add_custom_target(format_check DEPENDS ${format_stamps})
   add_custom_target(format COMMAND ${CLANG_FORMAT} --style=file -i ${formatted_files} VERBATIM)
 else()
-  add_missing_check(format_check clang-format)
+  add_missing_check(format_check clang-format-19)
 endif()
 
 # --- clang-tidy ---------------------------------------------------------------------------------

@@ -4,7 +4,7 @@
 debian_packages=(
   cmake ninja-build clang-19 lld-19 llvm-19 libc++-19-dev libwine-dev wine64
   mingw-w64-common mingw-w64-tools xz-utils ca-certificates
-  googletest nlohmann-json3-dev clang-format clang-tidy-19
+  googletest nlohmann-json3-dev clang-format-19 clang-tidy-19
   xvfb fonts-wine fonts-dejavu-core python3-ezdxf)
 
 # Installs what is missing; without the right to, names it and fails.

@@ -2,8 +2,8 @@
 
 #include <stddef.h>
 
-#include "AdAChar.h"
 #include "acadstrc.h"
+#include "AdAChar.h"
 
 /// Memory that goes from the host to an application and back.
 bool acutNewBuffer(void*& pBuffer, size_t size);

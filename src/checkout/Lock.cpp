@@ -42,25 +42,17 @@ class OpenAgain {
 
 void lock(AppContext& app, bool silent) {
   const CurrentDrawing drawing = requireCurrentDrawing();
-  if (!drawing) {
-    return;
-  }
+  if (!drawing) return;
   // The document is on its way out by the time that the path is needed again.
   const CString path = textOf(drawing.document->fileName());
 
   VaultClientPtr client;
   VaultFolderPtr folder;
   VaultFilePtr file;
-  if (!openVaultFile(app, path, client, folder, file, false)) {
-    return;
-  }
-  if (isCheckedOut(file)) {
-    return;
-  }
+  if (!openVaultFile(app, path, client, folder, file, false)) return;
+  if (isCheckedOut(file)) return;
   const bool modified = isCurrentDrawingModified();
-  if (!silent && !userAgrees(nameOf(file), modified)) {
-    return;
-  }
+  if (!silent && !userAgrees(nameOf(file), modified)) return;
   if (modified) {
     // Otherwise the closing would ask whether to save what the user has just given up.
     acdbSetDbmod(drawing.database, 0);

@@ -28,9 +28,7 @@ bool readVaultFacts(AppContext& app, const CString& path, VaultFacts& facts) {
   VaultClientPtr client;
   VaultFolderPtr folder;
   VaultFilePtr file;
-  if (!openVaultFile(app, path, client, folder, file, false)) {
-    return false;
-  }
+  if (!openVaultFile(app, path, client, folder, file, false)) return false;
   facts.isCheckedOut = isCheckedOut(file);
   facts.name = nameOf(file);
   return true;
@@ -49,9 +47,7 @@ void runCheckInDialog(AppContext& app, const CString& path) {
   VaultClientPtr client;
   VaultFolderPtr folder;
   VaultFilePtr file;
-  if (!openVaultFile(app, path, client, folder, file, false)) {
-    return;
-  }
+  if (!openVaultFile(app, path, client, folder, file, false)) return;
   const _bstr_t name = nameOf(file);
   RunMenuCmd(shellFolderOf(folder), name, L"Unlock").doModal(app.mainWindow);
 }
@@ -60,34 +56,22 @@ void runCheckInDialog(AppContext& app, const CString& path) {
 
 void unlock(AppContext& app, PendingCheckIn& note) {
   const CurrentDrawing drawing = requireCurrentDrawing();
-  if (!drawing) {
-    return;
-  }
+  if (!drawing) return;
   VaultFacts facts;
-  if (!readVaultFacts(app, textOf(drawing.document->fileName()), facts)) {
-    return;
-  }
+  if (!readVaultFacts(app, textOf(drawing.document->fileName()), facts)) return;
   // Held by whom doesn't matter here: the vault's own verb has the last word on that.
-  if (!facts.isCheckedOut) {
-    return;
-  }
-  if (!userAgrees(facts.name)) {
-    return;
-  }
+  if (!facts.isCheckedOut) return;
+  if (!userAgrees(facts.name)) return;
   // Before the saving and the closing, since the document's end can come as soon as they start.
   note.checkInPath = textOf(drawing.document->fileName());
   note.checkInPending = true;
   // An unchanged drawing isn't saved, so that its file keeps its date.
-  if (isCurrentDrawingModified()) {
-    acedCommand(RTSTR, "_QSAVE", RTNONE);
-  }
+  if (isCurrentDrawingModified()) acedCommand(RTSTR, "_QSAVE", RTNONE);
   acDocManagerPtr()->closeDocument(drawing.document);
 }
 
 void onDocumentDestroyed(AppContext& app, PendingCheckIn& note, const ACHAR* fileName) {
-  if (!note.checkInPending) {
-    return;
-  }
+  if (!note.checkInPending) return;
   // Before all else, so that no second event can start a check-in whatever follows.
   note.checkInPending = false;
   if (!equalIgnoringCase(note.checkInPath, textOf(fileName))) {

@@ -8,9 +8,7 @@ namespace {
 /// @return empty if there is no usable title
 CString titleIn(HKEY root) {
   Registry suite;
-  if (!suite.open(root, suiteKey, KEY_READ)) {
-    return {};
-  }
+  if (!suite.open(root, suiteKey, KEY_READ)) return {};
   constexpr DWORD titleBytes = 1024;
   // One character more than is read: nothing makes whoever wrote the value end it with a null.
   wchar_t title[titleBytes / sizeof(wchar_t) + 1] = {};
@@ -24,9 +22,7 @@ CString titleIn(HKEY root) {
 
 int appMessageBox(const wchar_t* text, UINT flags) noexcept {
   const AppContext* app = currentApp();
-  if (app == nullptr) {
-    return MessageBoxW(nullptr, text, L"", flags);
-  }
+  if (app == nullptr) return MessageBoxW(nullptr, text, L"", flags);
   const wchar_t* shown = L"Tessaro";
   CString title;
   try {
@@ -41,9 +37,7 @@ int appMessageBox(const wchar_t* text, UINT flags) noexcept {
 CString productTitle(const wchar_t* fallback) {
   for (HKEY root : {HKEY_LOCAL_MACHINE, HKEY_CURRENT_USER}) {
     CString title = titleIn(root);
-    if (!title.empty()) {
-      return title;
-    }
+    if (!title.empty()) return title;
   }
   return fallback;
 }

@@ -29,9 +29,7 @@ class CMap {
   /// Adds an element. A key that is there already keeps its value.
   void setAt(KEYARG key, VALUEARG value) {
     const auto [place, isNew] = index.try_emplace(key, nullptr);
-    if (!isNew) {
-      return;
-    }
+    if (!isNew) return;
     try {
       auto element = std::make_unique<Elem>(Elem{key, value});
       elements.pushBack(element.get());
@@ -55,9 +53,7 @@ class CMap {
   /// Empties the map.
   void clear() {
     index.clear();
-    while (!elements.isEmpty()) {
-      const std::unique_ptr<Elem> last(elements.popFront());
-    }
+    while (!elements.isEmpty()) const std::unique_ptr<Elem> last(elements.popFront());
   }
 
  private:

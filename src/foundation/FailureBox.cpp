@@ -12,12 +12,8 @@ void appendSystemMessage(wchar_t* text, int room, HRESULT code) noexcept {
   DWORD length =
       FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
                      static_cast<DWORD>(code), language, text, static_cast<DWORD>(room), nullptr);
-  while (length > 0 && (text[length - 1] == L'\n' || text[length - 1] == L'\r')) {
-    text[--length] = 0;
-  }
-  if (length == 0) {
-    wsprintfW(text, L"Unknown error 0x%0lX", code);
-  }
+  while (length > 0 && (text[length - 1] == L'\n' || text[length - 1] == L'\r')) text[--length] = 0;
+  if (length == 0) wsprintfW(text, L"Unknown error 0x%0lX", code);
 }
 
 }  // namespace

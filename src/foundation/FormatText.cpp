@@ -29,21 +29,15 @@ class PlaceholderReader {
   /// @return nothing if what stands there is no placeholder
   std::optional<Placeholder> read() {
     Placeholder placeholder;
-    while (isOneOf(L"-+ #0")) {
-      placeholder.flags += pattern[next++];
-    }
+    while (isOneOf(L"-+ #0")) placeholder.flags += pattern[next++];
     placeholder.width = readNumber();
     if (isOneOf(L".")) {
       ++next;
       placeholder.precision = readNumber();
     }
     // The size of a number is known from its value.
-    while (isOneOf(L"hlw")) {
-      ++next;
-    }
-    if (!isOneOf(L"diuxXs")) {
-      return std::nullopt;
-    }
+    while (isOneOf(L"hlw")) ++next;
+    if (!isOneOf(L"diuxXs")) return std::nullopt;
     placeholder.conversion = pattern[next++];
     placeholder.end = next;
     return placeholder;
@@ -58,9 +52,7 @@ class PlaceholderReader {
   int readNumber() {
     int number = 0;
     while (isOneOf(L"0123456789")) {
-      if (number <= longestField) {
-        number = number * 10 + (pattern[next] - L'0');
-      }
+      if (number <= longestField) number = number * 10 + (pattern[next] - L'0');
       ++next;
     }
     return number;
@@ -88,12 +80,8 @@ CString filledText(const Placeholder& placeholder, std::wstring_view text) {
 
 CString filledNumber(const Placeholder& placeholder, long number) {
   CString format = L"%" + placeholder.flags;
-  if (placeholder.width > 0) {
-    format += std::to_wstring(placeholder.width);
-  }
-  if (placeholder.precision) {
-    format += L"." + std::to_wstring(*placeholder.precision);
-  }
+  if (placeholder.width > 0) format += std::to_wstring(placeholder.width);
+  if (placeholder.precision) format += L"." + std::to_wstring(*placeholder.precision);
   format += L'l';
   format += placeholder.conversion;
   wchar_t field[2 * longestField] = {};
@@ -110,9 +98,7 @@ CString formatText(std::wstring_view pattern, std::initializer_list<FormatValue>
     const size_t percent = std::min(pattern.find(L'%', position), pattern.size());
     text += pattern.substr(position, percent - position);
     position = percent + 1;
-    if (percent == pattern.size()) {
-      break;
-    }
+    if (percent == pattern.size()) break;
     if (position < pattern.size() && pattern[position] == L'%') {
       text += L'%';
       ++position;

@@ -28,9 +28,7 @@ class Lst {
   /// reader; list and value are as they were then
   void pushBack(T&& value) {
     void* memory = CoTaskMemAlloc(sizeof(Node));
-    if (memory == nullptr) {
-      _com_issue_error(E_OUTOFMEMORY);
-    }
+    if (memory == nullptr) _com_issue_error(E_OUTOFMEMORY);
     Node* node = new (memory) Node{std::move(value), nullptr, tail};
     // Not every holder gives up what it held when it is moved from: _bstr_t shares it.
     value = T();
@@ -53,9 +51,7 @@ class Lst {
 
   /// Empties the list.
   void clear() {
-    while (!isEmpty()) {
-      popFront();
-    }
+    while (!isEmpty()) popFront();
   }
 
   bool isEmpty() const { return head == nullptr; }

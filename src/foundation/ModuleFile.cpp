@@ -9,9 +9,7 @@ CString moduleFilePath(HINSTANCE module) {
 CString moduleBaseName(HINSTANCE module) {
   CString name = moduleFilePath(module);
   // The last point of all: a folder with one in its name counts as well if the file has none.
-  if (const size_t point = name.rfind(L'.'); point != CString::npos) {
-    name.erase(point);
-  }
+  if (const size_t point = name.rfind(L'.'); point != CString::npos) name.erase(point);
   if (const size_t backslash = name.rfind(L'\\'); backslash != CString::npos) {
     name.erase(0, backslash + 1);
   }

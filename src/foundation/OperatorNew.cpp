@@ -17,9 +17,7 @@ class OutOfMemory : public std::bad_alloc, public _com_error {
 
 void* allocate(std::size_t size) {
   void* memory = std::malloc(size != 0 ? size : 1);
-  if (memory == nullptr) {
-    throw OutOfMemory();
-  }
+  if (memory == nullptr) throw OutOfMemory();
   return memory;
 }
 

@@ -16,9 +16,7 @@ bool readRaw(Registry& registry, const wchar_t* name, RawValue& value) {
   // The value may grow between the question for its size and the reading.
   while (result == ERROR_MORE_DATA) {
     DWORD size = 0;
-    if (registry.query(name, nullptr, nullptr, &size) != ERROR_SUCCESS) {
-      return false;
-    }
+    if (registry.query(name, nullptr, nullptr, &size) != ERROR_SUCCESS) return false;
     // One byte at least: without a buffer the reading would only ask for the size again.
     value.bytes.resize(size + 1);
     result = registry.query(name, &value.type, value.bytes.data(), &size);
@@ -38,9 +36,7 @@ bool expandVariables(CString& text) {
   const DWORD size = ExpandEnvironmentStringsW(text.c_str(), nullptr, 0);
   CString expanded(size, L'\0');
   const DWORD written = ExpandEnvironmentStringsW(text.c_str(), expanded.data(), size);
-  if (written == 0 || written > size) {
-    return false;
-  }
+  if (written == 0 || written > size) return false;
   text = expanded.c_str();
   return true;
 }
@@ -58,9 +54,7 @@ bool Registry::open(HKEY parent, const wchar_t* subKey, REGSAM access, bool crea
   } else {
     lastResult_ = RegOpenKeyExW(parent, subKey, 0, access, &key_);
   }
-  if (lastResult_ != ERROR_SUCCESS) {
-    key_ = nullptr;
-  }
+  if (lastResult_ != ERROR_SUCCESS) key_ = nullptr;
   return lastResult_ == ERROR_SUCCESS;
 }
 
@@ -87,9 +81,7 @@ bool readRegistryString(Registry& registry, const wchar_t* name, CString& text) 
     return false;
   }
   CString read = textIn(value.bytes);
-  if (value.type == REG_EXPAND_SZ && !read.empty() && !expandVariables(read)) {
-    return false;
-  }
+  if (value.type == REG_EXPAND_SZ && !read.empty() && !expandVariables(read)) return false;
   text = read;
   return true;
 }
@@ -97,9 +89,7 @@ bool readRegistryString(Registry& registry, const wchar_t* name, CString& text) 
 bool readSetting(Registry& registry, const wchar_t* name, DWORD& data) {
   DWORD value = data;
   DWORD size = sizeof(value);
-  if (registry.query(name, nullptr, &value, &size) != ERROR_SUCCESS) {
-    return false;
-  }
+  if (registry.query(name, nullptr, &value, &size) != ERROR_SUCCESS) return false;
   data = value;
   return true;
 }

@@ -6,12 +6,8 @@ namespace {
 
 REGSAM accessOf(unsigned flags) {
   REGSAM access = 0;
-  if ((flags & SettingsLight::readAccess) != 0) {
-    access |= KEY_READ;
-  }
-  if ((flags & SettingsLight::writeAccess) != 0) {
-    access |= KEY_WRITE;
-  }
+  if ((flags & SettingsLight::readAccess) != 0) access |= KEY_READ;
+  if ((flags & SettingsLight::writeAccess) != 0) access |= KEY_WRITE;
   return access;
 }
 
@@ -22,18 +18,10 @@ bool holdsValue(Registry& registry, const wchar_t* name) {
 /// The trees in the order of search; one that the search leaves out isn't there.
 std::vector<const Registry*> inOrder(const Registry& machine, const Registry& user,
                                      unsigned flags) {
-  if ((flags & SettingsLight::machineOnly) != 0) {
-    return {&machine};
-  }
-  if ((flags & SettingsLight::userOnly) != 0) {
-    return {&user};
-  }
-  if ((flags & SettingsLight::machineFirst) != 0) {
-    return {&machine, &user};
-  }
-  if ((flags & SettingsLight::userFirst) != 0) {
-    return {&user, &machine};
-  }
+  if ((flags & SettingsLight::machineOnly) != 0) return {&machine};
+  if ((flags & SettingsLight::userOnly) != 0) return {&user};
+  if ((flags & SettingsLight::machineFirst) != 0) return {&machine, &user};
+  if ((flags & SettingsLight::userFirst) != 0) return {&user, &machine};
   return {};
 }
 
@@ -70,32 +58,24 @@ bool SettingsLight::openStandardKey(int kind, Registry& opened, bool create, uns
 
 bool SettingsLight::openVaultKey(const wchar_t* vaultName, Registry& opened,
                                  const wchar_t* valueName, bool create, unsigned flags) {
-  if (vaultName == nullptr || *vaultName == 0) {
-    return false;
-  }
+  if (vaultName == nullptr || *vaultName == 0) return false;
   const unsigned plainFlags = flags & ~static_cast<unsigned>(view32Bit);
   Registry machineTree;
-  if ((flags & userOnly) == 0) {
-    openStandardKey(databases, machineTree, create, plainFlags);
-  }
+  if ((flags & userOnly) == 0) openStandardKey(databases, machineTree, create, plainFlags);
   Registry userTree;
   if ((flags & machineOnly) == 0) {
     // The user's tree alone needs both roots as well: without the machine's key the suite isn't
     // installed, and what the user's key says of a vault is left over.
     const bool machine = openMachineRoot();
     const bool user = openUserRoot();
-    if (!machine || !user) {
-      return false;
-    }
+    if (!machine || !user) return false;
     openStandardKey(vaults, userTree, create, plainFlags);
   }
   for (const Registry* tree : inOrder(machineTree, userTree, flags)) {
     if (tree->key() == nullptr || !opened.open(tree->key(), vaultName, accessOf(flags), create)) {
       continue;
     }
-    if (valueName == nullptr || holdsValue(opened, valueName)) {
-      return true;
-    }
+    if (valueName == nullptr || holdsValue(opened, valueName)) return true;
     opened.close();
   }
   return false;

@@ -16,9 +16,7 @@ INT_PTR SimpleDialog::doModal(HWND owner) {
   if (SUCCEEDED(failure) && result == -1) {
     failure = windowsError != ERROR_SUCCESS ? HRESULT_FROM_WIN32(windowsError) : E_FAIL;
   }
-  if (FAILED(failure)) {
-    _com_issue_error(failure);
-  }
+  if (FAILED(failure)) _com_issue_error(failure);
   return result;
 }
 
@@ -33,16 +31,12 @@ INT_PTR CALLBACK SimpleDialog::procedure(HWND window, UINT message, WPARAM wPara
     SetWindowLongPtrW(window, DWLP_USER, lParam);
   }
   auto* dialog = reinterpret_cast<SimpleDialog*>(GetWindowLongPtrW(window, DWLP_USER));
-  if (dialog == nullptr) {
-    return FALSE;
-  }
+  if (dialog == nullptr) return FALSE;
   try {
     return dialog->handle(message, wParam, lParam);
   } catch (...) {
     // The first failure is the one that tells what went wrong.
-    if (SUCCEEDED(dialog->failure)) {
-      dialog->failure = currentFailure();
-    }
+    if (SUCCEEDED(dialog->failure)) dialog->failure = currentFailure();
     EndDialog(window, IDCANCEL);
     return TRUE;
   }
@@ -51,9 +45,7 @@ INT_PTR CALLBACK SimpleDialog::procedure(HWND window, UINT message, WPARAM wPara
 bool SimpleDialog::handle(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_INITDIALOG:
-      if (centre) {
-        centreOnOwner();
-      }
+      if (centre) centreOnOwner();
       onInit();
       return true;
     case WM_COMMAND:
@@ -80,9 +72,7 @@ void SimpleDialog::centreOnOwner() {
   }
   // A minimised or missing owner has no place on the screen to centre on.
   RECT around = monitor.rcWork;
-  if (owner != nullptr && IsWindowVisible(owner) && !IsIconic(owner)) {
-    GetWindowRect(owner, &around);
-  }
+  if (owner != nullptr && IsWindowVisible(owner) && !IsIconic(owner)) GetWindowRect(owner, &around);
   RECT own = {};
   GetWindowRect(window, &own);
   const LONG width = own.right - own.left;

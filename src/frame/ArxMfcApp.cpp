@@ -78,9 +78,7 @@ AcRx::AppRetCode ArxMfcApp::start(void* pkt) {
     } else {
       linker->registerAppNotMDIAware(pkt);
     }
-    if (linkerFlag != 0) {
-      linker->unlockApplication(pkt);
-    }
+    if (linkerFlag != 0) linker->unlockApplication(pkt);
   }
   mainWindow = adsw_acadMainWnd();
   atBorder([this] {
@@ -103,9 +101,7 @@ int ArxMfcApp::addAppCommand(const CString& globalName, const CString& localName
       stack != nullptr ? stack->addCommand(commandGroup.c_str(), global.c_str(), local.c_str(),
                                            flags, worker, nullptr, -1, nullptr, nullptr)
                        : Acad::eInvalidInput;
-  if (status == Acad::eOk) {
-    return 1;
-  }
+  if (status == Acad::eOk) return 1;
   const CString text = L"Error adding command\n" +
                        formatText(L"Acad::ErrorStatus = %d.", {static_cast<int>(status)});
   appMessageBox(text.c_str(), MB_ICONINFORMATION);

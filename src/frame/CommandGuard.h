@@ -9,9 +9,7 @@
 template <class App, void (*routine)(App&)>
 void guardedCommand() {
   auto& app = static_cast<App&>(*ArxMfcApp::current());
-  if (app.beginCommand() == 0) {
-    return;
-  }
+  if (app.beginCommand() == 0) return;
   asComErrors([&app] { routine(app); });
   ArxMfcApp::current()->endCommand();
 }

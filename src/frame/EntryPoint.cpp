@@ -19,9 +19,7 @@ class ProcessApartment {
   // The text service goes first: once COM is left for good its code may be gone from the process.
   ~ProcessApartment() {
     releaseTextService();
-    if (entered) {
-      CoUninitialize();
-    }
+    if (entered) CoUninitialize();
   }
 
   /// COM ends with the process, and mustn't be left any more then.

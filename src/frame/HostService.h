@@ -17,9 +17,7 @@ template <class Service>
 Service* hostServiceOfClass(const ACHAR* name, const ACHAR* className) {
   AcRxObject* service = acrxSysRegistry()->at(name);
   const auto* classes = hostService<AcRxDictionary>(L"ClassDictionary");
-  if (service == nullptr || classes == nullptr) {
-    return nullptr;
-  }
+  if (service == nullptr || classes == nullptr) return nullptr;
   const auto* expected = AcRxClass::cast(classes->at(className));
   return expected != nullptr && service->isKindOf(expected) ? static_cast<Service*>(service)
                                                             : nullptr;

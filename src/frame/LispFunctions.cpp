@@ -33,12 +33,8 @@ int ArxMfcApp::addLispFunction(const CString& name, int (*function)()) {
 
 int ArxMfcApp::addCommandFunction(const CString& globalName, const CString& localName,
                                   int (*function)()) {
-  if (addLispFunction(L"C:" + globalName, function) == 0) {
-    return 0;
-  }
-  if (localName.empty() || equalIgnoringCase(localName, globalName)) {
-    return 1;
-  }
+  if (addLispFunction(L"C:" + globalName, function) == 0) return 0;
+  if (localName.empty() || equalIgnoringCase(localName, globalName)) return 1;
   return addLispFunction(L"C:" + localName, function);
 }
 
@@ -61,8 +57,6 @@ int ArxMfcApp::defineLispFunctions() {
 }
 
 void ArxMfcApp::deleteFunctions() {
-  for (int index = 0; const auto* element = functions.lookup(index); ++index) {
-    delete element->value;
-  }
+  for (int index = 0; const auto* element = functions.lookup(index); ++index) delete element->value;
   functions.clear();
 }

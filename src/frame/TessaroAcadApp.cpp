@@ -55,9 +55,7 @@ AcRx::AppRetCode TessaroAcadApp::initApp(void* pkt) {
   pendingCheckIn.checkInPending = false;
   addCommands(*this);
   if (xrefContext) acedAddObjectContextMenu(AcDbBlockReference::desc(), xrefContext.get(), pkt);
-  if (AcEditor* host = editorReactor ? editor() : nullptr) {
-    host->addReactor(editorReactor.get());
-  }
+  if (AcEditor* host = editorReactor ? editor() : nullptr) host->addReactor(editorReactor.get());
   if (docManagerReactor) acDocManagerPtr()->addReactor(docManagerReactor.get());
   atBorder(
       [this] { statusWindow = std::make_unique<FloatWindow>(*this, moduleInstance, mainWindow); });
@@ -70,9 +68,7 @@ AcRx::AppRetCode TessaroAcadApp::initApp(void* pkt) {
 AcRx::AppRetCode TessaroAcadApp::unloadApp(void*) {
   registerSelectFile(true);
   if (xrefContext) acedRemoveObjectContextMenu(AcDbBlockReference::desc(), xrefContext.get());
-  if (AcEditor* host = editorReactor ? editor() : nullptr) {
-    host->removeReactor(editorReactor.get());
-  }
+  if (AcEditor* host = editorReactor ? editor() : nullptr) host->removeReactor(editorReactor.get());
   if (docManagerReactor) acDocManagerPtr()->removeReactor(docManagerReactor.get());
   xrefContext.reset();
   editorReactor.reset();

@@ -1,6 +1,7 @@
 #include "ui/GetVersionDialog.h"
 
 #include <windows.h>
+
 #include <commctrl.h>
 
 #include <vector>
@@ -91,8 +92,9 @@ bool GetVersionDialog::onCommand(WORD id, WORD) {
 
 bool GetVersionDialog::onNotify(const NMHDR& notification) {
   if (notification.idFrom != IDC_VERSIONS ||
-      notification.code != static_cast<UINT>(LVN_ITEMACTIVATE))
+      notification.code != static_cast<UINT>(LVN_ITEMACTIVATE)) {
     return false;
+  }
   takeSelection();
   end(IDOK);
   return true;

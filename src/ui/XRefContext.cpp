@@ -3,8 +3,8 @@
 #include <acdocman.h>
 
 #include "foundation/Border.h"
-#include "foundation/ComScope.h"
 #include "foundation/CommandText.h"
+#include "foundation/ComScope.h"
 #include "foundation/FormatText.h"
 #include "vault/MessageStrings.h"
 #include "xref/XrefInfo.h"

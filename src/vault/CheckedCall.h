@@ -10,17 +10,13 @@
 /// (_com_issue_errorex); does nothing for a success.
 template <class Interface>
 void check(HRESULT result, Interface& object) {
-  if (FAILED(result)) {
-    _com_issue_errorex(result, &object, __uuidof(Interface));
-  }
+  if (FAILED(result)) _com_issue_errorex(result, &object, __uuidof(Interface));
 }
 
 /// The object behind a pointer, which must not be null.
 template <class Interface>
 Interface& required(Interface* object) {
-  if (object == nullptr) {
-    _com_issue_error(E_POINTER);
-  }
+  if (object == nullptr) _com_issue_error(E_POINTER);
   return *object;
 }
 

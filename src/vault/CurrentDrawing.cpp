@@ -10,9 +10,7 @@
 CurrentDrawing currentDrawing() {
   CurrentDrawing drawing;
   drawing.database = acdbHostApplicationServices()->workingDatabase();
-  if (drawing.database != nullptr) {
-    drawing.document = acDocManagerPtr()->document(drawing.database);
-  }
+  if (drawing.database != nullptr) drawing.document = acDocManagerPtr()->document(drawing.database);
   return drawing;
 }
 

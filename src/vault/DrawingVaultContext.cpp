@@ -15,9 +15,7 @@ bool isNewEnough(const VaultClientLegacyPtr& client, long requiredMajor, long re
   long major = 0;
   long minor = 0;
   check(client->clientVersion(&major, &minor), *client);
-  if (major > requiredMajor || (major == requiredMajor && minor >= requiredMinor)) {
-    return true;
-  }
+  if (major > requiredMajor || (major == requiredMajor && minor >= requiredMinor)) return true;
   const CString text =
       formatText(loadMessage(4,
                              "You must have at least Tessaro version %d.%d to run this command.\n"
@@ -39,26 +37,18 @@ HRESULT openContext(const AppContext& app, DrawingVaultContext& context, long re
                     long requiredMinor) {
   VaultClientLegacyPtr& client = context.client;
   const HRESULT created = createClientOrTell(client);
-  if (FAILED(created)) {
-    return created;
-  }
+  if (FAILED(created)) return created;
   if (requiredMajor != 0 && !isNewEnough(client, requiredMajor, requiredMinor)) {
     return E_QVT_VERSION_MISMATCH;
   }
   _bstr_t vaultName;
   const HRESULT named = findVaultName(client, context.path, vaultName);
-  if (named == E_QVT_KEY_NOT_FOUND) {
-    return tellNotInVault(named);
-  }
+  if (named == E_QVT_KEY_NOT_FOUND) return tellNotInVault(named);
   check(named, *client);
-  if (isVaultOffline(vaultName)) {
-    return E_QVT_NOT_LOGGED_IN;
-  }
+  if (isVaultOffline(vaultName)) return E_QVT_NOT_LOGGED_IN;
   check(logIn(app, client, vaultName), *client);
   const HRESULT found = findFile(client, context.path, context.folder, context.file);
-  if (found == E_QVT_FILE_NOT_FOUND) {
-    return tellNotInVault(found);
-  }
+  if (found == E_QVT_FILE_NOT_FOUND) return tellNotInVault(found);
   check(found, *client);
   return S_OK;
 }
@@ -68,9 +58,7 @@ HRESULT openContext(const AppContext& app, DrawingVaultContext& context, long re
 HRESULT OpenVaultContext(AppContext& app, DrawingVaultContext& context, long requiredMajor,
                          long requiredMinor) {
   const CurrentDrawing drawing = requireCurrentDrawing();
-  if (!drawing) {
-    return E_FAIL;
-  }
+  if (!drawing) return E_FAIL;
   context.database = drawing.database;
   context.path = textOf(drawing.document->fileName());
   try {

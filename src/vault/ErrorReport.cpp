@@ -18,9 +18,7 @@ _bstr_t causeOf(const ClientPtr& client, const _com_error& error) {
   if (client) {
     _bstr_t text;
     client->errorText(code, 0, text.GetAddress());
-    if (text.length() > 0) {
-      return text;
-    }
+    if (text.length() > 0) return text;
   }
   return systemMessage(code);
 }

@@ -14,14 +14,10 @@ bool isThisComputer(const _bstr_t& computer) {
 }
 
 bool heldHere(VaultFile& file, VaultFolder* folder) {
-  if (!isCheckedOut(&file)) {
-    return false;
-  }
+  if (!isCheckedOut(&file)) return false;
   _bstr_t computer;
   check(file.checkedOutOnComputer(computer.GetAddress()), file);
-  if (!isThisComputer(computer)) {
-    return false;
-  }
+  if (!isThisComputer(computer)) return false;
   long folderId = 0;
   check(file.checkedOutInFolderId(&folderId), file);
   return folderId == idOf(folder);
@@ -59,30 +55,18 @@ CString textFrom(VaultFile& file, HRESULT (STDMETHODCALLTYPE VaultFile::*read)(B
 }
 
 void fill(const FileStatus& wanted, VaultFile& file, VaultFolder* folder) {
-  if (wanted.fileName != nullptr) {
-    *wanted.fileName = textOf(nameOf(&file));
-  }
-  if (wanted.stateName != nullptr) {
-    *wanted.stateName = textOf(nameOf(currentState(file)));
-  }
-  if (wanted.localVersion != nullptr) {
-    *wanted.localVersion = localVersion(file, folder);
-  }
-  if (wanted.latestVersion != nullptr) {
-    *wanted.latestVersion = latestVersion(file);
-  }
-  if (wanted.isCheckedOut != nullptr) {
-    *wanted.isCheckedOut = isCheckedOut(&file);
-  }
+  if (wanted.fileName != nullptr) *wanted.fileName = textOf(nameOf(&file));
+  if (wanted.stateName != nullptr) *wanted.stateName = textOf(nameOf(currentState(file)));
+  if (wanted.localVersion != nullptr) *wanted.localVersion = localVersion(file, folder);
+  if (wanted.latestVersion != nullptr) *wanted.latestVersion = latestVersion(file);
+  if (wanted.isCheckedOut != nullptr) *wanted.isCheckedOut = isCheckedOut(&file);
   if (wanted.isCheckedOutHere != nullptr) {
     *wanted.isCheckedOutHere = false;
     *wanted.isCheckedOutHere = heldHere(file, folder);
   }
   if (wanted.holderName != nullptr) {
     wanted.holderName->clear();
-    if (holder(file)) {
-      *wanted.holderName = textOf(nameOf(holder(file)));
-    }
+    if (holder(file)) *wanted.holderName = textOf(nameOf(holder(file)));
   }
   if (wanted.holderComputer != nullptr) {
     *wanted.holderComputer = textFrom(file, &VaultFile::checkedOutOnComputer);
@@ -104,9 +88,7 @@ void appendVersions(VaultFileLegacy& file, std::vector<VersionEntry>& versions) 
   for (;;) {
     long atEnd = 0;
     check(position->isNull(&atEnd), *position);
-    if (atEnd != 0) {
-      return;
-    }
+    if (atEnd != 0) return;
     long version = 0, userId = 0;
     DATE date = 0;
     _bstr_t comment;
@@ -128,9 +110,7 @@ bool readFileStatus(AppContext& app, const CString& path, const FileStatus& want
     VaultClientPtr client;
     VaultFolderPtr folder;
     VaultFilePtr file;
-    if (!openVaultFile(app, path, client, folder, file, true)) {
-      return false;
-    }
+    if (!openVaultFile(app, path, client, folder, file, true)) return false;
     fill(wanted, *file, folder);
     return true;
   } catch (const _com_error& error) {
@@ -145,9 +125,7 @@ CheckOutState readCheckOutState(AppContext& app, const CString& path,
   VaultFolderLegacyPtr folder;
   VaultFileLegacyPtr file;
   _bstr_t vaultName;
-  if (!reachVault(path, client, vaultName, true)) {
-    return notInVault;
-  }
+  if (!reachVault(path, client, vaultName, true)) return notInVault;
   check(logIn(app, client, vaultName), *client);
   if (!succeededOr({E_QVT_FILE_NOT_FOUND}, true, findFile(client, path, folder, file), *client)) {
     return notInVault;
@@ -156,9 +134,7 @@ CheckOutState readCheckOutState(AppContext& app, const CString& path,
   if (isCheckedOut(file)) {
     state = isCheckedOutHere(file, folder) ? checkedOutHere : checkedOutElsewhere;
   }
-  if (versions != nullptr) {
-    appendVersions(*file, *versions);
-  }
+  if (versions != nullptr) appendVersions(*file, *versions);
   return state;
 }
 

@@ -19,17 +19,13 @@ VaultTextService* textService = nullptr;
 CString baseName(HINSTANCE module) {
   CString name = moduleFilePath(module);
   const size_t backslash = name.rfind(L'\\');
-  if (backslash == CString::npos) {
-    return name;
-  }
+  if (backslash == CString::npos) return name;
   name.erase(0, backslash + 1);
   return name.substr(0, name.rfind(L'.'));
 }
 
 bool haveTextService() {
-  if (textService != nullptr) {
-    return true;
-  }
+  if (textService != nullptr) return true;
   const AppContext* app = currentApp();
   const HRESULT result =
       openTextService(app != nullptr ? app->moduleInstance : nullptr, nullptr, productName);
@@ -39,13 +35,9 @@ bool haveTextService() {
 }  // namespace
 
 _bstr_t loadMessage(long number, const char* defaultText) {
-  if (!haveTextService()) {
-    return defaultText;
-  }
+  if (!haveTextService()) return defaultText;
   _bstr_t text;
-  if (FAILED(textService->text(number, text.GetAddress()))) {
-    return defaultText;
-  }
+  if (FAILED(textService->text(number, text.GetAddress()))) return defaultText;
   // Null is a text without characters, too; the host's prompts take no null pointer.
   return !text ? _bstr_t(L"") : text;
 }
@@ -55,24 +47,18 @@ _bstr_t lookupSectionText(long number, const wchar_t* defaultText, const wchar_t
   VaultTextServicePtr service;
   service.CreateInstance(__uuidof(TextService), nullptr, CLSCTX_INPROC_SERVER);
   // S_FALSE isn't good enough: the service is there then, but not this section.
-  if (!service || service->open(_bstr_t(productName), _bstr_t(section)) != S_OK) {
-    return defaultText;
-  }
+  if (!service || service->open(_bstr_t(productName), _bstr_t(section)) != S_OK) return defaultText;
   _bstr_t text;
   service->sectionText(number, _bstr_t(key), text.GetAddress());
   return !text ? _bstr_t(defaultText) : text;
 }
 
 HRESULT openTextService(HINSTANCE module, const wchar_t* moduleName, const wchar_t* product) {
-  if (textService != nullptr) {
-    return E_FAIL;
-  }
+  if (textService != nullptr) return E_FAIL;
   const CString name = moduleName != nullptr ? moduleName : baseName(module);
   VaultTextServicePtr service;
   const HRESULT created = service.CreateInstance(__uuidof(TextService), nullptr, CLSCTX_ALL);
-  if (FAILED(created)) {
-    return created;
-  }
+  if (FAILED(created)) return created;
   const _bstr_t productText(product);
   const _bstr_t moduleText(name.c_str());
   textService = service.Detach();
@@ -82,9 +68,7 @@ HRESULT openTextService(HINSTANCE module, const wchar_t* moduleName, const wchar
 
 void releaseTextService() {
   VaultTextService* const released = std::exchange(textService, nullptr);
-  if (released == nullptr) {
-    return;
-  }
+  if (released == nullptr) return;
   try {
     released->Release();
   } catch (const _com_error&) {

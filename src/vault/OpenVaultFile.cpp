@@ -30,9 +30,7 @@ template <class Generation, class ClientPtr, class FolderPtr, class FilePtr>
 bool openFile(const AppContext& app, const CString& path, ClientPtr& client, FolderPtr& folder,
               FilePtr& file, bool raiseUnexpected) {
   _bstr_t vaultName;
-  if (!reachVault(path, client, vaultName, raiseUnexpected)) {
-    return false;
-  }
+  if (!reachVault(path, client, vaultName, raiseUnexpected)) return false;
   if (Generation::logIn(app, client, vaultName) &&
       succeededOr({E_QVT_FILE_NOT_FOUND, E_QVT_PERMISSION_DENIED}, raiseUnexpected,
                   findFile(client, path, folder, file), *client) &&
@@ -47,9 +45,7 @@ bool openFile(const AppContext& app, const CString& path, ClientPtr& client, Fol
 void openGate(const VaultClientPtr& client) {
   VaultGatePtr gate;
   check(client->QueryInterface(__uuidof(VaultGate), reinterpret_cast<void**>(&gate)), *client);
-  for (const long code : {3176520L, 19980117L, 5201874L}) {
-    check(gate->presentCode(code), *gate);
-  }
+  for (const long code : {3176520L, 19980117L, 5201874L}) check(gate->presentCode(code), *gate);
 }
 
 }  // namespace
@@ -75,9 +71,7 @@ bool openVaultFileLegacy(AppContext& app, const CString& path, VaultClientLegacy
 bool openVaultQuery(AppContext& app, const CString& path, VaultClientPtr& client,
                     VaultQueryPtr& query) {
   _bstr_t vaultName;
-  if (!reachVault(path, client, vaultName, true)) {
-    return false;
-  }
+  if (!reachVault(path, client, vaultName, true)) return false;
   check(logIn(app, client, vaultName), *client);
   openGate(client);
   check(client->QueryInterface(__uuidof(VaultQuery), reinterpret_cast<void**>(&query)), *client);
@@ -87,9 +81,7 @@ bool openVaultQuery(AppContext& app, const CString& path, VaultClientPtr& client
 void openVaultViewRecord(AppContext& app, std::unique_ptr<VaultViewRecord>& record,
                          const CString& path) {
   record = std::make_unique<VaultViewRecord>();
-  if (!openVaultQuery(app, path, record->client, record->query)) {
-    throw ResultCode{2};
-  }
+  if (!openVaultQuery(app, path, record->client, record->query)) throw ResultCode{2};
   VaultRootFolderAccessPtr access;
   if (FAILED(record->client->QueryInterface(__uuidof(VaultRootFolderAccess),
                                             reinterpret_cast<void**>(&access)))) {

@@ -38,9 +38,7 @@ _bstr_t bstrOf(const CString& text) { return text.c_str(); }
 const ResultText* findText(std::uint32_t code) {
   for (const ResultTexts* table : {&vaultTexts, &archiveTexts}) {
     for (const ResultText& row : *table) {
-      if (row.code == code) {
-        return &row;
-      }
+      if (row.code == code) return &row;
     }
   }
   return nullptr;
@@ -59,9 +57,7 @@ _bstr_t unsupportedSystemText(const _bstr_t& firstLine) {
   _bstr_t text = firstLine;
   Lst<_bstr_t> names;
   supportedSystemNames(names);
-  while (!names.isEmpty()) {
-    text += L"\n" + names.popFront();
-  }
+  while (!names.isEmpty()) text += L"\n" + names.popFront();
   return text;
 }
 
@@ -81,30 +77,18 @@ _bstr_t textOfRow(const ResultText& row) {
 
 _bstr_t resultCodeText(HRESULT result) {
   const auto code = static_cast<std::uint32_t>(result);
-  if (code == serverNotFound || code == dataSourceNotFound) {
-    return databaseErrorText(result);
-  }
-  if (code == getFormatRouter) {
-    return resultCodeName(result);
-  }
-  if (const ResultText* row = findText(code)) {
-    return textOfRow(*row);
-  }
-  if (code >= internetFirst && code < internetEnd) {
-    return internetErrorText(result);
-  }
-  if (isRevisionControl(code)) {
-    return revisionControlText(code);
-  }
+  if (code == serverNotFound || code == dataSourceNotFound) return databaseErrorText(result);
+  if (code == getFormatRouter) return resultCodeName(result);
+  if (const ResultText* row = findText(code)) return textOfRow(*row);
+  if (code >= internetFirst && code < internetEnd) return internetErrorText(result);
+  if (isRevisionControl(code)) return revisionControlText(code);
   return systemMessage(result);
 }
 
 _bstr_t resultCodeName(HRESULT result) {
   const auto code = static_cast<std::uint32_t>(result);
   for (const ResultCodeRow& row : resultCodeTable) {
-    if (row.code == code) {
-      return row.name;
-    }
+    if (row.code == code) return row.name;
   }
   if (isRevisionControl(code)) {
     return bstrOf(
@@ -114,12 +98,8 @@ _bstr_t resultCodeName(HRESULT result) {
 }
 
 void describeResultCode(HRESULT code, _bstr_t* text, _bstr_t* name) {
-  if (text != nullptr) {
-    *text = resultCodeText(code);
-  }
-  if (name != nullptr) {
-    *name = resultCodeName(code);
-  }
+  if (text != nullptr) *text = resultCodeText(code);
+  if (name != nullptr) *name = resultCodeName(code);
 }
 
 _bstr_t databaseErrorText(HRESULT result) {
@@ -172,9 +152,7 @@ _bstr_t systemMessage(HRESULT code) {
     return error.ErrorMessage();
   }
   for (const wchar_t last : {L'\n', L'\r'}) {
-    if (length > 0 && buffer[length - 1] == last) {
-      buffer[--length] = 0;
-    }
+    if (length > 0 && buffer[length - 1] == last) buffer[--length] = 0;
   }
   return buffer;
 }

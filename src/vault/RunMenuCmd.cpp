@@ -40,9 +40,7 @@ void RunMenuCmd::onInit() {
 }
 
 bool RunMenuCmd::onCommand(WORD id, WORD) {
-  if (id != runCommand) {
-    return false;
-  }
+  if (id != runCommand) return false;
   runVerb(window, shellFolder, fileName, verb);
   end(1);
   return true;

@@ -16,9 +16,7 @@
 template <class Interface>
 bool succeededOr(std::initializer_list<HRESULT> expected, bool raiseUnexpected, HRESULT result,
                  Interface& object) {
-  if (SUCCEEDED(result)) {
-    return true;
-  }
+  if (SUCCEEDED(result)) return true;
   if (raiseUnexpected && std::find(expected.begin(), expected.end(), result) == expected.end()) {
     _com_issue_errorex(result, &object, __uuidof(Interface));
   }
@@ -33,9 +31,7 @@ void tellClientMissing();
 template <class ClientPtr>
 HRESULT createClientOrTell(ClientPtr& client) {
   const HRESULT result = client.CreateInstance(__uuidof(VaultMain), nullptr, CLSCTX_ALL);
-  if (FAILED(result)) {
-    tellClientMissing();
-  }
+  if (FAILED(result)) tellClientMissing();
   return result;
 }
 
@@ -62,9 +58,7 @@ HRESULT findFile(const ClientPtr& client, const CString& path, FolderPtr& folder
 /// @param raiseUnexpected whether to raise what isn't the answer for such a path
 template <class ClientPtr>
 bool reachVault(const CString& path, ClientPtr& client, _bstr_t& vaultName, bool raiseUnexpected) {
-  if (FAILED(createClientOrTell(client))) {
-    return false;
-  }
+  if (FAILED(createClientOrTell(client))) return false;
   if (!succeededOr({E_QVT_KEY_NOT_FOUND}, raiseUnexpected, findVaultName(client, path, vaultName),
                    *client)) {
     client = nullptr;

@@ -39,13 +39,9 @@ bool parseIdentifier(const wchar_t* text, GUID& identifier) {
 
 bool readViewIdentifier(const CString& rootPath, int kind, GUID& identifier) {
   const wchar_t* key = keyOfKind(kind);
-  if (key == nullptr) {
-    return false;
-  }
+  if (key == nullptr) return false;
   CString file = rootPath;
-  if (file.empty() || file.back() != L'\\') {
-    file += L'\\';
-  }
+  if (file.empty() || file.back() != L'\\') file += L'\\';
   file += L"desktop.ini";
   wchar_t text[50] = {};
   return GetPrivateProfileStringW(L"Tessaro", key, nullptr, text, std::size(text), file.c_str()) >

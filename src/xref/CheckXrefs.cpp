@@ -6,6 +6,7 @@
 #include <axlock.h>
 #include <dbapserv.h>
 #include <dbmain.h>
+
 #include <acedxref.h>
 
 #include <comdef.h>

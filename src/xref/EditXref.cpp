@@ -5,6 +5,7 @@
 #include <acdocman.h>
 #include <acedads.h>
 #include <dbmain.h>
+
 #include <acedxref.h>
 
 #include <comdef.h>

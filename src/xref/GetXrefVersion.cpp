@@ -1,11 +1,13 @@
 #include "xref/GetXrefVersion.h"
 
 #include <windows.h>
+
 #include <shlwapi.h>
 
 #include <acedads.h>
 #include <adscodes.h>
 #include <dbmain.h>
+
 #include <acedxref.h>
 
 #include "vault/CheckedCall.h"

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <dbmain.h>
+
 #include <acedxref.h>
 
 #include "foundation/CString.h"

@@ -2,9 +2,9 @@
 
 #include <windows.h>
 
+#include <aced.h>
 #include <acedads.h>
 #include <adscodes.h>
-#include <aced.h>
 #include <dbents.h>
 #include <dbsymtb.h>
 

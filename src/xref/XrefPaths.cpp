@@ -1,6 +1,7 @@
 #include "xref/XrefPaths.h"
 
 #include <windows.h>
+
 #include <shlwapi.h>
 
 #include <acdocman.h>

@@ -58,8 +58,8 @@ AcRx::AppRetCode LispApp::initApp(void*) {
 
 extern "C" __declspec(dllexport) int acrxGetApiVersion() { return 17 << 16; }
 
-extern "C" __declspec(dllexport) AcRx::AppRetCode
-    acrxEntryPoint(AcRx::AppMsgCode message, void* packet) {
+extern "C" __declspec(dllexport) AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode message,
+                                                                 void* packet) {
   return application.dispatch(message, packet);
 }
 

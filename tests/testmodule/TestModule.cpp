@@ -245,8 +245,8 @@ void end() {
 
 extern "C" __declspec(dllexport) int acrxGetApiVersion() { return 17 << 16; }
 
-extern "C" __declspec(dllexport) AcRx::AppRetCode
-    acrxEntryPoint(AcRx::AppMsgCode message, void* appId) {
+extern "C" __declspec(dllexport) AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode message,
+                                                                 void* appId) {
   say(L"message " + std::to_wstring(message));
   switch (message) {
     case AcRx::kInitAppMsg:

@@ -15,9 +15,7 @@ class FakeObject : public First, public Others... {
 
   STDMETHODIMP QueryInterface(REFIID id, void** out) override {
     *out = nullptr;
-    if (id == __uuidof(IUnknown) || id == __uuidof(IDispatch)) {
-      *out = static_cast<First*>(this);
-    }
+    if (id == __uuidof(IUnknown) || id == __uuidof(IDispatch)) *out = static_cast<First*>(this);
     find<First>(id, out);
     (find<Others>(id, out), ...);
     if (*out == nullptr) return E_NOINTERFACE;

@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "BoxWatch.h"
-#include "FakeClient.h"
 #include "editor/DocumentManager.h"
+#include "FakeClient.h"
 #include "foundation/AppContext.h"
 #include "foundation/Border.h"
 #include "foundation/LaterCalls.h"

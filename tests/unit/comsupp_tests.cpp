@@ -1,6 +1,7 @@
-#include <gtest/gtest.h>
 #include <windows.h>
+
 #include <comdef.h>
+#include <gtest/gtest.h>
 
 #include <string>
 

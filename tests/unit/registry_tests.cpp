@@ -1,7 +1,7 @@
-#include "RegistryFixture.h"
 #include "foundation/AppMessageBox.h"
 #include "foundation/Registry.h"
 #include "foundation/SettingsLight.h"
+#include "RegistryFixture.h"
 #include "vault/OpenVaultFile.h"
 
 namespace {

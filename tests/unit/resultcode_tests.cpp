@@ -5,8 +5,8 @@
 #include <string>
 
 #include "foundation/CString.h"
-#include "vault/ResultCodeTable.h"
 #include "vault/ResultCodes.h"
+#include "vault/ResultCodeTable.h"
 #include "vault/ResultTexts.h"
 
 // The client isn't there in these tests: every text is the one that the module has itself.

@@ -2,8 +2,8 @@
 
 #include <windows.h>
 
-#include <fstream>
 #include <filesystem>
+#include <fstream>
 #include <string>
 
 #include "vault/OpenVaultFile.h"

@@ -42,9 +42,7 @@ TEST(XrefPaths, NamesAFileRelativeToTheRootOfTheView) {
     CString relative = L"untouched";
     const bool inside = relativeToRoot(each.stored, each.drawingFolder, L"C:\\View", relative);
     EXPECT_EQ(inside, each.expected != nullptr) << each.stored;
-    if (each.expected) {
-      EXPECT_EQ(relative, each.expected);
-    }
+    if (each.expected) EXPECT_EQ(relative, each.expected);
   }
 }
 

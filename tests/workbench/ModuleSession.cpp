@@ -72,9 +72,7 @@ void ModuleSession::TearDown() {
 // the editor; those of the client belong to the module's dialog about its verb.
 void ModuleSession::checkWhatHoldsEverywhere() const {
   for (const wb::Transcript::Detail& detail : wb::Transcript::instance().details()) {
-    if (detail.line.rfind(L"sent: ", 0) == 0) {
-      EXPECT_EQ(detail.line, L"sent: activate, echo");
-    }
+    if (detail.line.rfind(L"sent: ", 0) == 0) EXPECT_EQ(detail.line, L"sent: activate, echo");
     if (detail.line.rfind(L"owner: ", 0) != 0) continue;
     const bool ofClient = detail.line.rfind(L"owner: \"Check in ", 0) == 0;
     const std::wstring owner = ofClient ? L" of \"Dialog\"" : L" of the main window";

@@ -1,9 +1,9 @@
 // How deep the module is in COM when it asks the client: a level of its own in a command, in a step
 // of the status window and in the right-click menu, none in the host's events.
 
-#include "XrefSession.h"
 #include "core/Text.h"
 #include "watch/ImportWatch.h"
+#include "XrefSession.h"
 
 namespace {
 

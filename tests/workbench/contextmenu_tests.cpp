@@ -1,5 +1,5 @@
-#include "XrefSession.h"
 #include "core/Text.h"
+#include "XrefSession.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 #include <windows.h>
 
-#include "XrefSession.h"
 #include "core/Text.h"
 #include "editor/DocumentManager.h"
 #include "editor/Host.h"
+#include "XrefSession.h"
 
 namespace {
 

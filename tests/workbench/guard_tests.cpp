@@ -1,10 +1,10 @@
 #include <filesystem>
 
-#include "ModuleSession.h"
 #include "database/Drawing.h"
 #include "editor/Document.h"
 #include "editor/DocumentManager.h"
 #include "editor/Host.h"
+#include "ModuleSession.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 #include <fstream>
 
-#include "ModuleSession.h"
 #include "core/Accounts.h"
 #include "editor/CommandStack.h"
 #include "editor/Host.h"
+#include "ModuleSession.h"
 
 namespace {
 

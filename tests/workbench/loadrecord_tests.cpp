@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include "ModuleSession.h"
 #include "editor/LoadRecord.h"
+#include "ModuleSession.h"
 
 namespace {
 

@@ -3,11 +3,11 @@
 #include <acedads.h>
 #include <adscodes.h>
 
-#include "ModuleSession.h"
 #include "database/Drawing.h"
 #include "editor/Document.h"
 #include "editor/DocumentManager.h"
 #include "editor/Host.h"
+#include "ModuleSession.h"
 
 namespace {
 

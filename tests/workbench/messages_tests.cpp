@@ -1,7 +1,7 @@
 #include <fstream>
 
-#include "ModuleSession.h"
 #include "core/Text.h"
+#include "ModuleSession.h"
 
 namespace {
 

@@ -1,9 +1,10 @@
 // A host that ends without unloading the module: this program starts itself again as such a host.
 #include <windows.h>
+
 #include <shellapi.h>
 
-#include "ModuleSession.h"
 #include "core/Program.h"
+#include "ModuleSession.h"
 
 namespace {
 

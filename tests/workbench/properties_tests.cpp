@@ -1,7 +1,7 @@
 #include <windows.h>
 
-#include "XrefSession.h"
 #include "core/Text.h"
+#include "XrefSession.h"
 
 namespace {
 

@@ -8,7 +8,6 @@
 
 #include <functional>
 
-#include "ModuleSession.h"
 #include "core/Text.h"
 #include "database/Drawing.h"
 #include "dialogs/Answers.h"
@@ -17,6 +16,7 @@
 #include "editor/DocumentManager.h"
 #include "editor/Editor.h"
 #include "editor/Host.h"
+#include "ModuleSession.h"
 #include "watch/ImportWatch.h"
 
 namespace {
@@ -157,7 +157,9 @@ TEST_F(GuardReentrance, ACommandThatPromptsDoesNotEatTheWarning) {
   host().type(L"5");
   wb::Answers::instance().queue(L"no");
   command(L"OFFSET", [&] {
-    { const AcAxDocLock nested(host().documents().active()->database()); }
+    {
+      const AcAxDocLock nested(host().documents().active()->database());
+    }
     acedGetInt(L"Number: ", &number);
   });
   EXPECT_EQ(number, 5) << recent();

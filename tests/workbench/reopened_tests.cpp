@@ -1,6 +1,6 @@
-#include "ModuleSession.h"
 #include "editor/DocumentManager.h"
 #include "editor/Host.h"
+#include "ModuleSession.h"
 
 namespace {
 

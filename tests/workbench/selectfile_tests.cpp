@@ -1,5 +1,5 @@
-#include "ModuleSession.h"
 #include "editor/Host.h"
+#include "ModuleSession.h"
 
 namespace {
 

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include "ModuleSession.h"
-#include "StubbornKey.h"
 #include "core/Text.h"
 #include "editor/Host.h"
+#include "ModuleSession.h"
+#include "StubbornKey.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 // What the module does at its start when Windows or the memory refuses something.
-#include "ModuleSession.h"
 #include "core/Accounts.h"
 #include "editor/CommandStack.h"
 #include "editor/Host.h"
+#include "ModuleSession.h"
 
 namespace {
 

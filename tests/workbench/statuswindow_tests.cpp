@@ -6,9 +6,9 @@
 #include <cctype>
 #include <filesystem>
 
-#include "ModuleSession.h"
 #include "core/Text.h"
 #include "dialogs/Answers.h"
+#include "ModuleSession.h"
 #include "store/Store.h"
 #include "ui/resource.h"
 

@@ -4,8 +4,8 @@
 #include <cstdio>
 #include <sstream>
 
-#include "StoreTest.h"
 #include "core/Program.h"
+#include "StoreTest.h"
 
 namespace {
 

@@ -8,10 +8,10 @@
 #include <set>
 #include <sstream>
 
-#include "StubbornKey.h"
-#include "XrefSession.h"
 #include "core/Text.h"
+#include "StubbornKey.h"
 #include "ui/resource.h"
+#include "XrefSession.h"
 
 namespace {
 

@@ -3,13 +3,13 @@
 #include <cstring>
 #include <map>
 
-#include "DrawingTest.h"
-#include "ModuleSession.h"
 #include "database/Database.h"
+#include "DrawingTest.h"
 #include "editor/Document.h"
 #include "editor/DocumentManager.h"
 #include "editor/Host.h"
 #include "faults/Faults.h"
+#include "ModuleSession.h"
 
 namespace {
 

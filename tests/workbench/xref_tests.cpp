@@ -5,6 +5,7 @@
 #include <adscodes.h>
 #include <dbsymtb.h>
 #include <xgraph.h>
+
 #include <acedxref.h>
 
 #include "editor/Selection.h"

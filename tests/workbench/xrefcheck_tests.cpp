@@ -5,8 +5,8 @@
 #include <iterator>
 #include <memory>
 
-#include "ModuleSession.h"
 #include "core/Text.h"
+#include "ModuleSession.h"
 #include "store/Store.h"
 
 namespace {

@@ -22,9 +22,7 @@ thread_local int _Init_thread_epoch = INT_MIN;
 /// Called ahead of a construction. The caller constructs if the guard is -1 afterwards.
 void __cdecl _Init_thread_header(int* guard) {
   AcquireSRWLockExclusive(&lock);
-  while (*guard == underConstruction) {
-    SleepConditionVariableSRW(&constructed, &lock, INFINITE, 0);
-  }
+  while (*guard == underConstruction) SleepConditionVariableSRW(&constructed, &lock, INFINITE, 0);
   if (*guard == untouched) {
     *guard = underConstruction;
   } else {

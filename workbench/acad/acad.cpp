@@ -1,4 +1,5 @@
 #include <windows.h>
+
 #include <shellapi.h>
 
 #include <algorithm>
@@ -72,24 +73,25 @@ CommandLine parse(int count, wchar_t** arguments) {
       if (at + 1 == count) throw UsageError(wb::toUtf8(name) + " needs a value");
       return arguments[++at];
     };
-    if (name == L"--module")
+    if (name == L"--module") {
       session.module = value();
-    else if (name == L"--client")
+    } else if (name == L"--client") {
       session.client = value();
-    else if (name == L"--script")
+    } else if (name == L"--script") {
       line.script = value();
-    else if (name == L"--work")
+    } else if (name == L"--work") {
       session.workFolder = value();
-    else if (name == L"--drawings")
+    } else if (name == L"--drawings") {
       session.drawings = value();
-    else if (name == L"--timeout")
+    } else if (name == L"--timeout") {
       session.timeoutSeconds = seconds(value());
-    else if (name == L"--interactive")
+    } else if (name == L"--interactive") {
       session.interactive = true;
-    else if (name == L"--keep")
+    } else if (name == L"--keep") {
       session.keep = true;
-    else
+    } else {
       throw UsageError("unknown: " + wb::toUtf8(name));
+    }
   }
   if (line.script.empty() && !session.interactive) {
     throw UsageError("either --script or --interactive is needed");

@@ -110,9 +110,7 @@ void readQuestion(Statement& statement, ModifiedDateQuestion& question) {
 }
 
 void expectCall(const Statement& statement, std::wstring_view procedure) {
-  if (!statement.calls(procedure)) {
-    statement.fail(L"expected a call of " + std::wstring(procedure));
-  }
+  if (!statement.calls(procedure)) statement.fail(L"expected a call of " + std::wstring(procedure));
 }
 
 }  // namespace

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "TessaroClient.h"
 #include "client/FileObject.h"
+#include "TessaroClient.h"
 
 namespace wb {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "TessaroClient.h"
 #include "client/ComObject.h"
 #include "store/Records.h"
+#include "TessaroClient.h"
 
 namespace wb {
 

@@ -1,8 +1,8 @@
 #include "client/CheckInDialog.h"
 
+#include "client/resource.h"
 #include "client/Results.h"
 #include "client/TypeLibrary.h"
-#include "client/resource.h"
 
 namespace wb {
 namespace {

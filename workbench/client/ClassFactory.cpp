@@ -2,10 +2,10 @@
 
 #include <atomic>
 
-#include "TessaroClient.h"
 #include "client/ClientCall.h"
 #include "client/MainObject.h"
 #include "client/TextService.h"
+#include "TessaroClient.h"
 
 namespace wb {
 namespace {

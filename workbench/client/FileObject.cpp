@@ -52,9 +52,7 @@ STDMETHODIMP FilePart::getLocalCopy(LONG parentWindow, LONG reserved, VARIANT pa
       .with(L"flag", flag)
       .out(localPath)
       .runVoid([&] {
-        if (!sameName(textOf(path), state.path)) {
-          throw ClientFailure(E_INVALIDARG);
-        }
+        if (!sameName(textOf(path), state.path)) throw ClientFailure(E_INVALIDARG);
         const bool wanted = flag == 1 || store().localVersion(state.file(), state.folderId()) == 0;
         if (wanted) store().fetch(state.path, state.file().latest().number);
         *localPath = newBstr(state.path);

@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "TessaroClient.h"
 #include "client/NamedObject.h"
 #include "store/Store.h"
+#include "TessaroClient.h"
 
 namespace wb {
 

@@ -4,8 +4,8 @@
 
 #include <string>
 
-#include "TessaroClient.h"
 #include "client/NamedObject.h"
+#include "TessaroClient.h"
 
 namespace wb {
 

@@ -3,9 +3,9 @@
 #include <memory>
 #include <vector>
 
-#include "TessaroClient.h"
 #include "client/FileObject.h"
 #include "client/Position.h"
+#include "TessaroClient.h"
 
 namespace wb {
 

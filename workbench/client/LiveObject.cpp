@@ -2,10 +2,10 @@
 
 #include <atomic>
 
-#include "TessaroClient.h"
 #include "core/ResultNames.h"
 #include "core/Transcript.h"
 #include "faults/Faults.h"
+#include "TessaroClient.h"
 
 namespace wb {
 namespace {

@@ -70,8 +70,9 @@ HRESULT fileCall(const wchar_t* operation, const ClientSession& session, BSTR pa
         const StoredFile* stored = fileOf(session, text);
         auto foundFolder = folderObject<FolderInterface>(text, stored == nullptr);
         Owned<FileInterface> foundFile;
-        if (stored)
+        if (stored) {
           foundFile = make<FileClass, FileInterface>(FileState::of(session.vault(), *stored));
+        }
         *folder = foundFolder.release();
         *file = foundFile.release();
       });

@@ -2,9 +2,9 @@
 
 #include <memory>
 
-#include "TessaroClient.h"
 #include "client/ComObject.h"
 #include "client/Session.h"
+#include "TessaroClient.h"
 
 namespace wb {
 

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "TessaroClient.h"
 #include "client/ComObject.h"
+#include "TessaroClient.h"
 
 namespace wb {
 

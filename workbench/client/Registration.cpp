@@ -3,9 +3,9 @@
 #include <iterator>
 #include <string>
 
-#include "TessaroClient.h"
 #include "client/TypeLibrary.h"
 #include "core/Text.h"
+#include "TessaroClient.h"
 
 namespace wb {
 namespace {

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "TessaroClient.h"
 #include "client/ComObject.h"
+#include "TessaroClient.h"
 
 namespace wb {
 

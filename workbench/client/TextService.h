@@ -3,8 +3,8 @@
 #include <optional>
 #include <string>
 
-#include "TessaroClient.h"
 #include "client/ComObject.h"
+#include "TessaroClient.h"
 
 namespace wb {
 

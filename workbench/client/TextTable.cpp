@@ -7,8 +7,8 @@
 #include <iterator>
 #include <stdexcept>
 
-#include "client/TypeLibrary.h"
 #include "client/resource.h"
+#include "client/TypeLibrary.h"
 #include "core/Condition.h"
 #include "core/Text.h"
 

@@ -2,8 +2,8 @@
 
 #include <commctrl.h>
 
-#include <cwchar>
 #include <cstdlib>
+#include <cwchar>
 #include <iterator>
 
 #include "core/Text.h"

@@ -1,11 +1,12 @@
 #include "dialogs/Screenshot.h"
 
 #include <windows.h>
+
 #include <objbase.h>
 // Defines the identifiers, which not every import library has.
+#include <comdef.h>
 #include <initguid.h>
 #include <wincodec.h>
-#include <comdef.h>
 
 #include <cstdio>
 #include <vector>

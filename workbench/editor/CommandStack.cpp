@@ -12,9 +12,7 @@ Acad::ErrorStatus CommandStack::addCommand(const ACHAR* cmdGroupName, const ACHA
                                            AcRxFunctionPtr functionAddr, AcEdUIContext*, int,
                                            HINSTANCE, AcEdCommand** cmdPtrRet) {
   if (cmdPtrRet) *cmdPtrRet = nullptr;
-  if (!cmdGroupName || !cmdGlobalName || !cmdLocalName || !functionAddr) {
-    return Acad::eInvalidInput;
-  }
+  if (!cmdGroupName || !cmdGlobalName || !cmdLocalName || !functionAddr) return Acad::eInvalidInput;
   Command command;
   command.group = cmdGroupName;
   command.global = cmdGlobalName;

@@ -1,7 +1,8 @@
 #pragma once
 
-#include <aced.h>
 #include <windows.h>
+
+#include <aced.h>
 
 #include <string>
 #include <vector>

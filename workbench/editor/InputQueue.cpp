@@ -23,8 +23,12 @@ size_t tokenLength(std::wstring_view text) {
   for (size_t i = 0; i < text.size(); ++i) {
     if (text[i] == L'"') inString = !inString;
     if (inString) continue;
-    if (text[i] == L'(') ++depth;
-    if (text[i] == L')' && --depth == 0) return i + 1;
+    if (text[i] == L'(') {
+      ++depth;
+    }
+    if (text[i] == L')' && --depth == 0) {
+      return i + 1;
+    }
   }
   return text.size();
 }
@@ -32,15 +36,11 @@ size_t tokenLength(std::wstring_view text) {
 }  // namespace
 
 void InputQueue::add(Document* document, std::wstring_view text, bool activate, Origin origin) {
-  if (!text.empty()) {
-    pieces.push_back({document, std::wstring(text), activate, origin, ++counter});
-  }
+  if (!text.empty()) pieces.push_back({document, std::wstring(text), activate, origin, ++counter});
 }
 
 void InputQueue::addFirst(Document* document, std::wstring_view text) {
-  if (!text.empty()) {
-    pieces.push_front({document, std::wstring(text), false, Origin::Sent, 0});
-  }
+  if (!text.empty()) pieces.push_front({document, std::wstring(text), false, Origin::Sent, 0});
 }
 
 bool InputQueue::next(Document* active, Number last, Document*& target) const {

@@ -67,9 +67,7 @@ bool LispFunctions::runTyped(const std::wstring& token, Document* document) {
     // Without a function of its own the application gets a message.
     const int result =
         function.call ? function.call() : Host::instance().modules().invoke(function.module);
-    if (result != RTNORM && result != AcRx::kRetOK) {
-      commandLineSays(L"; error: ADS request error");
-    }
+    if (result != RTNORM && result != AcRx::kRetOK) commandLineSays(L"; error: ADS request error");
   };
   Host::instance().runner().run(command, document);
   return true;

@@ -82,8 +82,9 @@ AcadApp::ErrorStatus acrxUnregisterApp(const ACHAR* name, bool bDwgU) {
   wb::note(L"record", std::wstring(L"delete") + (bDwgU ? L" of the user" : L""));
   if (!name || !isName(name)) return AcadApp::eInvalidKey;
   const LSTATUS status = RegDeleteTreeW(HKEY_CURRENT_USER, pathOf(name).c_str());
-  if (status == ERROR_SUCCESS)
+  if (status == ERROR_SUCCESS) {
     wb::tell(wb::Event::reg, std::wstring(L"load record ") + name + L" deleted");
+  }
   return toStatus(status);
 }
 

@@ -38,9 +38,7 @@ bool MainWindow::create() {
   description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
   description.hbrBackground = static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH));
   description.lpszClassName = windowClass;
-  if (!RegisterClassExW(&description) && GetLastError() != ERROR_CLASS_ALREADY_EXISTS) {
-    return false;
-  }
+  if (!RegisterClassExW(&description) && GetLastError() != ERROR_CLASS_ALREADY_EXISTS) return false;
   window = CreateWindowExW(0, windowClass, L"AutoCAD", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, 40,
                            40, 800, 560, nullptr, nullptr, instance, this);
   if (!window) return false;

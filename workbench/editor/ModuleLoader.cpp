@@ -133,9 +133,7 @@ bool ModuleLoader::load(const std::wstring& file, std::wstring& reason) {
     end(module, true, ignored);
     return false;
   }
-  for (Document* one : Host::instance().documents().all()) {
-    send(module, AcRx::kLoadDwgMsg, one);
-  }
+  for (Document* one : Host::instance().documents().all()) send(module, AcRx::kLoadDwgMsg, one);
   return true;
 }
 

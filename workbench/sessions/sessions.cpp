@@ -1,4 +1,5 @@
 #include <windows.h>
+
 #include <shellapi.h>
 
 #include <cstdio>
@@ -59,22 +60,23 @@ Options parse(int count, wchar_t** arguments) {
     }
     if (at + 1 == count) throw std::invalid_argument("a value is missing");
     const std::wstring value = arguments[++at];
-    if (name == L"--sessions")
+    if (name == L"--sessions") {
       options.sessions = number(value);
-    else if (name == L"--seed")
+    } else if (name == L"--seed") {
       options.seed = number(value);
-    else if (name == L"--steps")
+    } else if (name == L"--steps") {
       options.steps = number(value);
-    else if (name == L"--patience")
+    } else if (name == L"--patience") {
       options.patience = number(value);
-    else if (name == L"--drawings")
+    } else if (name == L"--drawings") {
       options.drawings = value;
-    else if (name == L"--kept")
+    } else if (name == L"--kept") {
       options.kept = value;
-    else if (name == L"--trial")
+    } else if (name == L"--trial") {
       options.isTrial = true, options.trial = number(value);
-    else
+    } else {
       throw std::invalid_argument("unknown: " + wb::toUtf8(name));
+    }
   }
   return options;
 }
@@ -105,8 +107,10 @@ int report(unsigned seed, const std::string& problem) {
 int runBatch(const Options& options) {
   for (unsigned at = 0; at < options.sessions; ++at) {
     const unsigned seed = options.seed + at;
-    if (report(seed, sessions::runSession(sessions::steps(seed, options.steps), options.patience)))
+    if (report(seed,
+               sessions::runSession(sessions::steps(seed, options.steps), options.patience))) {
       return 1;
+    }
   }
   return 0;
 }

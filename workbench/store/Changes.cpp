@@ -91,9 +91,7 @@ void Store::add(const std::wstring& path, const std::filesystem::path& from,
                 const std::wstring& user, const std::wstring& comment) {
   const std::wstring local = plainPath(path);
   StoredVault& vault = vaultFor(local);
-  if (find(local)) {
-    throw StoreError(E_QVT_NAME_ALREADY_EXISTS, local + L" is in the vault already");
-  }
+  if (find(local)) throw StoreError(E_QVT_NAME_ALREADY_EXISTS, local + L" is in the vault already");
   const std::string bytes = readFile(from.empty() ? std::filesystem::path(local) : from);
   if (writeTime(local) != 0 && readFile(local) != bytes) {
     throw StoreError(E_QVT_NAME_ALREADY_EXISTS, L"there is another local file " + local);

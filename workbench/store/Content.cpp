@@ -118,9 +118,7 @@ void StoreContent::archive(StoredFile& file, const std::string& bytes, const std
   version.user = user;
   version.comment = comment;
   version.date = currentTime();
-  if (!file.versions.empty()) {
-    version.date = std::max(version.date, file.latest().date + dateGrain);
-  }
+  if (!file.versions.empty()) version.date = std::max(version.date, file.latest().date + dateGrain);
   version.archive = archiveName(file.id, version.number);
   replaceFile(archiveFolder() / version.archive, bytes);
   file.versions.push_back(std::move(version));

@@ -80,7 +80,9 @@ std::vector<std::wstring> Yard::losses(bool savesChanges) const {
       continue;
     }
     const StoredFile* file = store().find(path);
-    if (!file) continue;  // desktop.ini
+    if (!file) {
+      continue;  // desktop.ini
+    }
     std::vector<std::string> known{content};
     for (const StoredVersion& version : file->versions) {
       const fs::path archived = work / L"store" / L"archive" / version.archive;

@@ -2,6 +2,7 @@
 // asks Windows for be refused, one after the other, in all that a user does with it, and looks at
 // what is left behind.
 #include <windows.h>
+
 #include <shellapi.h>
 
 #include <cstdio>
@@ -117,8 +118,9 @@ class Sweep {
     ++runs;
     const std::string what = nameOf(scenario, fault);
     if (verdict.problems.empty()) {
-      if (wishes.list)
+      if (wishes.list) {
         std::printf("ok      %s%s\n", what.c_str(), verdict.escaped ? ": escapes" : "");
+      }
       return;
     }
     ++failed;

@@ -42,7 +42,9 @@ void forEachImport(HMODULE module, Visitor visit) {
   const auto* library =
       reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(base + directory.VirtualAddress);
   for (; library->Name != 0; ++library) {
-    if (library->OriginalFirstThunk == 0) continue;  // no names kept beside the addresses
+    if (library->OriginalFirstThunk == 0) {
+      continue;  // no names kept beside the addresses
+    }
     const auto* names =
         reinterpret_cast<const IMAGE_THUNK_DATA*>(base + library->OriginalFirstThunk);
     auto* slots = reinterpret_cast<IMAGE_THUNK_DATA*>(base + library->FirstThunk);

@@ -101,8 +101,9 @@ void setSetting(Arguments& arguments) {
   }
   wchar_t* end = nullptr;
   const unsigned long long value = std::wcstoull(data.c_str(), &end, 0);
-  if (data.empty() || *end)
+  if (data.empty() || *end) {
     arguments.fail(wb::quoted(data) + L" is no number; a text is set `as text`");
+  }
   const auto narrow = static_cast<DWORD>(value);
   if (type == L"number") {
     checkStatus(writeSetting(setting, REG_DWORD, &narrow, sizeof(narrow)), name);

@@ -31,8 +31,9 @@ std::wstring documentOrActive(Arguments& arguments) {
   std::wstring path = arguments.atEnd() ? std::wstring() : windowsPath(arguments.textUntil());
   DocumentManager& documents = Host::instance().documents();
   if (path.empty() && !documents.active()) throw ImpossibleStep(L"no drawing is open");
-  if (!path.empty() && !documents.find(path))
+  if (!path.empty() && !documents.find(path)) {
     throw ImpossibleStep(wb::quoted(path) + L" isn't open");
+  }
   return path;
 }
 

@@ -1,7 +1,7 @@
 // What stands in the active drawing: its layouts and the attributes of its blocks.
 
-#include "core/Transcript.h"
 #include "database/Drawing.h"
+#include "core/Transcript.h"
 #include "editor/Document.h"
 #include "editor/DocumentManager.h"
 #include "editor/Host.h"

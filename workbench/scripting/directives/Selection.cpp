@@ -1,9 +1,9 @@
 // What the user picks in the drawing, and the right-click menu on it.
 
+#include "editor/Selection.h"
 #include "core/Transcript.h"
 #include "editor/ContextMenus.h"
 #include "editor/Host.h"
-#include "editor/Selection.h"
 #include "scripting/Directives.h"
 
 namespace wb {

@@ -24,14 +24,15 @@ struct NewVersion {
     const std::vector<std::wstring_view> keywords{L"from", L"user", L"comment"};
     path = windowsPath(arguments.textUntil(keywords));
     while (!arguments.atEnd()) {
-      if (arguments.take(L"from"))
+      if (arguments.take(L"from")) {
         from = windowsPath(arguments.textUntil(keywords));
-      else if (arguments.take(L"user"))
+      } else if (arguments.take(L"user")) {
         user = arguments.textUntil(keywords);
-      else if (arguments.take(L"comment"))
+      } else if (arguments.take(L"comment")) {
         comment = arguments.textUntil();
-      else
+      } else {
         arguments.end();
+      }
     }
   }
   std::wstring path;
@@ -59,14 +60,15 @@ void checkOut(ScriptContext&, Arguments& arguments) {
   std::wstring computer = Store::thisComputer();
   std::wstring folder = path.substr(0, path.rfind(L'\\'));
   while (!arguments.atEnd()) {
-    if (arguments.take(L"user"))
+    if (arguments.take(L"user")) {
       user = arguments.textUntil(keywords);
-    else if (arguments.take(L"computer"))
+    } else if (arguments.take(L"computer")) {
       computer = arguments.textUntil(keywords);
-    else if (arguments.take(L"folder"))
+    } else if (arguments.take(L"folder")) {
       folder = arguments.textUntil(keywords);
-    else
+    } else {
       arguments.end();
+    }
   }
   store().checkOutFor(path, user, computer, folder);
 }
