@@ -1,5 +1,5 @@
-# unit_tests drives the module's parts directly, workbench_tests the real .arx in the workbench.
-# Both are Windows programs; cmake/run-under-wine starts them.
+# unit_tests drives the module's parts directly, module_tests the built .arx in the workbench, workbench_tests
+# the workbench itself. All are Windows programs; cmake/run-under-wine starts them.
 
 find_path(GOOGLETEST_FOLDER googletest/CMakeLists.txt PATHS /usr/src/googletest
           NO_CMAKE_FIND_ROOT_PATH REQUIRED)

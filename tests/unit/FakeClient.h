@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "FakeObject.h"
+#include "unit/FakeObject.h"
 #include "vault/VaultInterfaces.h"
 
 /// The client's main object, which has nothing but words for errors.

@@ -7,14 +7,14 @@
 #include <stdexcept>
 #include <vector>
 
-#include "BoxWatch.h"
 #include "editor/DocumentManager.h"
-#include "FakeClient.h"
 #include "foundation/AppContext.h"
 #include "foundation/Border.h"
 #include "foundation/LaterCalls.h"
 #include "foundation/SimpleDialog.h"
 #include "ui/resource.h"
+#include "unit/BoxWatch.h"
+#include "unit/FakeClient.h"
 #include "vault/ErrorReport.h"
 #include "vault/ResultCodes.h"
 #include "watch/ImportWatch.h"

@@ -6,8 +6,8 @@
 
 #include <rxdefs.h>
 
-#include "BoxWatch.h"
 #include "frame/CommandGuard.h"
+#include "unit/BoxWatch.h"
 
 extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt);
 

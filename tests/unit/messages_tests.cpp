@@ -2,10 +2,10 @@
 
 #include <comdef.h>
 
-#include "BoxWatch.h"
-#include "FakeClient.h"
 #include "foundation/AppContext.h"
 #include "foundation/CString.h"
+#include "unit/BoxWatch.h"
+#include "unit/FakeClient.h"
 #include "vault/ErrorReport.h"
 #include "vault/MessageStrings.h"
 #include "vault/ResultCodes.h"

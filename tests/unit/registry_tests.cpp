@@ -1,7 +1,7 @@
 #include "foundation/AppMessageBox.h"
 #include "foundation/Registry.h"
 #include "foundation/SettingsLight.h"
-#include "RegistryFixture.h"
+#include "unit/RegistryFixture.h"
 #include "vault/OpenVaultFile.h"
 
 namespace {

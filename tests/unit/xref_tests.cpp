@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "FakeObject.h"
+#include "unit/FakeObject.h"
 #include "vault/OpenVaultFile.h"
 #include "xref/ModifiedDates.h"
 #include "xref/XrefList.h"

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "BareSession.h"
 #include "core/Transcript.h"
+#include "workbench/BareSession.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include <vector>
 
-#include "ClientTest.h"
+#include "workbench/ClientTest.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "ClientTest.h"
+#include "workbench/ClientTest.h"
 
 namespace {
 

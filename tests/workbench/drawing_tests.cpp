@@ -1,4 +1,4 @@
-#include "DrawingTest.h"
+#include "shared/DrawingTest.h"
 
 #include <acdblmgr.h>
 #include <acutmem.h>

@@ -1,4 +1,4 @@
-#include "DrawingTest.h"
+#include "shared/DrawingTest.h"
 
 #include "database/Database.h"
 #include "dxf/Groups.h"

@@ -1,4 +1,4 @@
-#include "ModuleSession.h"
+#include "shared/ModuleSession.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <fstream>
 #include <string>
 
-#include "HostTest.h"
+#include "workbench/HostTest.h"
 
 namespace {
 

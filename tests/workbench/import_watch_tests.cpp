@@ -6,11 +6,11 @@
 
 #include <string>
 
-#include "BareSession.h"
 #include "core/Accounts.h"
 #include "core/Program.h"
 #include "core/Transcript.h"
 #include "dialogs/Answers.h"
+#include "workbench/BareSession.h"
 
 namespace {
 

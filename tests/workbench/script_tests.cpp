@@ -9,13 +9,13 @@
 #include <stdexcept>
 #include <string>
 
-#include "BareSession.h"
 #include "core/Accounts.h"
 #include "core/RegistrySettings.h"
 #include "core/Transcript.h"
 #include "dialogs/Answers.h"
 #include "editor/CommandStack.h"
 #include "editor/Host.h"
+#include "workbench/BareSession.h"
 
 namespace {
 

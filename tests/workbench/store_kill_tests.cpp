@@ -5,7 +5,7 @@
 #include <sstream>
 
 #include "core/Program.h"
-#include "StoreTest.h"
+#include "workbench/StoreTest.h"
 
 namespace {
 

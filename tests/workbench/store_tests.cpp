@@ -1,4 +1,4 @@
-#include "StoreTest.h"
+#include "workbench/StoreTest.h"
 
 #include "core/ResultCodes.h"
 #include "core/ResultNames.h"

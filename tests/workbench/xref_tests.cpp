@@ -1,4 +1,4 @@
-#include "DrawingTest.h"
+#include "shared/DrawingTest.h"
 
 #include <accmd.h>
 #include <acedads.h>

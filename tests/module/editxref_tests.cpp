@@ -3,7 +3,7 @@
 #include "core/Text.h"
 #include "editor/DocumentManager.h"
 #include "editor/Host.h"
-#include "XrefSession.h"
+#include "module/XrefSession.h"
 
 namespace {
 

@@ -4,12 +4,12 @@
 #include <map>
 
 #include "database/Database.h"
-#include "DrawingTest.h"
 #include "editor/Document.h"
 #include "editor/DocumentManager.h"
 #include "editor/Host.h"
 #include "faults/Faults.h"
-#include "ModuleSession.h"
+#include "shared/DrawingTest.h"
+#include "shared/ModuleSession.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 #include "core/Text.h"
-#include "XrefSession.h"
+#include "module/XrefSession.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 
 #include "core/Text.h"
 #include "editor/Host.h"
-#include "ModuleSession.h"
-#include "StubbornKey.h"
+#include "module/StubbornKey.h"
+#include "shared/ModuleSession.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "editor/LoadRecord.h"
-#include "ModuleSession.h"
+#include "shared/ModuleSession.h"
 
 namespace {
 

@@ -2,8 +2,8 @@
 // of the status window and in the right-click menu, none in the host's events.
 
 #include "core/Text.h"
+#include "module/XrefSession.h"
 #include "watch/ImportWatch.h"
-#include "XrefSession.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "core/Text.h"
-#include "ModuleSession.h"
+#include "shared/ModuleSession.h"
 #include "store/Store.h"
 
 namespace {

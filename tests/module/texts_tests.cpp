@@ -9,9 +9,9 @@
 #include <sstream>
 
 #include "core/Text.h"
-#include "StubbornKey.h"
+#include "module/StubbornKey.h"
+#include "module/XrefSession.h"
 #include "ui/resource.h"
-#include "XrefSession.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "editor/DocumentManager.h"
 #include "editor/Host.h"
-#include "ModuleSession.h"
+#include "shared/ModuleSession.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <shellapi.h>
 
 #include "core/Program.h"
-#include "ModuleSession.h"
+#include "shared/ModuleSession.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include <windows.h>
 
 #include "core/Text.h"
-#include "XrefSession.h"
+#include "module/XrefSession.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ModuleSession.h"
+#include "shared/ModuleSession.h"
 
 /// A sheet in the vault, held by the user, with these blocks: Grid (three versions, the first one
 /// here), Tree > (Alpha > Beta; Zeta), Loose (outside the vault) and the ordinary block Plain.

@@ -1,7 +1,7 @@
 #include <fstream>
 
 #include "core/Text.h"
-#include "ModuleSession.h"
+#include "shared/ModuleSession.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include "core/Accounts.h"
 #include "editor/CommandStack.h"
 #include "editor/Host.h"
-#include "ModuleSession.h"
+#include "shared/ModuleSession.h"
 
 namespace {
 

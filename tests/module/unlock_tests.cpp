@@ -4,7 +4,7 @@
 #include "editor/Document.h"
 #include "editor/DocumentManager.h"
 #include "editor/Host.h"
-#include "ModuleSession.h"
+#include "shared/ModuleSession.h"
 
 namespace {
 

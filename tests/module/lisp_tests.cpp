@@ -3,7 +3,7 @@
 #include <rxdict.h>
 #include <rxobject.h>
 
-#include "ModuleSession.h"
+#include "shared/ModuleSession.h"
 
 namespace {
 

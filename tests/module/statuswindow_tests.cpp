@@ -8,7 +8,7 @@
 
 #include "core/Text.h"
 #include "dialogs/Answers.h"
-#include "ModuleSession.h"
+#include "shared/ModuleSession.h"
 #include "store/Store.h"
 #include "ui/resource.h"
 

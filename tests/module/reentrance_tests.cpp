@@ -16,7 +16,7 @@
 #include "editor/DocumentManager.h"
 #include "editor/Editor.h"
 #include "editor/Host.h"
-#include "ModuleSession.h"
+#include "shared/ModuleSession.h"
 #include "watch/ImportWatch.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "XrefSession.h"
+#include "module/XrefSession.h"
 
 namespace {
 

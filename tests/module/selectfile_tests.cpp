@@ -1,5 +1,5 @@
 #include "editor/Host.h"
-#include "ModuleSession.h"
+#include "shared/ModuleSession.h"
 
 namespace {
 
