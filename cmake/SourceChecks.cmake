@@ -35,8 +35,8 @@ endfunction()
 
 # --- format -------------------------------------------------------------------------------------
 
-find_program(CLANG_FORMAT NAMES clang-format-19)
-if(CLANG_FORMAT)
+find_program(CLANG_FORMAT_PROGRAM NAMES clang-format-19)
+if(CLANG_FORMAT_PROGRAM)
   set(format_stamps "")
   project_files(formatted_files h cpp)
   foreach(file IN LISTS formatted_files)
@@ -44,14 +44,14 @@ if(CLANG_FORMAT)
     set(stamp ${checks_folder}/${name}.format)
     add_custom_command(
       OUTPUT ${stamp}
-      COMMAND ${CLANG_FORMAT} --style=file --dry-run -Werror ${file}
+      COMMAND ${CLANG_FORMAT_PROGRAM} --style=file --dry-run -Werror ${file}
       COMMAND ${CMAKE_COMMAND} -E touch ${stamp}
       DEPENDS ${file} ${CMAKE_SOURCE_DIR}/.clang-format
       COMMENT "Checking the format of ${name}" VERBATIM)
     list(APPEND format_stamps ${stamp})
   endforeach()
   add_custom_target(format_check DEPENDS ${format_stamps})
-  add_custom_target(format COMMAND ${CLANG_FORMAT} --style=file -i ${formatted_files} VERBATIM)
+  add_custom_target(format COMMAND ${CLANG_FORMAT_PROGRAM} --style=file -i ${formatted_files} VERBATIM)
 else()
   add_missing_check(format_check clang-format-19)
 endif()
