@@ -29,7 +29,8 @@ constexpr int eventsInARound = 500;
 /// One opening and reading of a setting, as Windows makes any program pay for it.
 void readSettingOnce() {
   HKEY key = nullptr;
-  if (RegOpenKeyExW(HKEY_CURRENT_USER, addinSettingsKey, 0, KEY_READ, &key) != ERROR_SUCCESS) {
+  if (RegOpenKeyExW(HKEY_CURRENT_USER, tessaro::addinSettingsKey, 0, KEY_READ, &key) !=
+      ERROR_SUCCESS) {
     throw std::runtime_error("the settings can't be opened");
   }
   DWORD value = 0, size = sizeof(value);
@@ -68,15 +69,15 @@ struct FoundFile {
   }
 
   long folderId() const {
-    const VaultObjectPtr object = folder;
+    const tessaro::VaultObjectPtr object = folder;
     long id = 0;
     need(object->id(&id));
     return id;
   }
 
-  VaultClientPtr client;
-  VaultFolderPtr folder;
-  VaultFilePtr file;
+  tessaro::VaultClientPtr client;
+  tessaro::VaultFolderPtr folder;
+  tessaro::VaultFilePtr file;
 };
 
 /// The bare calls of a status query, in the module's order.

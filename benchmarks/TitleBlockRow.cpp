@@ -23,6 +23,10 @@ namespace bench {
 
 namespace {
 
+using tessaro::ArxPtr;
+using tessaro::DelPtr;
+using tessaro::HostString;
+
 constexpr int variables = 20;
 constexpr int attributes = 6;
 constexpr int repetitions = 21;

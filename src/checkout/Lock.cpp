@@ -12,6 +12,8 @@
 #include "vault/MessageStrings.h"
 #include "vault/OpenVaultFile.h"
 
+namespace tessaro {
+
 namespace {
 
 bool userAgrees(const _bstr_t& fileName, bool modified) {
@@ -65,3 +67,5 @@ void lock(AppContext& app, bool silent) {
     reportComErrorClient(app, client, error, loadMessage(10, "Error checking out file."));
   }
 }
+
+}  // namespace tessaro

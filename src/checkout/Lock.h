@@ -1,5 +1,7 @@
 #pragma once
 
+namespace tessaro {
+
 class AppContext;
 
 /// Checks the current drawing out: gives the open copy up, checks the file out and opens it again.
@@ -9,3 +11,5 @@ class AppContext;
 /// @throws _com_error if the vault can't say who holds the file or what it is called; a failed
 /// check-out is told to the user instead, and the drawing opens again all the same
 void lock(AppContext& app, bool silent);
+
+}  // namespace tessaro

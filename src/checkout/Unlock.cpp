@@ -15,6 +15,8 @@
 #include "vault/OpenVaultFile.h"
 #include "vault/RunMenuCmd.h"
 
+namespace tessaro {
+
 namespace {
 
 struct VaultFacts {
@@ -84,3 +86,5 @@ void onDocumentDestroyed(AppContext& app, PendingCheckIn& note, const ACHAR* fil
     // The drawing stays checked out, and can be checked in from the vault's own folder.
   }
 }
+
+}  // namespace tessaro

@@ -2,6 +2,8 @@
 
 #include <AdAChar.h>
 
+namespace tessaro {
+
 class AppContext;
 struct PendingCheckIn;
 
@@ -16,3 +18,5 @@ void unlock(AppContext& app, PendingCheckIn& note);
 /// to the vault client's own check-in dialog.
 /// @param fileName the full path that the document had
 void onDocumentDestroyed(AppContext& app, PendingCheckIn& note, const ACHAR* fileName);
+
+}  // namespace tessaro

@@ -1,5 +1,7 @@
 #include "foundation/AppContext.h"
 
+namespace tessaro {
+
 namespace {
 
 AppContext* application = nullptr;
@@ -9,3 +11,5 @@ AppContext* application = nullptr;
 AppContext* currentApp() { return application; }
 
 void setCurrentApp(AppContext* app) { application = app; }
+
+}  // namespace tessaro

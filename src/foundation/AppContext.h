@@ -5,6 +5,8 @@
 #include "foundation/CString.h"
 #include "foundation/LaterCalls.h"
 
+namespace tessaro {
+
 /// What every layer may know of the running module.
 class AppContext {
  public:
@@ -22,3 +24,5 @@ AppContext* currentApp();
 
 /// Makes `app` the module's application object. It isn't owned.
 void setCurrentApp(AppContext* app);
+
+}  // namespace tessaro

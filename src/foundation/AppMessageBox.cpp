@@ -3,6 +3,8 @@
 #include "foundation/AppContext.h"
 #include "foundation/Registry.h"
 
+namespace tessaro {
+
 namespace {
 
 /// @return empty if there is no usable title
@@ -41,3 +43,5 @@ CString productTitle(const wchar_t* fallback) {
   }
   return fallback;
 }
+
+}  // namespace tessaro

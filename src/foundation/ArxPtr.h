@@ -1,5 +1,7 @@
 #pragma once
 
+namespace tessaro {
+
 /// Keeps a database object of the host open for a scope: closes it (AcDbObject::close) and does
 /// nothing else. The object itself stays the host's.
 template <class T>
@@ -33,3 +35,5 @@ class ArxPtr {
  private:
   T* object = nullptr;
 };
+
+}  // namespace tessaro

@@ -1,5 +1,7 @@
 #include "foundation/Border.h"
 
+namespace tessaro {
+
 HRESULT currentFailure() noexcept {
   try {
     throw;
@@ -11,3 +13,5 @@ HRESULT currentFailure() noexcept {
     return E_UNEXPECTED;
   }
 }
+
+}  // namespace tessaro

@@ -8,6 +8,8 @@
 
 #include "foundation/FailureBox.h"
 
+namespace tessaro {
+
 // The borders of the module: where the host or Windows calls into it. No exception may leave there,
 // except where the host takes a _com_error from a command or from the edit guard.
 
@@ -50,3 +52,5 @@ void asComErrors(Work work) {
     _com_issue_error(E_UNEXPECTED);
   }
 }
+
+}  // namespace tessaro

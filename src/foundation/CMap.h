@@ -5,6 +5,8 @@
 
 #include "foundation/Lst.h"
 
+namespace tessaro {
+
 /// A map that also knows the order in which its elements came. KEYARG and VALUEARG are how keys and
 /// values are handed in. What the values point to isn't owned.
 template <class KEY, class KEYARG, class VALUE, class VALUEARG>
@@ -60,3 +62,5 @@ class CMap {
   std::map<KEY, Elem*> index;
   Lst<Elem*> elements;
 };
+
+}  // namespace tessaro

@@ -2,7 +2,11 @@
 
 #include <windows.h>
 
+namespace tessaro {
+
 bool equalIgnoringCase(const CString& left, const CString& right) {
   return CompareStringOrdinal(left.c_str(), static_cast<int>(left.size()), right.c_str(),
                               static_cast<int>(right.size()), TRUE) == CSTR_EQUAL;
 }
+
+}  // namespace tessaro

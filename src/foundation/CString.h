@@ -2,6 +2,8 @@
 
 #include <string>
 
+namespace tessaro {
+
 /// The module's wide string.
 using CString = std::wstring;
 
@@ -11,3 +13,5 @@ bool equalIgnoringCase(const CString& left, const CString& right);
 
 /// The text, empty for null. What COM hands out as a string may be null where it means no text.
 inline CString textOf(const wchar_t* text) { return text != nullptr ? CString(text) : CString(); }
+
+}  // namespace tessaro

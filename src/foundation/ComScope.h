@@ -2,6 +2,8 @@
 
 #include <objbase.h>
 
+namespace tessaro {
+
 /// A level of COM on this thread for a scope, for work that the host doesn't start as a command.
 class ComScope {
  public:
@@ -15,3 +17,5 @@ class ComScope {
  private:
   const bool entered;
 };
+
+}  // namespace tessaro

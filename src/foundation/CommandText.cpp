@@ -2,6 +2,8 @@
 
 #include <acdocman.h>
 
+namespace tessaro {
+
 CString commandText(const AppContext& app, const CString& command) {
   return L"_" + app.prefix + L"_" + command + L" ";
 }
@@ -11,3 +13,5 @@ void sendToCommandLine(AcApDocument* document, const CString& text) {
   acDocManagerPtr()->sendStringToExecute(document, text.c_str(), activate, wrapUpInactiveDoc,
                                          echoString);
 }
+
+}  // namespace tessaro

@@ -4,6 +4,8 @@
 
 #include "foundation/HostMemory.h"
 
+namespace tessaro {
+
 /// Owns an iterator that the host made for the caller, and deletes it.
 template <class T>
 class DelPtr {
@@ -38,3 +40,5 @@ class DelPtr {
 
   T* object = nullptr;
 };
+
+}  // namespace tessaro

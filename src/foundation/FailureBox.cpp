@@ -4,6 +4,8 @@
 
 #include "foundation/AppMessageBox.h"
 
+namespace tessaro {
+
 namespace {
 
 /// Windows' message for the code without a line break at its end, cut to the room that there is.
@@ -30,3 +32,5 @@ void plainFailureBox(const wchar_t* context, HRESULT code) noexcept {
   appendSystemMessage(text + length, static_cast<int>(std::size(text)) - length, code);
   appMessageBox(text, MB_ICONINFORMATION);
 }
+
+}  // namespace tessaro

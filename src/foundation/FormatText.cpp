@@ -5,6 +5,8 @@
 #include <iterator>
 #include <optional>
 
+namespace tessaro {
+
 namespace {
 
 constexpr int longestField = 500;
@@ -126,3 +128,5 @@ CString formatText(std::wstring_view pattern, std::initializer_list<FormatValue>
 CString formatText(const wchar_t* pattern, std::initializer_list<FormatValue> values) {
   return formatText(std::wstring_view(pattern != nullptr ? pattern : L""), values);
 }
+
+}  // namespace tessaro

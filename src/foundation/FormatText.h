@@ -7,6 +7,8 @@
 
 #include "foundation/CString.h"
 
+namespace tessaro {
+
 /// One value for `formatText`. A text isn't copied: it has to live through the call.
 class FormatValue {
  public:
@@ -36,3 +38,5 @@ CString formatText(std::wstring_view pattern, std::initializer_list<FormatValue>
 
 /// The same for a pattern that may be null, which gives an empty text.
 CString formatText(const wchar_t* pattern, std::initializer_list<FormatValue> values);
+
+}  // namespace tessaro

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <iterator>
 
+namespace tessaro {
+
 void freeHostMemory(void* memory) noexcept {
   if (memory == nullptr) return;
   HANDLE heaps[256];
@@ -14,3 +16,5 @@ void freeHostMemory(void* memory) noexcept {
       heaps, end, [memory](HANDLE heap) { return HeapValidate(heap, 0, memory) != FALSE; });
   if (owner != end) HeapFree(*owner, 0, memory);
 }
+
+}  // namespace tessaro

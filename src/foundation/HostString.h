@@ -4,6 +4,8 @@
 
 #include "foundation/CString.h"
 
+namespace tessaro {
+
 /// Owner of a text that the host made for the caller.
 class HostString {
  public:
@@ -31,3 +33,5 @@ class HostString {
 
   ACHAR* made = nullptr;
 };
+
+}  // namespace tessaro

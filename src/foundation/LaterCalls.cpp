@@ -7,6 +7,8 @@
 #include "foundation/AppContext.h"
 #include "foundation/Border.h"
 
+namespace tessaro {
+
 namespace {
 
 /// One more reference to this library.
@@ -47,3 +49,5 @@ void LaterCalls::run(Ticket ticket) {
   const auto called = waiting.extract(ticket);
   if (called) called.mapped()();
 }
+
+}  // namespace tessaro

@@ -5,6 +5,8 @@
 #include <functional>
 #include <map>
 
+namespace tessaro {
+
 /// Work that was handed to the host to be called later. It is owned here until the host calls it:
 /// what the host hasn't called when the module ends is dropped, and a call that comes after that
 /// does nothing. For such a call the library stays in the process while one is waited for.
@@ -33,3 +35,5 @@ class LaterCalls {
   std::map<Ticket, std::function<void()>> waiting;
   Ticket last = 0;
 };
+
+}  // namespace tessaro

@@ -8,6 +8,8 @@
 #include <new>
 #include <utility>
 
+namespace tessaro {
+
 /// A doubly linked list whose nodes come from COM's task allocator.
 template <class T>
 class Lst {
@@ -64,3 +66,5 @@ class Lst {
   Node* tail = nullptr;
   long long count = 0;
 };
+
+}  // namespace tessaro

@@ -1,5 +1,7 @@
 #include "foundation/ModuleFile.h"
 
+namespace tessaro {
+
 CString moduleFilePath(HINSTANCE module) {
   wchar_t path[MAX_PATH] = {};
   const DWORD length = GetModuleFileNameW(module, path, MAX_PATH);
@@ -15,3 +17,5 @@ CString moduleBaseName(HINSTANCE module) {
   }
   return name;
 }
+
+}  // namespace tessaro

@@ -3,6 +3,8 @@
 #include <cstring>
 #include <vector>
 
+namespace tessaro {
+
 namespace {
 
 /// A value as it stands in the registry.
@@ -105,3 +107,5 @@ bool writeAddinSetting(const wchar_t* name, DWORD data) {
   return settings.open(HKEY_CURRENT_USER, addinSettingsKey, KEY_WRITE, true) &&
          settings.set(name, REG_DWORD, &data, sizeof(data)) == ERROR_SUCCESS;
 }
+
+}  // namespace tessaro

@@ -4,6 +4,8 @@
 
 #include "foundation/CString.h"
 
+namespace tessaro {
+
 /// The suite's own key, below HKEY_LOCAL_MACHINE and HKEY_CURRENT_USER.
 inline constexpr wchar_t suiteKey[] = L"Software\\Halvern\\Applications\\Quillstone Suite";
 /// The add-in's settings, below HKEY_CURRENT_USER.
@@ -56,3 +58,5 @@ bool readAddinSetting(const wchar_t* name, DWORD& data);
 
 /// Writes a setting of the add-in as REG_DWORD, with its key if that isn't there.
 bool writeAddinSetting(const wchar_t* name, DWORD data);
+
+}  // namespace tessaro

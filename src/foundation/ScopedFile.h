@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+namespace tessaro {
+
 /// Owner of an open file.
 class ScopedFile {
  public:
@@ -19,3 +21,5 @@ class ScopedFile {
  private:
   const HANDLE handle;
 };
+
+}  // namespace tessaro

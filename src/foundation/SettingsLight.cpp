@@ -2,6 +2,8 @@
 
 #include <vector>
 
+namespace tessaro {
+
 namespace {
 
 REGSAM accessOf(unsigned flags) {
@@ -80,3 +82,5 @@ bool SettingsLight::openVaultKey(const wchar_t* vaultName, Registry& opened,
   }
   return false;
 }
+
+}  // namespace tessaro

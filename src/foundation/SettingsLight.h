@@ -2,6 +2,8 @@
 
 #include "foundation/Registry.h"
 
+namespace tessaro {
+
 /// Finds the keys of the suite. Made on the stack for one question.
 class SettingsLight {
  public:
@@ -54,3 +56,5 @@ class SettingsLight {
   Registry userRoot;
   Registry machineRoot;
 };
+
+}  // namespace tessaro

@@ -5,6 +5,8 @@
 #include "foundation/AppContext.h"
 #include "foundation/Border.h"
 
+namespace tessaro {
+
 INT_PTR SimpleDialog::doModal(HWND owner) {
   failure = S_OK;
   const AppContext* app = currentApp();
@@ -84,3 +86,5 @@ void SimpleDialog::centreOnOwner() {
                std::max(work.top, std::min(top, work.bottom - height)), 0, 0,
                SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
+
+}  // namespace tessaro

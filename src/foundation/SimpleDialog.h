@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+namespace tessaro {
+
 /// A modal dialog out of the module's resources. Derived classes say what happens in it; an
 /// exception that leaves one of their handlers closes the dialog and goes on from `doModal` as a
 /// _com_error, since Windows doesn't carry one through a dialog procedure.
@@ -57,3 +59,5 @@ class CSimpleDialog : public SimpleDialog {
  protected:
   CSimpleDialog() : SimpleDialog(resourceId, centreOnParent) {}
 };
+
+}  // namespace tessaro

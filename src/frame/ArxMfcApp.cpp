@@ -14,6 +14,8 @@
 #include "frame/CommandGuard.h"
 #include "frame/HostService.h"
 
+namespace tessaro {
+
 ArxMfcApp::ArxMfcApp(const wchar_t* prefixText, int prefixCommands, int prefixFunctions,
                      int linkerFlag)
     : prefixCommands(prefixCommands), prefixFunctions(prefixFunctions), linkerFlag(linkerFlag) {
@@ -132,3 +134,5 @@ void showInstalledBox(ArxMfcApp& app) {
 }
 
 void installCommandWorker() { guardedCommand<ArxMfcApp, showInstalledBox>(); }
+
+}  // namespace tessaro

@@ -7,6 +7,8 @@
 #include "foundation/CMap.h"
 #include "foundation/CString.h"
 
+namespace tessaro {
+
 /// A function that the module offers to the host's LISP interpreter.
 struct AdsFunctionHolder {
   /// The name that LISP sees, with its prefix.
@@ -105,3 +107,5 @@ void showInstalledBox(ArxMfcApp& app);
 
 /// Command worker around `showInstalledBox`, for a module that wants such a command.
 void installCommandWorker();
+
+}  // namespace tessaro

@@ -18,6 +18,8 @@
 #include "xref/GetXrefVersion.h"
 #include "xref/XrefCheckOut.h"
 
+namespace tessaro {
+
 namespace {
 
 struct Command {
@@ -83,3 +85,5 @@ void addCommands(TessaroAcadApp& app) {
     atBorder([&] { app.addAppCommand(command.name, command.name, command.worker, command.flags); });
   }
 }
+
+}  // namespace tessaro

@@ -8,6 +8,8 @@
 #include "frame/TessaroAcadApp.h"
 #include "vault/MessageStrings.h"
 
+namespace tessaro {
+
 namespace {
 
 /// COM on the thread that loads the module, for as long as the module is loaded.
@@ -36,9 +38,12 @@ ProcessApartment processApartment;
 
 }  // namespace
 
+}  // namespace tessaro
+
 /// The host's way into the module.
 extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt) {
-  return atBorder(AcRx::kRetOK, [&] { return ArxMfcApp::current()->dispatch(msg, pkt); });
+  return tessaro::atBorder(AcRx::kRetOK,
+                           [&] { return tessaro::ArxMfcApp::current()->dispatch(msg, pkt); });
 }
 
 /// Windows' own word that the library comes and goes: after the static objects' making and ahead of
@@ -46,12 +51,12 @@ extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt) {
 /// @param processEnds not null at the end of a process that hasn't unloaded the library
 BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, void* processEnds) {
   if (reason == DLL_PROCESS_ATTACH) {
-    application.moduleInstance = instance;
+    tessaro::application.moduleInstance = instance;
   } else if (reason == DLL_PROCESS_DETACH) {
-    application.moduleInstance = nullptr;
+    tessaro::application.moduleInstance = nullptr;
     if (processEnds != nullptr) {
-      application.processEnds();
-      processApartment.processEnds();
+      tessaro::application.processEnds();
+      tessaro::processApartment.processEnds();
     }
   }
   return TRUE;

@@ -4,6 +4,8 @@
 #include <rxdict.h>
 #include <rxobject.h>
 
+namespace tessaro {
+
 /// The host's service `name` out of acrxSysRegistry, seen as `Service`.
 /// @return null if there is no such service, or if it is of another class
 template <class Service>
@@ -22,3 +24,5 @@ Service* hostServiceOfClass(const ACHAR* name, const ACHAR* className) {
   return expected != nullptr && service->isKindOf(expected) ? static_cast<Service*>(service)
                                                             : nullptr;
 }
+
+}  // namespace tessaro

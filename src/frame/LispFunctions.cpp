@@ -8,6 +8,8 @@
 #include "foundation/FormatText.h"
 #include "frame/ArxMfcApp.h"
 
+namespace tessaro {
+
 int ArxMfcApp::addLispFunction(const CString& name, int (*function)()) {
   nameCommandGroup();
   constexpr size_t markerLength = 2;
@@ -60,3 +62,5 @@ void ArxMfcApp::deleteFunctions() {
   for (int index = 0; const auto* element = functions.lookup(index); ++index) delete element->value;
   functions.clear();
 }
+
+}  // namespace tessaro

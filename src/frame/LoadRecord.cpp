@@ -8,6 +8,8 @@
 #include "foundation/ModuleFile.h"
 #include "vault/MessageStrings.h"
 
+namespace tessaro {
+
 namespace {
 
 const wchar_t applicationName[] = L"TessaroACAD";
@@ -36,3 +38,5 @@ void uninstall() {
     tell(19, "Failed acrxUnregisterApp. The add-in may not be installed.");
   }
 }
+
+}  // namespace tessaro

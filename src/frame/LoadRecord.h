@@ -1,5 +1,7 @@
 #pragma once
 
+namespace tessaro {
+
 class AppContext;
 
 /// Puts the module into the list of applications that the host loads as it starts, under the path
@@ -10,3 +12,5 @@ void install(AppContext& app);
 /// Takes the module out of that list (acrxUnregisterApp), and tells the outcome on the command
 /// line. The running module stays loaded.
 void uninstall();
+
+}  // namespace tessaro

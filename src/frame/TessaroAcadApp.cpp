@@ -13,6 +13,8 @@
 #include "vault/MessageStrings.h"
 #include "xref/EditXref.h"
 
+namespace tessaro {
+
 namespace {
 
 AcEditor* editor() { return hostServiceOfClass<AcEditor>(L"AcEditor", L"AcEditor"); }
@@ -104,7 +106,7 @@ void TessaroAcadApp::documentActivated(AcApDocument* document) {
 }
 
 void TessaroAcadApp::editGuardCheck(AcApDocument* document) {
-  ::editGuardCheck(*this, guardedDocuments, document);
+  tessaro::editGuardCheck(*this, guardedDocuments, document);
 }
 
 void TessaroAcadApp::saveBegins(AcDbDatabase* database) {
@@ -120,3 +122,5 @@ void TessaroAcadApp::saved(AcDbDatabase* database, const ACHAR* actualName) {
 void TessaroAcadApp::documentDestroyed(const ACHAR* fileName) {
   onDocumentDestroyed(*this, pendingCheckIn, fileName);
 }
+
+}  // namespace tessaro

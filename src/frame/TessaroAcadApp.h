@@ -13,6 +13,8 @@
 #include "vault/VaultInterfaces.h"
 #include "xref/XrefList.h"
 
+namespace tessaro {
+
 /// The add-in: what it keeps between one call of the host and the next.
 class TessaroAcadApp : public ArxMfcApp, public DocumentEvents {
  public:
@@ -52,3 +54,5 @@ class TessaroAcadApp : public ArxMfcApp, public DocumentEvents {
   PendingCheckIn pendingCheckIn;
   GuardedDocuments guardedDocuments;
 };
+
+}  // namespace tessaro

@@ -4,6 +4,8 @@
 
 #include <cwchar>
 
+namespace tessaro {
+
 bool MatchTag(const CString& tag, const CString& pattern) {
   if (pattern.find(L'*') == CString::npos) return _wcsicmp(tag.c_str(), pattern.c_str()) == 0;
 
@@ -29,3 +31,5 @@ bool MatchTag(const CString& tag, const CString& pattern) {
   if (trailing) return longEnough && upperTag.compare(0, rest.size(), rest) == 0;
   return upperTag == rest;
 }
+
+}  // namespace tessaro

@@ -15,6 +15,8 @@
 #include "vault/ErrorReport.h"
 #include "vault/MessageStrings.h"
 
+namespace tessaro {
+
 namespace {
 
 /// Block table records by name, each read once and open for read until the cache goes. A name that
@@ -170,3 +172,5 @@ void reportBorderError(AppContext& app, const VaultClientLegacyPtr& client,
                        const _com_error& error) {
   reportComError(app, client, error, loadMessage(5, "Could not update the drawing border."));
 }
+
+}  // namespace tessaro

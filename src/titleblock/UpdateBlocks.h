@@ -11,6 +11,8 @@ class AcDbBlockReference;
 class AcDbBlockTableRecord;
 class AcDbDatabase;
 
+namespace tessaro {
+
 /// Writes the variables' values along all their mappings into the references of the named blocks.
 /// A vault failure is reported and ends the run; what was written stays written.
 /// @param client words the failure.
@@ -35,3 +37,5 @@ bool SetAttributeValue(AcDbBlockReference& reference, const CString& pattern, co
 /// Reports a vault failure of the title block update in a box.
 void reportBorderError(AppContext& app, const VaultClientLegacyPtr& client,
                        const _com_error& error);
+
+}  // namespace tessaro

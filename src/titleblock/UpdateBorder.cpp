@@ -7,6 +7,8 @@
 #include "vault/CheckedCall.h"
 #include "vault/OpenVaultFile.h"
 
+namespace tessaro {
+
 namespace {
 
 /// The oldest client that gives out card variables.
@@ -31,3 +33,5 @@ void UpdateBorder(AppContext& app, bool currentLayoutOnly) {
     reportBorderError(app, drawing.client, error);
   }
 }
+
+}  // namespace tessaro

@@ -3,6 +3,8 @@
 #include "foundation/Border.h"
 #include "tracking/DocumentEvents.h"
 
+namespace tessaro {
+
 void DocManagerReactor::documentToBeDestroyed(AcApDocument* document) {
   atBorder([&] { events->documentToBeDestroyed(document); });
 }
@@ -26,3 +28,5 @@ void DocManagerReactor::documentActivated(AcApDocument* document) {
 void DocManagerReactor::editGuardCheck(AcApDocument* document) {
   asComErrors([&] { events->editGuardCheck(document); });
 }
+
+}  // namespace tessaro

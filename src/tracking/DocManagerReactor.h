@@ -2,6 +2,8 @@
 
 #include <acdocman.h>
 
+namespace tessaro {
+
 class DocumentEvents;
 
 /// Hands the document manager's events on to the module.
@@ -27,3 +29,5 @@ class DocManagerReactor : public AcApDocManagerReactor {
  private:
   DocumentEvents* events;
 };
+
+}  // namespace tessaro

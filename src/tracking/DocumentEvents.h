@@ -5,6 +5,8 @@
 class AcApDocument;
 class AcDbDatabase;
 
+namespace tessaro {
+
 /// The events of the host's drawings that the module takes, as its reactors hand them on. What a
 /// receiver has no use for does nothing.
 class DocumentEvents {
@@ -29,3 +31,5 @@ class DocumentEvents {
  protected:
   ~DocumentEvents() = default;
 };
+
+}  // namespace tessaro

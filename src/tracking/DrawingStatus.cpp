@@ -2,6 +2,8 @@
 
 #include "vault/OpenVaultFile.h"
 
+namespace tessaro {
+
 void fillDrawingStatus(AppContext& app, DrawingStatus& status, const CString& path) {
   long localVersion = 0, latestVersion = 0;
   bool checkedOut = false, checkedOutHere = false;
@@ -19,3 +21,5 @@ void fillDrawingStatus(AppContext& app, DrawingStatus& status, const CString& pa
                      : checkedOutHere ? LockState::checkedOutHere
                                       : LockState::checkedOutElsewhere;
 }
+
+}  // namespace tessaro

@@ -3,6 +3,8 @@
 #include "foundation/AppContext.h"
 #include "foundation/CString.h"
 
+namespace tessaro {
+
 enum class LockState { checkedOutHere = 0, checkedOutElsewhere = 1, notCheckedOut = 2 };
 
 /// What the vault knows of one drawing. "Here" is this computer and the folder of the drawing.
@@ -15,3 +17,5 @@ struct DrawingStatus {
 
 /// Asks the vault for the status of `path`: one login and one lookup.
 void fillDrawingStatus(AppContext& app, DrawingStatus& status, const CString& path);
+
+}  // namespace tessaro

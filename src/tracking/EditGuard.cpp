@@ -14,6 +14,8 @@
 #include "vault/MessageStrings.h"
 #include "vault/OpenVaultFile.h"
 
+namespace tessaro {
+
 namespace {
 
 /// The guarded file as the vault gives it, opened for one check.
@@ -97,3 +99,5 @@ void guardTellLockedElsewhere(AppContext&, AcApDocument* document) {
       {path});
   appMessageBox(text.c_str(), MB_ICONEXCLAMATION);
 }
+
+}  // namespace tessaro

@@ -6,6 +6,8 @@
 
 class AcApDocument;
 
+namespace tessaro {
+
 /// Drawings that the edit guard has looked at, each with its warning-due flag: true while the
 /// drawing is in a vault, not held here, and no warning was given; false when nothing more is to
 /// be done for it.
@@ -23,3 +25,5 @@ void guardAskLock(AppContext& app, AcApDocument* document);
 
 /// The command `telllockedelsewhere`: tells that the changed drawing can't be saved.
 void guardTellLockedElsewhere(AppContext& app, AcApDocument* document);
+
+}  // namespace tessaro

@@ -3,6 +3,8 @@
 #include "foundation/Border.h"
 #include "tracking/DocumentEvents.h"
 
+namespace tessaro {
+
 void EditorReactor::beginSave(AcDbDatabase* database, const ACHAR*) {
   asComErrors([&] { events->saveBegins(database); });
 }
@@ -14,3 +16,5 @@ void EditorReactor::saveComplete(AcDbDatabase* database, const ACHAR* actualName
 void EditorReactor::editorNotice() {
   atBorder([&] { events->editorNotice(); });
 }
+
+}  // namespace tessaro

@@ -2,6 +2,8 @@
 
 #include <aced.h>
 
+namespace tessaro {
+
 class DocumentEvents;
 
 /// Hands the editor's events on to the module.
@@ -21,3 +23,5 @@ class EditorReactor : public AcEditorReactor {
  private:
   DocumentEvents* events;
 };
+
+}  // namespace tessaro

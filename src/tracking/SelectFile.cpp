@@ -13,6 +13,8 @@
 #include "vault/MessageStrings.h"
 #include "vault/OpenVaultFile.h"
 
+namespace tessaro {
+
 namespace {
 
 /// What the host's own open dialog passes as its flags.
@@ -82,3 +84,5 @@ Acad::ErrorStatus TessaroSelectFile(short* userCancel, ACHAR*& chosenPath, void*
   });
   return Acad::eOk;
 }
+
+}  // namespace tessaro

@@ -2,6 +2,8 @@
 
 #include "vault/MessageStrings.h"
 
+namespace tessaro {
+
 void setControlText(HWND dialog, const ControlText& text) {
   SetDlgItemTextW(dialog, text.control, loadMessage(text.message, text.text));
 }
@@ -10,3 +12,5 @@ void setButtonTexts(HWND dialog) {
   setControlText(dialog, {IDOK, 180, "OK"});
   if (GetDlgItem(dialog, IDCANCEL)) setControlText(dialog, {IDCANCEL, 181, "Cancel"});
 }
+
+}  // namespace tessaro

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+namespace tessaro {
+
 /// A control's text: its number in the message table and its English wording.
 struct ControlText {
   int control;
@@ -25,3 +27,5 @@ template <size_t count>
 void setControlTexts(HWND dialog, const ControlText (&texts)[count]) {
   for (const ControlText& text : texts) setControlText(dialog, text);
 }
+
+}  // namespace tessaro

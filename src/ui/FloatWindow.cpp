@@ -15,6 +15,8 @@
 #include "vault/MessageStrings.h"
 #include "xref/XrefWork.h"
 
+namespace tessaro {
+
 namespace {
 
 constexpr UINT_PTR monitorTimer = 1;
@@ -370,3 +372,5 @@ void FloatWindow::onDestroy() {
   writeAddinSetting(L"WndPosX", static_cast<DWORD>(place.left));
   writeAddinSetting(L"WndPosY", static_cast<DWORD>(place.top));
 }
+
+}  // namespace tessaro

@@ -13,6 +13,8 @@
 class AcApDocument;
 class AcDbDatabase;
 
+namespace tessaro {
+
 enum class XrefState { latest = 0, notLatest = 1, unknown = 2, notApplicable = 3 };
 
 /// What the status window shows for one document, and remembers of the others.
@@ -92,3 +94,5 @@ class FloatWindow : public XrefStateObserver {
   HBITMAP refreshBitmap = nullptr;
   std::map<AcApDocument*, FloatDocState> documents;
 };
+
+}  // namespace tessaro

@@ -11,6 +11,8 @@
 #include "vault/MessageStrings.h"
 #include "vault/OpenVaultFile.h"
 
+namespace tessaro {
+
 namespace {
 
 void addColumn(HWND list, int position, const wchar_t* heading, int widthInPixels) {
@@ -119,3 +121,5 @@ long chooseVersion(AppContext& app, const CString& path) {
   GetVersionDialog dialog(app, path);
   return dialog.doModal(app.mainWindow) == IDOK ? dialog.selectedVersion : 0;
 }
+
+}  // namespace tessaro

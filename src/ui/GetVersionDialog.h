@@ -5,6 +5,8 @@
 #include "foundation/SimpleDialog.h"
 #include "ui/resource.h"
 
+namespace tessaro {
+
 /// Shows the versions of one file, newest first, with their comments, and gives back the version
 /// that the user chose.
 class GetVersionDialog : public CSimpleDialog<IDD_GET_VERSION, true> {
@@ -33,3 +35,5 @@ class GetVersionDialog : public CSimpleDialog<IDD_GET_VERSION, true> {
 /// Runs the dialog over the host's main window.
 /// @return the chosen version, 0 if the user cancelled or chose none.
 long chooseVersion(AppContext& app, const CString& path);
+
+}  // namespace tessaro

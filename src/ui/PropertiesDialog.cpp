@@ -12,6 +12,8 @@
 #include "xref/XrefInfo.h"
 #include "xref/XrefPaths.h"
 
+namespace tessaro {
+
 namespace {
 
 constexpr ControlText labels[] = {
@@ -89,3 +91,5 @@ void properties(AppContext& app) {
   if (!fileToShow(path) || !readProperties(app, path, file)) return;
   PropertiesDialog(file).doModal(app.mainWindow);
 }
+
+}  // namespace tessaro

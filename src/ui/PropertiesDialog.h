@@ -5,6 +5,8 @@
 #include "foundation/SimpleDialog.h"
 #include "ui/resource.h"
 
+namespace tessaro {
+
 /// The vault facts of one file, as its properties dialog shows them.
 struct FileProperties {
   CString fileName;        ///< the file's name in the vault
@@ -33,3 +35,5 @@ class PropertiesDialog : public CSimpleDialog<IDD_PROPERTIES, true> {
 /// The command `properties`: shows the vault facts of the preselected xref, or else of the current
 /// drawing. A file outside the vault gets no dialog.
 void properties(AppContext& app);
+
+}  // namespace tessaro

@@ -10,6 +10,8 @@
 #include "ui/Version.h"
 #include "vault/MessageStrings.h"
 
+namespace tessaro {
+
 namespace {
 
 constexpr ControlText texts[] = {
@@ -76,3 +78,5 @@ void settings(AppContext& app, FloatWindow* statusWindow) {
   writeAddinSetting(L"EditWarning", dialog.editWarning);
   if (statusWindow) statusWindow->Configure(dialog.statusWnd, dialog.interval);
 }
+
+}  // namespace tessaro

@@ -4,6 +4,8 @@
 #include "foundation/SimpleDialog.h"
 #include "ui/resource.h"
 
+namespace tessaro {
+
 class FloatWindow;
 
 /// Shows the four settings of the user; they are taken out of the controls when it closes.
@@ -27,3 +29,5 @@ class SettingsDialog : public CSimpleDialog<IDD_SETTINGS, true> {
 /// status window follows at once.
 /// @param statusWindow null if there is none
 void settings(AppContext& app, FloatWindow* statusWindow);
+
+}  // namespace tessaro

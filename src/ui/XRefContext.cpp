@@ -10,6 +10,8 @@
 #include "xref/XrefInfo.h"
 #include "xref/XrefPaths.h"
 
+namespace tessaro {
+
 namespace {
 
 enum MenuId : UINT { checkOutId = 1, checkInId, editId, propertiesId, firstVersionId = 10 };
@@ -157,3 +159,5 @@ void XRefContext::sendCommand(Adesk::UInt32 id) {
   }
   sendToCommandLine(acDocManagerPtr()->mdiActiveDocument(), commandText(app, command));
 }
+
+}  // namespace tessaro

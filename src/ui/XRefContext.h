@@ -9,6 +9,8 @@
 #include "foundation/AppContext.h"
 #include "vault/OpenVaultFile.h"
 
+namespace tessaro {
+
 /// What the check-out states of all selected xrefs leave of the menu's first entry: each xref has
 /// a veto.
 struct XrefMenuFlags {
@@ -47,3 +49,5 @@ class XRefContext : public AcEdUIContext {
   HMENU menu;
   HMENU versionMenu;
 };
+
+}  // namespace tessaro

@@ -3,6 +3,8 @@
 
 #include <iterator>
 
+namespace tessaro {
+
 namespace {
 
 const ResultText rows[] = {
@@ -77,3 +79,5 @@ const ResultText rows[] = {
 }  // namespace
 
 const ResultTexts archiveTexts = {rows, std::size(rows)};
+
+}  // namespace tessaro

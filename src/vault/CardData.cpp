@@ -2,6 +2,8 @@
 
 #include "vault/CheckedCall.h"
 
+namespace tessaro {
+
 VaultCardDataPtr cardDataOf(VaultFileLegacy* file) {
   VaultCardDataPtr card;
   check(required(file).cardData(_bstr_t(L""), &card), *file);
@@ -51,3 +53,5 @@ _variant_t valueFor(VaultCardVariable* variable, const _bstr_t& configuration) {
   check(required(variable).valueForConfiguration(configuration, &value), *variable);
   return value;
 }
+
+}  // namespace tessaro

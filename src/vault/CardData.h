@@ -6,6 +6,8 @@
 #include "foundation/CString.h"
 #include "vault/VaultInterfaces.h"
 
+namespace tessaro {
+
 /// The data card of a file.
 /// @throws _com_error
 VaultCardDataPtr cardDataOf(VaultFileLegacy* file);
@@ -40,3 +42,5 @@ CString attributeTagOf(VaultAttributeMapping* mapping);
 /// The value of a variable in one configuration, of any type.
 /// @throws _com_error
 _variant_t valueFor(VaultCardVariable* variable, const _bstr_t& configuration);
+
+}  // namespace tessaro

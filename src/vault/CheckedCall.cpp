@@ -1,5 +1,7 @@
 #include "vault/CheckedCall.h"
 
+namespace tessaro {
+
 long parentWindow(const AppContext& app) {
   return static_cast<long>(reinterpret_cast<LONG_PTR>(app.mainWindow));
 }
@@ -71,3 +73,5 @@ void getLocalCopy(const AppContext& app, VaultFile* file, const CString& path) {
                                     localPath.GetAddress()),
         *file);
 }
+
+}  // namespace tessaro

@@ -4,6 +4,8 @@
 #include "foundation/CString.h"
 #include "vault/VaultInterfaces.h"
 
+namespace tessaro {
+
 // Calls on the client whose failure raises _com_error. Null in place of an object raises E_POINTER.
 
 /// Raises the failure `result` of a call on `object`, with what the object says about it
@@ -48,3 +50,5 @@ CString rootFolderPath(VaultClient* client);
 
 /// Copies the latest version of the file to its local path.
 void getLocalCopy(const AppContext& app, VaultFile* file, const CString& path);
+
+}  // namespace tessaro

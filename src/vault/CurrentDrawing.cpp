@@ -7,6 +7,8 @@
 #include "foundation/AppMessageBox.h"
 #include "vault/MessageStrings.h"
 
+namespace tessaro {
+
 CurrentDrawing currentDrawing() {
   CurrentDrawing drawing;
   drawing.database = acdbHostApplicationServices()->workingDatabase();
@@ -28,3 +30,5 @@ bool isCurrentDrawingModified() {
   acedGetVar(L"DBMOD", &value);
   return value.resval.rint != 0;
 }
+
+}  // namespace tessaro

@@ -3,6 +3,8 @@
 class AcApDocument;
 class AcDbDatabase;
 
+namespace tessaro {
+
 /// The drawing of the host's working database, which need not be the one of the window on top.
 struct CurrentDrawing {
   AcDbDatabase* database = nullptr;
@@ -20,3 +22,5 @@ CurrentDrawing requireCurrentDrawing();
 
 /// Whether the current drawing has unsaved changes: any bit of the host's variable DBMOD.
 bool isCurrentDrawingModified();
+
+}  // namespace tessaro

@@ -8,6 +8,8 @@
 #include "vault/OpenVaultFile.h"
 #include "vault/VaultSteps.h"
 
+namespace tessaro {
+
 namespace {
 
 /// Whether the client is of the version or newer; tells the user if not.
@@ -68,3 +70,5 @@ HRESULT OpenVaultContext(AppContext& app, DrawingVaultContext& context, long req
                           loadMessage(5, "Could not update the drawing border."));
   }
 }
+
+}  // namespace tessaro

@@ -4,6 +4,8 @@
 #include "vault/MessageStrings.h"
 #include "vault/ResultCodes.h"
 
+namespace tessaro {
+
 namespace {
 
 template <class ClientPtr>
@@ -46,3 +48,5 @@ HRESULT reportComErrorClient(AppContext&, const VaultClientPtr& client, const _c
                              const wchar_t* context) {
   return report(client, error, context);
 }
+
+}  // namespace tessaro

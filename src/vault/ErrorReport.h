@@ -3,6 +3,8 @@
 #include "foundation/AppContext.h"
 #include "vault/VaultInterfaces.h"
 
+namespace tessaro {
+
 /// Reports a failed operation to the user: the context, and on the next line the cause in the words
 /// of the client, or those of Windows if there is no client or it has none.
 /// @param client the client that the operation ran on, may be null
@@ -17,3 +19,5 @@ HRESULT reportComError(AppContext& app, const VaultClientLegacyPtr& client, cons
 /// The same with the current generation of the client.
 HRESULT reportComErrorClient(AppContext& app, const VaultClientPtr& client, const _com_error& error,
                              const wchar_t* context);
+
+}  // namespace tessaro

@@ -5,6 +5,8 @@
 #include "vault/OpenVaultFile.h"
 #include "vault/VaultSteps.h"
 
+namespace tessaro {
+
 namespace {
 
 bool isThisComputer(const _bstr_t& computer) {
@@ -147,3 +149,5 @@ CheckOutState readCheckOutStateOrTell(AppContext& app, const CString& path,
     return notInVault;
   }
 }
+
+}  // namespace tessaro

@@ -2,6 +2,8 @@
 
 #include "vault/CheckedCall.h"
 
+namespace tessaro {
+
 ItemIdList parseName(IShellFolder* folder, const _bstr_t& fileName) {
   _bstr_t name(fileName, true);
   LPITEMIDLIST parsed = nullptr;
@@ -17,3 +19,5 @@ IShellFolderPtr shellFolderOf(IUnknown* folder) {
         *folder);
   return shellFolder;
 }
+
+}  // namespace tessaro

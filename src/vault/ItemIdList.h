@@ -6,6 +6,8 @@
 
 #include "vault/VaultInterfaces.h"
 
+namespace tessaro {
+
 /// Frees an item id list as the shell asks for it.
 struct ItemIdListDeleter {
   void operator()(ITEMIDLIST* list) const { CoTaskMemFree(list); }
@@ -19,3 +21,5 @@ ItemIdList parseName(IShellFolder* folder, const _bstr_t& fileName);
 /// The shell's side of a vault's folder.
 /// @throws _com_error
 IShellFolderPtr shellFolderOf(IUnknown* folder);
+
+}  // namespace tessaro

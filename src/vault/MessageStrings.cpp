@@ -7,6 +7,8 @@
 #include "foundation/ModuleFile.h"
 #include "vault/VaultInterfaces.h"
 
+namespace tessaro {
+
 namespace {
 
 const wchar_t productName[] = L"Halvern Vault Manager";
@@ -77,3 +79,5 @@ void releaseTextService() {
 }
 
 void forgetTextService() { textService = nullptr; }
+
+}  // namespace tessaro

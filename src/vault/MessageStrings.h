@@ -4,6 +4,8 @@
 
 #include <comdef.h>
 
+namespace tessaro {
+
 /// The add-in's text of that number in the user's language, from the client's text service. The
 /// service is made at the first text and kept; while it can't be had, each text is its default.
 /// @param defaultText in the system's 8-bit code page
@@ -28,3 +30,5 @@ void releaseTextService();
 
 /// Forgets the text service without a word to it: the process ends, and it may be gone.
 void forgetTextService();
+
+}  // namespace tessaro

@@ -6,12 +6,14 @@
 #include "vault/MessageStrings.h"
 #include "vault/VaultSteps.h"
 
+namespace tessaro {
+
 namespace {
 
 /// What sets the generations of the client apart in the opening of a file.
 struct CurrentGeneration {
   static bool logIn(const AppContext& app, const VaultClientPtr& client, const _bstr_t& name) {
-    return SUCCEEDED(::logIn(app, client, name));
+    return SUCCEEDED(tessaro::logIn(app, client, name));
   }
   /// Its lookup may succeed without a file.
   static bool isFound(const VaultFilePtr& file) { return file; }
@@ -20,7 +22,7 @@ struct CurrentGeneration {
 struct OlderGeneration {
   static bool logIn(const AppContext& app, const VaultClientLegacyPtr& client,
                     const _bstr_t& name) {
-    check(::logIn(app, client, name), *client);
+    check(tessaro::logIn(app, client, name), *client);
     return true;
   }
   static bool isFound(const VaultFileLegacyPtr&) { return true; }
@@ -98,3 +100,5 @@ void openVaultViewRecord(AppContext& app, std::unique_ptr<VaultViewRecord>& reco
   PathRemoveBackslashW(rootPath.data());
   rootPath.resize(wcslen(rootPath.c_str()));
 }
+
+}  // namespace tessaro

@@ -9,6 +9,8 @@
 
 class AcDbDatabase;
 
+namespace tessaro {
+
 // From a path to its file in the vault. Nothing is remembered between two calls: each makes the
 // client's main object, logs in and looks the file up. If the main object can't be made, each tells
 // the user so.
@@ -128,3 +130,5 @@ bool isVaultOffline(const wchar_t* vaultName);
 /// @param kind 1 for the view, 2 for the vault
 /// @return false, and `identifier` as it was, if there is no well-formed one
 bool readViewIdentifier(const CString& rootPath, int kind, GUID& identifier);
+
+}  // namespace tessaro

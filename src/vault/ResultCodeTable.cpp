@@ -1,5 +1,7 @@
 #include "vault/ResultCodeTable.h"
 
+namespace tessaro {
+
 const ResultCodeRow resultCodeTable[resultCodeRowCount] = {
     {0x00000000, L"S_OK"},
     {0x00000001, L"S_FALSE"},
@@ -286,3 +288,5 @@ const ResultCodeRow resultCodeTable[resultCodeRowCount] = {
     {0x800404D4, L"E_FVC_VAULT_VERSION_TOO_OLD"},
     {0x800404D5, L"E_FVC_CS_FILE_NOT_FOUND"},
 };
+
+}  // namespace tessaro

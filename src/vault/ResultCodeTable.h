@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <cstdint>
 
+namespace tessaro {
+
 /// The symbolic name of one result code.
 struct ResultCodeRow {
   std::uint32_t code;
@@ -14,3 +16,5 @@ constexpr std::size_t resultCodeRowCount = 284;
 /// All named codes: success, COM's own, then the client's by group of names. A code may stand in
 /// it twice, and so may a name; the first row counts.
 extern const ResultCodeRow resultCodeTable[resultCodeRowCount];
+
+}  // namespace tessaro

@@ -11,6 +11,8 @@
 #include "vault/ResultCodeTable.h"
 #include "vault/ResultTexts.h"
 
+namespace tessaro {
+
 namespace {
 
 // In 32 bits without a sign, as the tables and the ranges have them.
@@ -156,3 +158,5 @@ _bstr_t systemMessage(HRESULT code) {
   }
   return buffer;
 }
+
+}  // namespace tessaro

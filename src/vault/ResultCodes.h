@@ -4,6 +4,8 @@
 
 #include <comdef.h>
 
+namespace tessaro {
+
 // The client's results that the module knows to be no fault, or explains in words of its own.
 constexpr HRESULT E_QVT_PERMISSION_DENIED = static_cast<HRESULT>(0x80040203);
 constexpr HRESULT E_QVT_NOT_LOGGED_IN = static_cast<HRESULT>(0x80040204);
@@ -35,3 +37,5 @@ _bstr_t internetErrorText(HRESULT code);
 
 /// Windows' own message for a code, without a line break at its end; a number if Windows has none.
 _bstr_t systemMessage(HRESULT code);
+
+}  // namespace tessaro

@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <cstdint>
 
+namespace tessaro {
+
 /// The text of one result code.
 struct ResultText {
   std::uint32_t code;
@@ -25,3 +27,5 @@ struct ResultTexts {
 extern const ResultTexts vaultTexts;
 /// The codes of the archive server.
 extern const ResultTexts archiveTexts;
+
+}  // namespace tessaro

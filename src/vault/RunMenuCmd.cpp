@@ -6,6 +6,8 @@
 #include "vault/CheckedCall.h"
 #include "vault/ItemIdList.h"
 
+namespace tessaro {
+
 namespace {
 
 _COM_SMARTPTR_TYPEDEF(IContextMenu, __uuidof(IContextMenu));
@@ -54,3 +56,5 @@ void runVerb(HWND window, const IShellFolderPtr& shellFolder, const _bstr_t& fil
     // A verb that failed or was cancelled has told the user what it had to tell.
   }
 }
+
+}  // namespace tessaro

@@ -4,6 +4,8 @@
 #include "foundation/SimpleDialog.h"
 #include "vault/VaultInterfaces.h"
 
+namespace tessaro {
+
 /// Runs a verb of the vault's shell extension on one file, as a click in the file's right-click
 /// menu would. The dialog has no controls: it gives the verb an owner window and a message loop.
 class RunMenuCmd : public CSimpleDialog<119, true> {
@@ -28,3 +30,5 @@ class RunMenuCmd : public CSimpleDialog<119, true> {
 /// @param window the window that the verb gets as its own
 void runVerb(HWND window, const IShellFolderPtr& shellFolder, const _bstr_t& fileName,
              const CString& verb);
+
+}  // namespace tessaro

@@ -7,6 +7,8 @@
 
 #include "TessaroClient.h"
 
+namespace tessaro {
+
 // Reference-counting holders of the client's interfaces. A call on a null one raises E_POINTER.
 _COM_SMARTPTR_TYPEDEF(VaultClient, __uuidof(VaultClient));
 _COM_SMARTPTR_TYPEDEF(VaultClientLegacy, __uuidof(VaultClientLegacy));
@@ -27,3 +29,5 @@ _COM_SMARTPTR_TYPEDEF(VaultQuery, __uuidof(VaultQuery));
 _COM_SMARTPTR_TYPEDEF(VaultRowList, __uuidof(VaultRowList));
 _COM_SMARTPTR_TYPEDEF(VaultTextService, __uuidof(VaultTextService));
 _COM_SMARTPTR_TYPEDEF(IShellFolder, __uuidof(IShellFolder));
+
+}  // namespace tessaro

@@ -1,6 +1,8 @@
 #include "foundation/SettingsLight.h"
 #include "vault/OpenVaultFile.h"
 
+namespace tessaro {
+
 bool isVaultOffline(const wchar_t* vaultName) {
   const wchar_t offline[] = L"Offline";
   SettingsLight settings;
@@ -18,3 +20,5 @@ bool isVaultOffline(const wchar_t* vaultName) {
   const bool isNumber = type == REG_DWORD || type == REG_DWORD_BIG_ENDIAN;
   return result == ERROR_SUCCESS && isNumber && size == sizeof(value) && value != 0;
 }
+
+}  // namespace tessaro

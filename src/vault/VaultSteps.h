@@ -8,6 +8,8 @@
 #include "vault/OpenVaultFile.h"
 #include "vault/ResultCodes.h"
 
+namespace tessaro {
+
 // The steps from a path to its vault that the routines of OpenVaultFile.h share. `ClientPtr` is the
 // holder of either generation's main interface: the operations have the same names in both.
 
@@ -66,3 +68,5 @@ bool reachVault(const CString& path, ClientPtr& client, _bstr_t& vaultName, bool
   }
   return !isVaultOffline(vaultName);
 }
+
+}  // namespace tessaro

@@ -3,6 +3,8 @@
 
 #include <iterator>
 
+namespace tessaro {
+
 namespace {
 
 const ResultText rows[] = {
@@ -260,3 +262,5 @@ const ResultText rows[] = {
 }  // namespace
 
 const ResultTexts vaultTexts = {rows, std::size(rows)};
+
+}  // namespace tessaro

@@ -3,6 +3,8 @@
 
 #include "vault/OpenVaultFile.h"
 
+namespace tessaro {
+
 namespace {
 
 /// @return null for a kind that there is none of
@@ -48,3 +50,5 @@ bool readViewIdentifier(const CString& rootPath, int kind, GUID& identifier) {
              0 &&
          parseIdentifier(text, identifier);
 }
+
+}  // namespace tessaro

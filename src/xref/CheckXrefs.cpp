@@ -26,6 +26,8 @@
 #include "xref/XrefStateObserver.h"
 #include "xref/XrefWork.h"
 
+namespace tessaro {
+
 namespace {
 
 /// One check of the current drawing: as many passes over its xref graph as refreshed files bring
@@ -195,3 +197,5 @@ XrefCheck checkXrefs(AppContext& app, XrefStateObserver& observer, bool update) 
   if (lock.lockStatus() != Acad::eOk) return XrefCheck::impossible;
   return checkLocked(app, observer, folder, update);
 }
+
+}  // namespace tessaro

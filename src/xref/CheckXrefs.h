@@ -2,6 +2,8 @@
 
 #include "foundation/AppContext.h"
 
+namespace tessaro {
+
 class XrefStateObserver;
 
 enum class XrefCheck {
@@ -18,3 +20,5 @@ enum class XrefCheck {
 /// calls it outside any command. COM has to be started on the thread.
 /// @param update unload, fetch and reload each stale xref; else the first stale one ends the check.
 XrefCheck checkXrefs(AppContext& app, XrefStateObserver& observer, bool update);
+
+}  // namespace tessaro

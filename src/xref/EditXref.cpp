@@ -21,6 +21,8 @@
 #include "xref/XrefPaths.h"
 #include "xref/XrefWork.h"
 
+namespace tessaro {
+
 namespace {
 
 enum class CheckOutNeed { none, checkOut, refused };
@@ -118,3 +120,5 @@ void onDocumentToBeDestroyed(AppContext&, XrefList& pendingReloads, AcApDocument
     pendingReloads.removeCurrent();
   }
 }
+
+}  // namespace tessaro

@@ -4,6 +4,9 @@
 #include "foundation/CString.h"
 
 class AcApDocument;
+
+namespace tessaro {
+
 class XrefList;
 
 /// The command `editxref`: opens a picked xref's file in a window of its own, checked out where
@@ -20,3 +23,5 @@ void onDocumentActivated(AppContext& app, XrefList& pendingReloads, AcApDocument
 
 /// Forgets the xrefs of a parent that is going away.
 void onDocumentToBeDestroyed(AppContext&, XrefList& pendingReloads, AcApDocument* document);
+
+}  // namespace tessaro

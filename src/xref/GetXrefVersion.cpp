@@ -20,6 +20,8 @@
 #include "xref/XrefStateObserver.h"
 #include "xref/XrefWork.h"
 
+namespace tessaro {
+
 namespace {
 
 void fetchVersion(VaultFolderLegacy* folder, const CString& path, long version) {
@@ -70,3 +72,5 @@ void getXrefVersion(AppContext& app, XrefStateObserver& observer, long version,
   }
   observer.SetXrefsUnknown();
 }
+
+}  // namespace tessaro

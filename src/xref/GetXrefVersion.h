@@ -5,6 +5,8 @@
 #include "foundation/AppContext.h"
 #include "foundation/CString.h"
 
+namespace tessaro {
+
 class XrefStateObserver;
 struct XrefInfo;
 
@@ -25,3 +27,5 @@ void getxrefver2(AppContext& app, XrefStateObserver& observer);
 /// @throws _com_error if the vault fails; what was unloaded then stays unloaded.
 void getXrefVersion(AppContext& app, XrefStateObserver& observer, long version,
                     const XrefInfo& xref);
+
+}  // namespace tessaro

@@ -9,6 +9,8 @@
 #include "vault/OpenVaultFile.h"
 #include "xref/XrefPaths.h"
 
+namespace tessaro {
+
 namespace {
 
 CString quotesDoubled(const wchar_t* text) {
@@ -123,3 +125,5 @@ FileAge isOutOfDate(const XrefFileRecord& record) {
   if (!record.inVault || record.exempt) return FileAge::current;
   return CompareFileTime(&record.vaultDate, &local) == 0 ? FileAge::current : FileAge::outOfDate;
 }
+
+}  // namespace tessaro

@@ -7,6 +7,8 @@
 
 #include "foundation/CString.h"
 
+namespace tessaro {
+
 struct VaultViewRecord;
 
 /// What one check knows of an xref's file.
@@ -45,3 +47,5 @@ void readModifiedDates(const VaultViewRecord& view, const CString& statements, X
 /// Compares the local file's write time, at a grain of two seconds, with the vault's date. Any
 /// difference counts, a newer local file too.
 FileAge isOutOfDate(const XrefFileRecord& record);
+
+}  // namespace tessaro

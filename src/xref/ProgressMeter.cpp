@@ -2,6 +2,8 @@
 
 #include "foundation/HostExtras.h"
 
+namespace tessaro {
+
 ProgressMeter::~ProgressMeter() {
   if (shown) acedRestoreStatusBar();
 }
@@ -13,3 +15,5 @@ void ProgressMeter::next(const CString& label) {
   if (shown) acedSetStatusBarProgressMeterPos(done);
   ++done;
 }
+
+}  // namespace tessaro

@@ -2,6 +2,8 @@
 
 #include "foundation/CString.h"
 
+namespace tessaro {
+
 /// Tells the user what the fetching of many files is at, which may take minutes without a window of
 /// its own: the meter in the host's status bar, for as long as the holder lives; it appears with
 /// the first step.
@@ -22,3 +24,5 @@ class ProgressMeter {
   int done = 0;
   bool shown = false;
 };
+
+}  // namespace tessaro

@@ -3,6 +3,8 @@
 #include <adscodes.h>
 #include <dbmain.h>
 
+namespace tessaro {
+
 SelectionSet::~SelectionSet() {
   if (held) acedSSFree(name);
 }
@@ -24,3 +26,5 @@ bool SelectionSet::at(long index, AcDbObjectId& id) const {
   acdbGetObjectId(id, entity);
   return true;
 }
+
+}  // namespace tessaro

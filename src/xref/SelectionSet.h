@@ -3,6 +3,8 @@
 #include <acedads.h>
 #include <dbid.h>
 
+namespace tessaro {
+
 /// A selection set of the host, freed with its holder.
 class SelectionSet {
  public:
@@ -26,3 +28,5 @@ class SelectionSet {
   ads_name name{};
   bool held = false;
 };
+
+}  // namespace tessaro

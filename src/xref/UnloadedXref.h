@@ -8,6 +8,8 @@
 
 #include "foundation/CString.h"
 
+namespace tessaro {
+
 /// An xref of the current drawing that is unloaded while its file changes. It is loaded again at
 /// the end of the scope, also by an error.
 class UnloadedXref {
@@ -32,3 +34,5 @@ class UnloadedXref {
   const CString& name;
   bool loadsAgain = false;
 };
+
+}  // namespace tessaro

@@ -18,6 +18,8 @@
 #include "xref/XrefPaths.h"
 #include "xref/XrefWork.h"
 
+namespace tessaro {
+
 namespace {
 
 struct LegacyFile {
@@ -87,3 +89,5 @@ bool changeXrefCheckOut(AppContext& app, CString path, const CString& name, bool
   if (!openVaultFileLegacy(app, path, vault.client, vault.folder, vault.file, false)) return false;
   return lock ? checkOutXref(app, vault, name) : checkInXref(app, vault);
 }
+
+}  // namespace tessaro

@@ -3,6 +3,8 @@
 #include "foundation/AppContext.h"
 #include "foundation/CString.h"
 
+namespace tessaro {
+
 /// The commands `lockxref` and `unlockxref`: check the files of the picked xrefs out or in, in the
 /// order of the selection. One object among them that is no xref ends the command for all.
 /// @param lock true to check out.
@@ -13,3 +15,5 @@ void xrefCommand(AppContext& app, bool lock);
 /// @param name its block name.
 /// @return true if a vault action was tried.
 bool changeXrefCheckOut(AppContext& app, CString path, const CString& name, bool lock);
+
+}  // namespace tessaro

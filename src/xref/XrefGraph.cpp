@@ -4,6 +4,8 @@
 
 #include <cwchar>
 
+namespace tessaro {
+
 namespace {
 
 const AcDbXrefGraphNode* findDirectXref(const AcDbGraphNode& root, const CString& blockName) {
@@ -33,3 +35,5 @@ bool collectXrefTree(const CString& blockName, std::set<CString>& names) {
   });
   return true;
 }
+
+}  // namespace tessaro

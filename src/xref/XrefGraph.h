@@ -7,6 +7,8 @@
 
 #include "foundation/CString.h"
 
+namespace tessaro {
+
 /// Fetches the xref graph of the host's working database, the host's ghost nodes included.
 /// @return the host's status; the graph is of use only after Acad::eOk.
 Acad::ErrorStatus fetchXrefGraph(AcDbXrefGraph& graph);
@@ -38,3 +40,5 @@ void walkXrefs(const AcDbGraphNode& start, Visit visit) {
 /// @param names gets the found node's own name as well.
 /// @return false if there is no drawing, no graph, or no direct xref of that name.
 bool collectXrefTree(const CString& blockName, std::set<CString>& names);
+
+}  // namespace tessaro

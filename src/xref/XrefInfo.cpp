@@ -12,6 +12,8 @@
 #include "vault/MessageStrings.h"
 #include "xref/SelectionSet.h"
 
+namespace tessaro {
+
 namespace {
 
 enum class Pick { none, one, failed };
@@ -71,3 +73,5 @@ bool selectXref(XrefInfo& info, bool impliedOnly) {
   acedPrompt(loadMessage(55, "Selected object must be a Xref."));
   return false;
 }
+
+}  // namespace tessaro

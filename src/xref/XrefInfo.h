@@ -4,6 +4,8 @@
 
 #include "foundation/CString.h"
 
+namespace tessaro {
+
 /// An xref of the current drawing, as a pick or a walk over the drawing finds it.
 struct XrefInfo {
   CString name;          ///< block name
@@ -23,3 +25,5 @@ bool readXrefReference(AcDbObjectId entityId, XrefInfo& info);
 /// @param impliedOnly with nothing preselected, don't ask.
 /// @return true if one xref was picked. The command line has told of a wrong pick.
 bool selectXref(XrefInfo& info, bool impliedOnly);
+
+}  // namespace tessaro

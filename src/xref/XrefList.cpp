@@ -4,6 +4,8 @@
 
 #include <utility>
 
+namespace tessaro {
+
 XrefList::~XrefList() {
   while (head) {
     Row* row = head;
@@ -69,3 +71,5 @@ CString XrefList::removeCurrent() {
   delete row;
   return name;
 }
+
+}  // namespace tessaro

@@ -4,6 +4,8 @@
 
 class AcApDocument;
 
+namespace tessaro {
+
 /// The xrefs that are open for editing, each with the drawing that it was opened from. A doubly
 /// linked list, newest row first, with a search cursor built in: a search names its key once, and
 /// findNext goes on from the row that was found last, also after that row has been removed.
@@ -58,3 +60,5 @@ class XrefList {
   Row* head = nullptr;
   Row* cursor = nullptr;
 };
+
+}  // namespace tessaro

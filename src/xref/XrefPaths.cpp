@@ -11,6 +11,8 @@
 
 #include "vault/CurrentDrawing.h"
 
+namespace tessaro {
+
 namespace {
 
 using PathBuffer = wchar_t[MAX_PATH];
@@ -77,3 +79,5 @@ bool joinPath(const CString& folder, const CString& path, CString& joined) {
   joined = buffer;
   return true;
 }
+
+}  // namespace tessaro

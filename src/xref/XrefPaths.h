@@ -2,6 +2,8 @@
 
 #include "foundation/CString.h"
 
+namespace tessaro {
+
 /// Folder of the drawing of the host's working database, with a trailing backslash.
 /// @throws std::runtime_error without a drawing (after a box that says so), or if the drawing has
 /// no folder because it was never saved, or if its name doesn't fit a path of 260 characters.
@@ -25,3 +27,5 @@ bool relativeToRoot(const CString& storedPath, const CString& drawingFolder,
 /// `folder` and `path` joined, any `..\` in them resolved (PathAppendW).
 /// @return false, and `joined` unchanged, if the result is over 259 characters.
 bool joinPath(const CString& folder, const CString& path, CString& joined);
+
+}  // namespace tessaro

@@ -1,5 +1,7 @@
 #pragma once
 
+namespace tessaro {
+
 /// Told by the xref commands what they did to the state of the current drawing's xrefs.
 class XrefStateObserver {
  public:
@@ -12,3 +14,5 @@ class XrefStateObserver {
  protected:
   ~XrefStateObserver() = default;
 };
+
+}  // namespace tessaro

@@ -1,5 +1,7 @@
 #pragma once
 
+namespace tessaro {
+
 /// Work on xrefs and their files for as long as it lives. The client may show windows of its own
 /// meanwhile, which let the timer and the user's clicks through; what they ask for would begin in
 /// the middle of this work, with xrefs unloaded.
@@ -18,3 +20,5 @@ class XrefWork {
 
   const bool within;
 };
+
+}  // namespace tessaro

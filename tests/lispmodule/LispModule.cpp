@@ -6,6 +6,10 @@
 
 #include "frame/CommandGuard.h"
 
+using tessaro::ArxMfcApp;
+using tessaro::CString;
+using tessaro::guardedCommand;
+
 namespace {
 
 int say(const wchar_t* text) {

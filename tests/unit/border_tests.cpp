@@ -20,6 +20,8 @@
 #include "watch/ImportWatch.h"
 #include "xref/CheckXrefs.h"
 
+namespace tessaro {
+
 namespace {
 
 using Texts = std::vector<std::wstring>;
@@ -205,3 +207,5 @@ TEST_F(Later, WhatTheHostHasNotCalledIsDroppedWithTheModule) {
   documents().runDeferred();
   EXPECT_TRUE(called.empty());
 }
+
+}  // namespace tessaro

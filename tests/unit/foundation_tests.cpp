@@ -12,6 +12,8 @@
 #include "foundation/HostMemory.h"
 #include "foundation/Lst.h"
 
+namespace tessaro {
+
 namespace {
 
 /// Counts the copies of itself that are alive.
@@ -242,3 +244,5 @@ TEST(HostMemory, GoesBackToTheHeapThatItCameFrom) {
   EXPECT_EQ(ofNoHeap, 7);
   HeapDestroy(heap);
 }
+
+}  // namespace tessaro

@@ -11,6 +11,8 @@
 
 extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt);
 
+namespace tessaro {
+
 namespace {
 
 /// An application that writes down what it is asked, in place of the module's own for as long as it
@@ -179,3 +181,5 @@ TEST(LispFunctions, UnloadEmptiesTheTable) {
   EXPECT_EQ(app.addLispFunction(L"area", lispFunction), 1);
   EXPECT_EQ(functionNames(app), Names{L"Brand_area"});
 }
+
+}  // namespace tessaro

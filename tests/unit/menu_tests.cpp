@@ -4,6 +4,8 @@
 
 #include "ui/XRefContext.h"
 
+namespace tessaro {
+
 namespace {
 
 struct FoldCase {
@@ -33,3 +35,5 @@ TEST(XrefMenu, EverySelectedXrefHasAVeto) {
 }
 
 }  // namespace
+
+}  // namespace tessaro

@@ -10,6 +10,8 @@
 #include "vault/MessageStrings.h"
 #include "vault/ResultCodes.h"
 
+namespace tessaro {
+
 namespace {
 
 using Texts = std::vector<std::wstring>;
@@ -134,3 +136,5 @@ TEST_F(Messages, ReportOfAnOpenFileAdvisesAndDoesNotAsk) {
                   L"in another window."));
   EXPECT_EQ(FakeMain::asked, 0);
 }
+
+}  // namespace tessaro

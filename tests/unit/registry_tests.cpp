@@ -4,6 +4,8 @@
 #include "unit/RegistryFixture.h"
 #include "vault/OpenVaultFile.h"
 
+namespace tessaro {
+
 namespace {
 
 using RegistryTest = RegistryFixture;
@@ -265,3 +267,5 @@ TEST_F(RegistryTest, VaultIsOfflineByANonZeroNumberOfFourBytes) {
   setNumber(HKEY_CURRENT_USER, vaults + L"off", L"Offline", 0);
   EXPECT_FALSE(isVaultOffline(L"off"));
 }
+
+}  // namespace tessaro

@@ -9,6 +9,8 @@
 #include "vault/ResultCodeTable.h"
 #include "vault/ResultTexts.h"
 
+namespace tessaro {
+
 // The client isn't there in these tests: every text is the one that the module has itself.
 
 namespace {
@@ -153,3 +155,5 @@ TEST(DatabaseErrorText, OtherCodesAreAnAccessError) {
   EXPECT_EQ(databaseText(0x80040222), L"The ODBC data source was not found.");
   EXPECT_EQ(databaseText(0), text(0x80040207));
 }
+
+}  // namespace tessaro

@@ -2,6 +2,8 @@
 
 #include "titleblock/MatchTag.h"
 
+namespace tessaro {
+
 namespace {
 
 struct TagCase {
@@ -42,3 +44,5 @@ TEST(MatchTag, TakesStarsAtBothEnds) {
 }
 
 }  // namespace
+
+}  // namespace tessaro

@@ -8,6 +8,8 @@
 
 #include "vault/OpenVaultFile.h"
 
+namespace tessaro {
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -103,3 +105,5 @@ TEST_F(ViewIdentifier, IsNoneWithoutFileSectionOrKey) {
   write("[Tessaro]\nOther=1\n");
   EXPECT_EQ(read(), L"(none)");
 }
+
+}  // namespace tessaro

@@ -11,6 +11,8 @@
 #include "xref/XrefList.h"
 #include "xref/XrefPaths.h"
 
+namespace tessaro {
+
 namespace {
 
 AcApDocument* document(int number) {
@@ -258,3 +260,5 @@ TEST(ModifiedDates, AFileThatCantBeOpenedIsUnreadable) {
 }
 
 }  // namespace
+
+}  // namespace tessaro

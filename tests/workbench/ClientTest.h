@@ -21,6 +21,9 @@ _COM_SMARTPTR_TYPEDEF(IDispatch, __uuidof(IDispatch));
 _COM_SMARTPTR_TYPEDEF(IErrorInfo, __uuidof(IErrorInfo));
 #endif
 
+// The holders of the client's interfaces.
+using namespace tessaro;
+
 /// The stand-in client, registered and reached as the module reaches it, over a store with one
 /// vault, "Plant", whose view holds Plan.dxf and Sub\O'Neil.dxf. At the end of each test everything
 /// that the client handed out has to be back.

@@ -165,7 +165,7 @@ TEST_F(TranscriptTest, OnlyErrorsAndLeaksFailARun) {
 }
 
 TEST(ResultNames, NamesAndNumbersFindTheirWayBack) {
-  for (const ResultCodeRow& row : resultCodeTable) {
+  for (const tessaro::ResultCodeRow& row : tessaro::resultCodeTable) {
     const auto code = static_cast<HRESULT>(row.code);
     EXPECT_EQ(row.name, wb::resultName(code));
     const bool secondOfItsName = row.code == 0x80040221;

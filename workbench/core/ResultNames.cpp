@@ -8,7 +8,7 @@
 namespace wb {
 
 std::wstring resultName(HRESULT result) {
-  for (const ResultCodeRow& row : resultCodeTable) {
+  for (const tessaro::ResultCodeRow& row : tessaro::resultCodeTable) {
     if (row.code == static_cast<std::uint32_t>(result)) return row.name;
   }
   wchar_t number[11];
@@ -17,7 +17,7 @@ std::wstring resultName(HRESULT result) {
 }
 
 std::optional<HRESULT> resultFromName(std::wstring_view name) {
-  for (const ResultCodeRow& row : resultCodeTable) {
+  for (const tessaro::ResultCodeRow& row : tessaro::resultCodeTable) {
     if (name == row.name) return static_cast<HRESULT>(row.code);
   }
   const std::wstring text(name);
