@@ -11,6 +11,8 @@
 namespace {
 
 constexpr wchar_t applicationsKey[] = L"Software\\Workbench\\Applications";
+constexpr wchar_t machineApplicationsKey[] =
+    L"SOFTWARE\\Autodesk\\AutoCAD\\R17.1\\ACAD-6001:409\\Applications";
 
 std::wstring pathOf(const std::wstring& name) {
   return std::wstring(applicationsKey) + L"\\" + name;
@@ -88,18 +90,23 @@ AcadApp::ErrorStatus acrxUnregisterApp(const ACHAR* name, bool bDwgU) {
   return toStatus(status);
 }
 
-namespace wb {
+namespace {
 
-std::vector<std::wstring> filesToLoadAtStart() {
-  std::vector<std::wstring> files;
-  const RegistryKey list(HKEY_CURRENT_USER, applicationsKey, KEY_READ);
-  if (list.status() != ERROR_SUCCESS) return files;
+bool hasUserRecord(const std::wstring& name) {
+  return wb::RegistryKey(HKEY_CURRENT_USER, pathOf(name), KEY_READ).status() == ERROR_SUCCESS;
+}
+
+// Adds the files that a list of applications names for the start.
+template <typename Takes>
+void addFiles(HKEY root, const wchar_t* path, std::vector<std::wstring>& files, Takes takes) {
+  const wb::RegistryKey list(root, path, KEY_READ);
+  if (list.status() != ERROR_SUCCESS) return;
   for (DWORD index = 0;; ++index) {
     wchar_t name[256];
     DWORD length = 256;
     if (RegEnumKeyExW(list.get(), index, name, &length, nullptr, nullptr, nullptr, nullptr) !=
         ERROR_SUCCESS) {
-      return files;
+      return;
     }
     wchar_t file[MAX_PATH];
     DWORD size = sizeof file, reason = 0, reasonSize = sizeof reason;
@@ -107,10 +114,23 @@ std::vector<std::wstring> filesToLoadAtStart() {
             ERROR_SUCCESS &&
         RegGetValueW(list.get(), name, L"LOADCTRLS", RRF_RT_REG_DWORD, nullptr, &reason,
                      &reasonSize) == ERROR_SUCCESS &&
-        (reason & AcadApp::kOnAutoCADStartup) != 0 && (reason & AcadApp::kLoadDisabled) == 0) {
+        (reason & AcadApp::kOnAutoCADStartup) != 0 && (reason & AcadApp::kLoadDisabled) == 0 &&
+        takes(name)) {
       files.push_back(file);
     }
   }
+}
+
+}  // namespace
+
+namespace wb {
+
+std::vector<std::wstring> filesToLoadAtStart() {
+  std::vector<std::wstring> files;
+  addFiles(HKEY_CURRENT_USER, applicationsKey, files, [](const std::wstring&) { return true; });
+  addFiles(HKEY_LOCAL_MACHINE, machineApplicationsKey, files,
+           [](const std::wstring& name) { return !hasUserRecord(name); });
+  return files;
 }
 
 void clearLoadRecord() { RegDeleteTreeW(HKEY_CURRENT_USER, applicationsKey); }

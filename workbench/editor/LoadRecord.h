@@ -5,11 +5,13 @@
 
 namespace wb {
 
-/// The editor's per-user list of applications that it loads on its own:
-/// HKEY_CURRENT_USER\Software\Workbench\Applications\<name>, with LOADER (the file) and LOADCTRLS
-/// (AcadApp::LoadReasons).
+/// The files of the applications that the editor loads on its own. They stand in two lists of
+/// <name>, with LOADER (the file) and LOADCTRLS (AcadApp::LoadReasons): the user's,
+/// HKEY_CURRENT_USER\Software\Workbench\Applications, and the computer's, which installers write,
+/// HKEY_LOCAL_MACHINE\SOFTWARE\Autodesk\AutoCAD\R17.1\ACAD-6001:409\Applications. The user's
+/// record of a name counts before the computer's.
 std::vector<std::wstring> filesToLoadAtStart();
-/// Empties the list.
+/// Empties the user's list.
 void clearLoadRecord();
 
 }  // namespace wb
