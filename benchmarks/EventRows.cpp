@@ -14,7 +14,7 @@
 #include "editor/Document.h"
 #include "editor/DocumentManager.h"
 #include "editor/Host.h"
-#include "foundation/SettingsLight.h"
+#include "foundation/AddinSettings.h"
 #include "Measure.h"
 #include "Rows.h"
 #include "vault/VaultInterfaces.h"

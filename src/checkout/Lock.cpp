@@ -7,10 +7,10 @@
 #include "foundation/FormatText.h"
 #include "foundation/HostExtras.h"
 #include "vault/CheckedCall.h"
-#include "vault/CurrentDrawing.h"
 #include "vault/ErrorReport.h"
-#include "vault/MessageStrings.h"
+#include "vault/Messages.h"
 #include "vault/OpenVaultFile.h"
+#include "vault/RequireCurrentDrawing.h"
 
 namespace tessaro {
 
@@ -18,17 +18,11 @@ namespace {
 
 bool userAgrees(const _bstr_t& fileName, bool modified) {
   const _bstr_t question =
-      modified ? loadMessage(63,
-                             "The file '%s' has been modified since opened. If you check out the "
-                             "file now any changes you have made will be lost. Do you want to "
-                             "continue?")
-               : loadMessage(62, "Are you sure you want to check out the file '%s'?");
-  const CString text = formatText(question, {fileName});
-  return appMessageBox(text.c_str(), MB_YESNO | MB_ICONQUESTION) == IDYES;
+      loadMessage(modified ? messages::askCheckOutModified : messages::askCheckOut);
+  return askYesNo(formatText(question, {fileName}).c_str());
 }
 
-/// Opens a drawing when the command ends, also by an error: the user gets the drawing back in any
-/// case, whether or not the check-out succeeded.
+/// Opens a drawing at the end of a scope, also after an exception and a failed check-out.
 class OpenAgain {
  public:
   explicit OpenAgain(const CString& path) : path(path) {}
@@ -45,26 +39,24 @@ class OpenAgain {
 void lock(AppContext& app, bool silent) {
   const CurrentDrawing drawing = requireCurrentDrawing();
   if (!drawing) return;
-  // The document is on its way out by the time that the path is needed again.
+  // A copy: the document is closing when the path is needed again.
   const CString path = textOf(drawing.document->fileName());
 
-  VaultClientPtr client;
-  VaultFolderPtr folder;
-  VaultFilePtr file;
-  if (!openVaultFile(app, path, client, folder, file, false)) return;
-  if (isCheckedOut(file)) return;
+  OpenedVaultFile opened;
+  if (!openVaultFile(app, path, opened, false)) return;
+  if (isCheckedOut(opened.file)) return;
   const bool modified = isCurrentDrawingModified();
-  if (!silent && !userAgrees(nameOf(file), modified)) return;
+  if (!silent && !userAgrees(nameOf(opened.file), modified)) return;
   if (modified) {
-    // Otherwise the closing would ask whether to save what the user has just given up.
+    // Without this the closing would ask whether to save the changes.
     acdbSetDbmod(drawing.database, 0);
   }
   acDocManagerPtr()->sendStringToExecute(drawing.document, L"_CLOSE ", true, false, true);
-  const OpenAgain drawingBack(path);
+  const OpenAgain reopened(path);
   try {
-    checkOut(app, file, folder);
+    checkOut(app, opened.file, opened.folder);
   } catch (const _com_error& error) {
-    reportComErrorClient(app, client, error, loadMessage(10, "Error checking out file."));
+    reportComErrorClient(app, opened.client, error, loadMessage(messages::checkOutFailed));
   }
 }
 

@@ -4,12 +4,12 @@
 
 namespace tessaro {
 
-/// The note by which the check-in command tells the later end of its drawing to go on. There is one
-/// for the module, not one for each document.
+/// The check-in that waits for its drawing to be closed. There is one for the module, not one for
+/// each document.
 struct PendingCheckIn {
-  /// A check-in waits for its document to be gone.
+  /// Whether a check-in is waiting.
   bool checkInPending = false;
-  /// The drawing's full path. Read only while `checkInPending` is set, and not cleared with it.
+  /// The drawing's full path. Valid while `checkInPending` is set.
   CString checkInPath;
 };
 

@@ -7,10 +7,10 @@
 
 namespace tessaro {
 
-/// What every layer may know of the running module.
+/// The state of the running module that every layer may use.
 class AppContext {
  public:
-  /// The brand before the names of commands and functions.
+  /// The brand prefix of the names of commands and functions.
   CString prefix;
   /// The host's main window, null until the host has started the module.
   HWND mainWindow = nullptr;
@@ -19,10 +19,11 @@ class AppContext {
   LaterCalls laterCalls;
 };
 
-/// The module's application object, null before its construction.
+/// @return the module's application object, null before its construction
 AppContext* currentApp();
 
-/// Makes `app` the module's application object. It isn't owned.
+/// Sets the module's application object.
+/// @param app isn't owned
 void setCurrentApp(AppContext* app);
 
 }  // namespace tessaro

@@ -7,12 +7,12 @@ namespace tessaro {
 
 namespace {
 
-/// @return empty if there is no usable title
+/// @return the title in the suite's key below `root`, empty if there is no usable one
 CString titleIn(HKEY root) {
   Registry suite;
   if (!suite.open(root, suiteKey, KEY_READ)) return {};
   constexpr DWORD titleBytes = 1024;
-  // One character more than is read: nothing makes whoever wrote the value end it with a null.
+  // One character more than is read: the stored value need not end with a null.
   wchar_t title[titleBytes / sizeof(wchar_t) + 1] = {};
   DWORD type = REG_NONE;
   DWORD size = titleBytes;
@@ -31,9 +31,13 @@ int appMessageBox(const wchar_t* text, UINT flags) noexcept {
     title = productTitle(shown);
     shown = title.c_str();
   } catch (...) {
-    // Boxes tell what goes wrong, this as well: better under another title than not at all.
+    // A box that reports a failure has to appear, under the short title if need be.
   }
   return MessageBoxW(app->mainWindow, text, shown, flags);
+}
+
+bool askYesNo(const wchar_t* question) {
+  return appMessageBox(question, MB_YESNO | MB_ICONQUESTION) == IDYES;
 }
 
 CString productTitle(const wchar_t* fallback) {

@@ -2,8 +2,8 @@
 
 namespace tessaro {
 
-/// Keeps a database object of the host open for a scope: closes it (AcDbObject::close) and does
-/// nothing else. The object itself stays the host's.
+/// Closes an open database object of the host at the end of a scope (AcDbObject::close). The host
+/// owns the object itself.
 template <class T>
 class ArxPtr {
  public:
@@ -13,7 +13,7 @@ class ArxPtr {
   ArxPtr& operator=(const ArxPtr&) = delete;
   virtual ~ArxPtr() { close(); }
 
-  /// Closes the object ahead of the scope's end; the holder is null afterwards.
+  /// Closes the object before the end of the scope; the holder is null afterwards.
   void close() {
     if (object != nullptr) {
       object->close();
@@ -21,7 +21,8 @@ class ArxPtr {
     }
   }
 
-  /// For an operation of the host that opens an object. What was open is closed first.
+  /// Closes the object that is held.
+  /// @return the place for an operation of the host that opens an object
   T*& out() {
     close();
     return object;

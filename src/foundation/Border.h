@@ -10,14 +10,14 @@
 
 namespace tessaro {
 
-// The borders of the module: where the host or Windows calls into it. No exception may leave there,
-// except where the host takes a _com_error from a command or from the edit guard.
+// The borders of the module are the functions that the host or Windows calls. No exception may
+// leave them, except a _com_error from a command or from the edit guard, which the host catches.
 
-/// In a catch block: the code of what is being handled. What isn't a _com_error and no lack of
-/// memory is E_UNEXPECTED.
+/// Classifies the exception that is being handled. To be called in a catch block.
+/// @return the code of a _com_error, E_OUTOFMEMORY for a lack of memory, E_UNEXPECTED for others
 HRESULT currentFailure() noexcept;
 
-/// Runs `work`, which gives nothing. A failure is told to the user and ends it.
+/// Runs `work`. An exception ends it and is reported in a box.
 template <class Work>
 void atBorder(Work work) noexcept {
   try {
@@ -27,7 +27,8 @@ void atBorder(Work work) noexcept {
   }
 }
 
-/// Runs `work` and gives its result, `fallback` after a failure, which is told to the user.
+/// Runs `work`. An exception ends it and is reported in a box.
+/// @return the result of `work`, `fallback` after an exception
 template <class Result, class Work>
 Result atBorder(Result fallback, Work work) noexcept {
   try {
@@ -38,13 +39,14 @@ Result atBorder(Result fallback, Work work) noexcept {
   }
 }
 
-/// Runs `work`, which the caller lets fail, but with nothing else than a _com_error.
+/// Runs `work` and translates its exceptions for the host.
+/// @throws _com_error and nothing else
 template <class Work>
 void asComErrors(Work work) {
   try {
     work();
   } catch (const std::bad_alloc&) {
-    // It may be a _com_error, too, but of a class that only this module knows.
+    // The module's own class for it is a _com_error too, but the host doesn't have that class.
     _com_issue_error(E_OUTOFMEMORY);
   } catch (const _com_error&) {
     throw;

@@ -7,8 +7,8 @@
 
 namespace tessaro {
 
-/// A map that also knows the order in which its elements came. KEYARG and VALUEARG are how keys and
-/// values are handed in. What the values point to isn't owned.
+/// A map that keeps the order in which its elements were added. KEYARG and VALUEARG are the types
+/// of the arguments for keys and values. What the values point to isn't owned.
 template <class KEY, class KEYARG, class VALUE, class VALUEARG>
 class CMap {
  public:
@@ -22,13 +22,13 @@ class CMap {
   CMap& operator=(const CMap&) = delete;
   virtual ~CMap() { clear(); }
 
-  /// The element for `key`, null if there is none.
+  /// @return the element of `key`, null if there is none
   Elem* lookup(KEYARG key) const {
     const auto found = index.find(key);
     return found != index.end() ? found->second : nullptr;
   }
 
-  /// Adds an element. A key that is there already keeps its value.
+  /// Adds an element. A key that exists keeps its value.
   void setAt(KEYARG key, VALUEARG value) {
     const auto [place, isNew] = index.try_emplace(key, nullptr);
     if (!isNew) return;
@@ -42,7 +42,7 @@ class CMap {
     }
   }
 
-  /// Calls `visit(const Elem&)` for each element, in the order in which they came.
+  /// Calls `visit(const Elem&)` for each element, in the order of their addition.
   template <class Visitor>
   void forEach(Visitor visit) const {
     for (auto node = elements.first(); node != nullptr; node = node->next) {
@@ -52,7 +52,7 @@ class CMap {
 
   size_t size() const { return index.size(); }
 
-  /// Empties the map.
+  /// Removes all elements.
   void clear() {
     index.clear();
     while (!elements.isEmpty()) const std::unique_ptr<Elem> last(elements.popFront());

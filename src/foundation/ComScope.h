@@ -4,7 +4,7 @@
 
 namespace tessaro {
 
-/// A level of COM on this thread for a scope, for work that the host doesn't start as a command.
+/// Initializes COM on this thread for a scope, for work outside the host's commands.
 class ComScope {
  public:
   ComScope() : entered(SUCCEEDED(CoInitialize(nullptr))) {}

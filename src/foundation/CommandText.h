@@ -7,13 +7,13 @@ class AcApDocument;
 
 namespace tessaro {
 
-/// The text that starts one of the module's own commands at the host's command line: the global
-/// name behind an underscore, and the blank that stands for the Enter key.
-/// @param command the command's given name, without the prefix; words behind it are its input.
+/// Builds the text that runs one of the module's own commands at the host's command line: an
+/// underscore, the global name, and a blank in place of the Enter key.
+/// @param command one of `commands`, with the command's input behind it if it has any
 CString commandText(const AppContext& app, const CString& command);
 
-/// Queues `text` for `document`'s command line: the document is activated, the text echoed, and
-/// the host takes it up when it is ready (AcApDocManager::sendStringToExecute).
+/// Queues a text for a document's command line (AcApDocManager::sendStringToExecute): the document
+/// is activated and the text echoed.
 void sendToCommandLine(AcApDocument* document, const CString& text);
 
 }  // namespace tessaro

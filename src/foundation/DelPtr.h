@@ -6,7 +6,7 @@
 
 namespace tessaro {
 
-/// Owns an iterator that the host made for the caller, and deletes it.
+/// Owner of an iterator that the host returned to the caller.
 template <class T>
 class DelPtr {
  public:
@@ -16,7 +16,8 @@ class DelPtr {
   DelPtr& operator=(const DelPtr&) = delete;
   ~DelPtr() { destroy(); }
 
-  /// For an operation of the host that makes an iterator. The one that was held is deleted first.
+  /// Deletes the iterator that is held.
+  /// @return the place for an operation of the host that makes an iterator
   T*& out() {
     destroy();
     object = nullptr;
@@ -28,7 +29,7 @@ class DelPtr {
   explicit operator bool() const { return object != nullptr; }
 
  private:
-  /// A virtual destructor is the host's, and frees the memory as well.
+  /// A virtual destructor is the host's code, which also frees the memory.
   void destroy() {
     if constexpr (std::has_virtual_destructor_v<T>) {
       delete object;

@@ -8,7 +8,8 @@ namespace tessaro {
 
 namespace {
 
-/// Windows' message for the code without a line break at its end, cut to the room that there is.
+/// Writes Windows' message for the code, without a line break at its end.
+/// @param room the number of characters that fit; a longer message fails and the code is written
 void appendSystemMessage(wchar_t* text, int room, HRESULT code) noexcept {
   constexpr DWORD language = MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT);
   DWORD length =

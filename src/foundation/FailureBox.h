@@ -4,9 +4,9 @@
 
 namespace tessaro {
 
-/// Shows a failure in Windows' words. Needs no memory but its own, so that the borders of the
-/// module can report a lack of memory with it.
-/// @param context what the module was about to do, null if that isn't known
+/// Shows a box with Windows' message for a failure. It allocates no memory, so that it can report a
+/// lack of memory.
+/// @param context what the module was doing, null if unknown
 void plainFailureBox(const wchar_t* context, HRESULT code) noexcept;
 
 }  // namespace tessaro

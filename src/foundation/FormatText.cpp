@@ -11,24 +11,24 @@ namespace {
 
 constexpr int longestField = 500;
 
-/// A placeholder taken apart.
+/// A placeholder of a pattern.
 struct Placeholder {
   CString flags;
   int width = 0;
   std::optional<int> precision;
   wchar_t conversion = 0;
-  /// Where the text goes on behind it.
+  /// Position in the pattern behind the placeholder.
   size_t end = 0;
 
   bool isForText() const { return conversion == L's'; }
 };
 
-/// Reads one placeholder, character by character.
+/// Parses one placeholder.
 class PlaceholderReader {
  public:
   PlaceholderReader(std::wstring_view pattern, size_t start) : pattern(pattern), next(start) {}
 
-  /// @return nothing if what stands there is no placeholder
+  /// @return nothing if there is no valid placeholder
   std::optional<Placeholder> read() {
     Placeholder placeholder;
     while (isOneOf(L"-+ #0")) placeholder.flags += pattern[next++];
@@ -37,7 +37,7 @@ class PlaceholderReader {
       ++next;
       placeholder.precision = readNumber();
     }
-    // The size of a number is known from its value.
+    // The size is taken from the value.
     while (isOneOf(L"hlw")) ++next;
     if (!isOneOf(L"diuxXs")) return std::nullopt;
     placeholder.conversion = pattern[next++];
@@ -111,7 +111,7 @@ CString formatText(std::wstring_view pattern, std::initializer_list<FormatValue>
       text += L'%';
       continue;
     }
-    // A placeholder that doesn't fit uses its value up all the same, so that those behind it keep
+    // A placeholder that doesn't fit still uses up its value, so that the following ones keep
     // theirs.
     if (fits(*placeholder, *value)) {
       text += placeholder->isForText() ? filledText(*placeholder, value->text())

@@ -9,7 +9,7 @@
 
 namespace tessaro {
 
-/// One value for `formatText`. A text isn't copied: it has to live through the call.
+/// One value for `formatText`. A text isn't copied: it has to outlive the call.
 class FormatValue {
  public:
   FormatValue(int number) : number_(number) {}
@@ -29,14 +29,13 @@ class FormatValue {
 };
 
 /// Fills the values into the placeholders of `pattern`, in order, as printf does: %d, %i, %u, %x,
-/// %X and %s, with flags, width and precision; %% stands for one percent sign. Patterns come from
-/// translators as well: a placeholder that doesn't fit its value, that has none, or that asks for
-/// more than 500 characters stays in the text as it stands, and values without a placeholder are
-/// left out.
+/// %X and %s, with flags, width and precision; %% is one percent sign. A translated pattern may be
+/// wrong, so nothing is undefined: a placeholder without a value, with a value of another type or
+/// with more than 500 characters stays unchanged, and surplus values are ignored.
 /// @throws std::bad_alloc
 CString formatText(std::wstring_view pattern, std::initializer_list<FormatValue> values);
 
-/// The same for a pattern that may be null, which gives an empty text.
+/// The same for a pattern that may be null, which is an empty one.
 CString formatText(const wchar_t* pattern, std::initializer_list<FormatValue> values);
 
 }  // namespace tessaro

@@ -2,21 +2,23 @@
 
 #include <AdAChar.h>
 
-// What the host exports but its headers don't declare, or only in a header that needs MFC.
+// Functions that the host exports but its headers don't declare, or only in a header that needs
+// MFC.
 
 class AcDbDatabase;
 
-/// Sets the database's DBMOD, the mark of unsaved changes that the closing of a drawing looks at.
+/// Sets the database's DBMOD, the mark of unsaved changes. Closing a drawing asks to save by it.
 /// @param newValue 0 for no changes
-/// @return the value before
+/// @return the previous value
 long acdbSetDbmod(AcDbDatabase* database, long newValue);
 
-/// Puts a progress meter into the host's status bar.
-/// @return 0 if the meter was made
+/// Shows a progress meter in the host's status bar.
+/// @return 0 on success
 int acedSetStatusBarProgressMeter(const ACHAR* label, int min, int max);
 
-/// Moves the meter to a position from its range.
+/// Moves the meter.
+/// @param position within the meter's range
 int acedSetStatusBarProgressMeterPos(int position);
 
-/// Takes the meter away.
+/// Removes the meter.
 void acedRestoreStatusBar();

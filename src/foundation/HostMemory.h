@@ -2,11 +2,11 @@
 
 namespace tessaro {
 
-/// Gives memory back that the host got by its own operator new. The host was built with an older
-/// compiler, whose run-time library has a heap of its own, so the module's operator delete would
-/// give the memory to the wrong heap. The run-time libraries take their heaps from Windows, which
-/// knows whose the block is; one that belongs to none of them is left alone.
-/// @param memory null is nothing to give back
+/// Frees memory that the host allocated with its own operator new. The host was built with an older
+/// compiler, whose run-time library has its own heap, so the module's operator delete would free to
+/// the wrong one. The heap of the block is found among the process's heaps (HeapValidate); a block
+/// of none of them isn't freed.
+/// @param memory may be null
 void freeHostMemory(void* memory) noexcept;
 
 }  // namespace tessaro

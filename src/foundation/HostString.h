@@ -6,7 +6,7 @@
 
 namespace tessaro {
 
-/// Owner of a text that the host made for the caller.
+/// Owner of a text that the host allocated for the caller.
 class HostString {
  public:
   HostString() = default;
@@ -15,7 +15,8 @@ class HostString {
   HostString& operator=(const HostString&) = delete;
   ~HostString() { free(); }
 
-  /// For an operation of the host that makes a text.
+  /// Frees the text that is held.
+  /// @return the place for an operation of the host that allocates a text
   ACHAR*& out() {
     free();
     return made;

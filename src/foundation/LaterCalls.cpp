@@ -11,7 +11,8 @@ namespace tessaro {
 
 namespace {
 
-/// One more reference to this library.
+/// Adds a reference to this library.
+/// @return null on failure
 HMODULE keepLibrary() {
   HMODULE library = nullptr;
   GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
@@ -26,7 +27,7 @@ void LaterCalls::inApplicationContext(std::function<void()> work) {
   const HMODULE library = keepLibrary();
   try {
     waiting[ticket] = [work = std::move(work), library] {
-      // The host's own reference is there as long as the module hasn't ended.
+      // Not the last reference: the host holds its own until the module is unloaded.
       if (library != nullptr) FreeLibrary(library);
       work();
     };
@@ -45,7 +46,7 @@ void LaterCalls::called(void* ticket) {
 }
 
 void LaterCalls::run(Ticket ticket) {
-  // Taken out first: the work may bring the next one.
+  // Removed first, since the work may add another call.
   const auto called = waiting.extract(ticket);
   if (called) called.mapped()();
 }

@@ -7,28 +7,28 @@
 
 namespace tessaro {
 
-/// Work that was handed to the host to be called later. It is owned here until the host calls it:
-/// what the host hasn't called when the module ends is dropped, and a call that comes after that
-/// does nothing. For such a call the library stays in the process while one is waited for.
+/// Work that the host is to run later. It is owned here until the host calls it. Work that is still
+/// waiting when the module ends is dropped, and a late call by the host does nothing; the library
+/// stays loaded until that call.
 class LaterCalls {
  public:
   LaterCalls() = default;
   LaterCalls(const LaterCalls&) = delete;
   LaterCalls& operator=(const LaterCalls&) = delete;
 
-  /// Hands work to the host for the application's context
-  /// (AcApDocManager::executeInApplicationContext), where documents can be opened. It runs when the
-  /// host has left the command, or at once; a failure in it is told to the user.
-  /// @throws _com_error E_OUTOFMEMORY; nothing is handed over then
+  /// Runs work in the application's context (AcApDocManager::executeInApplicationContext), where
+  /// documents can be opened: when the current command has ended, or at once if there is none. An
+  /// exception in it is reported in a box.
+  /// @throws _com_error E_OUTOFMEMORY; the work won't run then
   void inApplicationContext(std::function<void()> work);
 
-  /// Drops what the host hasn't called.
+  /// Drops all waiting work.
   void drop() { waiting.clear(); }
 
  private:
   using Ticket = UINT_PTR;
 
-  /// What the host calls.
+  /// The host's callback.
   static void called(void* ticket);
   void run(Ticket ticket);
 

@@ -10,7 +10,7 @@
 
 namespace tessaro {
 
-/// A doubly linked list whose nodes come from COM's task allocator.
+/// A doubly linked list whose nodes are allocated by COM's task allocator.
 template <class T>
 class Lst {
  public:
@@ -25,21 +25,20 @@ class Lst {
   Lst& operator=(const Lst&) = delete;
   virtual ~Lst() { clear(); }
 
-  /// Appends the value: the list takes it over, and its holder is empty afterwards.
-  /// @throws _com_error E_OUTOFMEMORY, since a list that lacks a value in silence would mislead its
-  /// reader; list and value are as they were then
+  /// Moves a value to the end of the list; `value` is empty afterwards.
+  /// @throws _com_error E_OUTOFMEMORY; list and value are unchanged then
   void pushBack(T&& value) {
     void* memory = CoTaskMemAlloc(sizeof(Node));
     if (memory == nullptr) _com_issue_error(E_OUTOFMEMORY);
     Node* node = new (memory) Node{std::move(value), nullptr, tail};
-    // Not every holder gives up what it held when it is moved from: _bstr_t shares it.
+    // A moved-from holder need not be empty: _bstr_t shares its text.
     value = T();
     (tail != nullptr ? tail->next : head) = node;
     tail = node;
     ++count;
   }
 
-  /// Takes the first value out. The list must not be empty.
+  /// Removes the first value and returns it. The list must not be empty.
   T popFront() {
     Node* first = head;
     T value = std::move(first->value);
@@ -51,14 +50,14 @@ class Lst {
     return value;
   }
 
-  /// Empties the list.
+  /// Removes all values.
   void clear() {
     while (!isEmpty()) popFront();
   }
 
   bool isEmpty() const { return head == nullptr; }
   long long size() const { return count; }
-  /// The first node, null if the list is empty; `Node::next` leads on.
+  /// @return the first node, null if the list is empty
   const Node* first() const { return head; }
 
  private:

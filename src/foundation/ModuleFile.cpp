@@ -10,7 +10,7 @@ CString moduleFilePath(HINSTANCE module) {
 
 CString moduleBaseName(HINSTANCE module) {
   CString name = moduleFilePath(module);
-  // The last point of all: a folder with one in its name counts as well if the file has none.
+  // The last point of the whole path, even if it is in a folder's name.
   if (const size_t point = name.rfind(L'.'); point != CString::npos) name.erase(point);
   if (const size_t backslash = name.rfind(L'\\'); backslash != CString::npos) {
     name.erase(0, backslash + 1);

@@ -6,11 +6,11 @@
 
 namespace tessaro {
 
-/// The full path of the module's own file (GetModuleFileNameW, up to MAX_PATH characters), empty if
-/// Windows doesn't tell it.
+/// @return the full path of the module's own file (GetModuleFileNameW, up to MAX_PATH characters),
+/// empty on failure
 CString moduleFilePath(HINSTANCE module);
 
-/// The name of the module's own file, without folder and extension.
+/// @return the name of the module's own file, without folder and extension
 CString moduleBaseName(HINSTANCE module);
 
 }  // namespace tessaro

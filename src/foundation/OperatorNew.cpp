@@ -1,5 +1,5 @@
-// The module's operator new. Memory that can't be had raises what every handler of the module
-// knows: a _com_error with E_OUTOFMEMORY, also from within the library's containers.
+// The module's operator new. On a lack of memory it throws a _com_error with E_OUTOFMEMORY, which
+// the module's handlers catch, also when the standard library's containers allocate.
 #include <windows.h>
 
 #include <comdef.h>
@@ -9,7 +9,7 @@
 
 namespace {
 
-/// The language wants a std::bad_alloc.
+/// Also a std::bad_alloc, as the language requires.
 class OutOfMemory : public std::bad_alloc, public _com_error {
  public:
   OutOfMemory() noexcept : _com_error(E_OUTOFMEMORY) {}

@@ -7,7 +7,7 @@ namespace tessaro {
 
 namespace {
 
-/// A value as it stands in the registry.
+/// A value as it is stored.
 struct RawValue {
   DWORD type = REG_NONE;
   std::vector<BYTE> bytes;
@@ -15,11 +15,11 @@ struct RawValue {
 
 bool readRaw(Registry& registry, const wchar_t* name, RawValue& value) {
   LONG result = ERROR_MORE_DATA;
-  // The value may grow between the question for its size and the reading.
+  // The value may grow between the two queries.
   while (result == ERROR_MORE_DATA) {
     DWORD size = 0;
     if (registry.query(name, nullptr, nullptr, &size) != ERROR_SUCCESS) return false;
-    // One byte at least: without a buffer the reading would only ask for the size again.
+    // At least one byte: with a null buffer the second query would return the size again.
     value.bytes.resize(size + 1);
     result = registry.query(name, &value.type, value.bytes.data(), &size);
     value.bytes.resize(size);
@@ -27,7 +27,7 @@ bool readRaw(Registry& registry, const wchar_t* name, RawValue& value) {
   return result == ERROR_SUCCESS;
 }
 
-/// The text up to its first null, which need not be there.
+/// @return the text up to its first null, if it has one
 CString textIn(const std::vector<BYTE>& bytes) {
   CString text(bytes.size() / sizeof(wchar_t), L'\0');
   std::memcpy(text.data(), bytes.data(), text.size() * sizeof(wchar_t));
@@ -86,26 +86,6 @@ bool readRegistryString(Registry& registry, const wchar_t* name, CString& text) 
   if (value.type == REG_EXPAND_SZ && !read.empty() && !expandVariables(read)) return false;
   text = read;
   return true;
-}
-
-bool readSetting(Registry& registry, const wchar_t* name, DWORD& data) {
-  DWORD value = data;
-  DWORD size = sizeof(value);
-  if (registry.query(name, nullptr, &value, &size) != ERROR_SUCCESS) return false;
-  data = value;
-  return true;
-}
-
-bool readAddinSetting(const wchar_t* name, DWORD& data) {
-  Registry settings;
-  return settings.open(HKEY_CURRENT_USER, addinSettingsKey, KEY_READ) &&
-         readSetting(settings, name, data);
-}
-
-bool writeAddinSetting(const wchar_t* name, DWORD data) {
-  Registry settings;
-  return settings.open(HKEY_CURRENT_USER, addinSettingsKey, KEY_WRITE, true) &&
-         settings.set(name, REG_DWORD, &data, sizeof(data)) == ERROR_SUCCESS;
 }
 
 }  // namespace tessaro

@@ -8,9 +8,6 @@ namespace tessaro {
 
 /// The suite's own key, below HKEY_LOCAL_MACHINE and HKEY_CURRENT_USER.
 inline constexpr wchar_t suiteKey[] = L"Software\\Halvern\\Applications\\Quillstone Suite";
-/// The add-in's settings, below HKEY_CURRENT_USER.
-inline constexpr wchar_t addinSettingsKey[] =
-    L"Software\\Halvern\\Applications\\Quillstone Suite\\TessaroACAD";
 /// The suite's policies, below HKEY_LOCAL_MACHINE and HKEY_CURRENT_USER.
 inline constexpr wchar_t policyKey[] = L"Software\\Policies\\Halvern\\Quillstone Suite";
 
@@ -22,21 +19,25 @@ class Registry {
   Registry& operator=(const Registry&) = delete;
   virtual ~Registry();
 
-  /// Opens a key in place of the one that is open.
+  /// Closes the key that is open and opens another one.
   /// @param subKey the name below `parent`; null or empty for `parent` itself
   /// @param access KEY_...
-  /// @param create make the key if it isn't there (RegCreateKeyExW); needs a name
+  /// @param create create the key if it doesn't exist (RegCreateKeyExW); ignored without a name
+  /// @return whether the key was opened
   bool open(HKEY parent, const wchar_t* subKey, REGSAM access, bool create = false);
   void close();
 
-  /// The open key, null if there is none.
+  /// @return the open key, null if there is none
   HKEY key() const { return key_; }
-  /// Windows' result of the latest call: opening, closing, reading or writing.
+  /// @return Windows' result of the latest call
   LONG lastResult() const { return lastResult_; }
 
-  /// RegQueryValueExW of a value, empty for the key's default value; any of the others may be null.
+  /// Queries a value (RegQueryValueExW).
+  /// @param name empty for the key's default value
+  /// @param type may be null, as may `data` and `size`
   LONG query(const wchar_t* name, DWORD* type, void* data, DWORD* size);
-  /// RegSetValueExW.
+  /// Sets a value (RegSetValueExW).
+  /// @param size in bytes
   LONG set(const wchar_t* name, DWORD type, const void* data, DWORD size);
 
  private:
@@ -44,19 +45,10 @@ class Registry {
   LONG lastResult_ = ERROR_SUCCESS;
 };
 
-/// Reads a text, a REG_EXPAND_SZ with its variables filled in. `text` stays as it is if there is
-/// none.
+/// Reads a text value; the variables of a REG_EXPAND_SZ are expanded.
 /// @param name empty for the key's default value
+/// @param text unchanged on failure
+/// @return whether the value is a text
 bool readRegistryString(Registry& registry, const wchar_t* name, CString& text);
-
-/// Reads a setting of at most four bytes, of whatever type; bytes that the value doesn't have stay
-/// as they are in `data`, as does all of it if nothing could be read.
-bool readSetting(Registry& registry, const wchar_t* name, DWORD& data);
-
-/// The same for a setting of the add-in, whose key is opened for it.
-bool readAddinSetting(const wchar_t* name, DWORD& data);
-
-/// Writes a setting of the add-in as REG_DWORD, with its key if that isn't there.
-bool writeAddinSetting(const wchar_t* name, DWORD data);
 
 }  // namespace tessaro

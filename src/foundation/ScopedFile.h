@@ -7,7 +7,7 @@ namespace tessaro {
 /// Owner of an open file.
 class ScopedFile {
  public:
-  /// @param handle as CreateFileW gives it, INVALID_HANDLE_VALUE for none
+  /// @param handle the result of CreateFileW; INVALID_HANDLE_VALUE for none
   explicit ScopedFile(HANDLE handle) : handle(handle) {}
   ScopedFile(const ScopedFile&) = delete;
   ScopedFile& operator=(const ScopedFile&) = delete;

@@ -17,7 +17,7 @@ bool holdsValue(Registry& registry, const wchar_t* name) {
   return registry.query(name, nullptr, nullptr, nullptr) == ERROR_SUCCESS;
 }
 
-/// The trees in the order of search; one that the search leaves out isn't there.
+/// @return the trees to search, in the order of the flags
 std::vector<const Registry*> inOrder(const Registry& machine, const Registry& user,
                                      unsigned flags) {
   if ((flags & SettingsLight::machineOnly) != 0) return {&machine};
@@ -66,8 +66,8 @@ bool SettingsLight::openVaultKey(const wchar_t* vaultName, Registry& opened,
   if ((flags & userOnly) == 0) openStandardKey(databases, machineTree, create, plainFlags);
   Registry userTree;
   if ((flags & machineOnly) == 0) {
-    // The user's tree alone needs both roots as well: without the machine's key the suite isn't
-    // installed, and what the user's key says of a vault is left over.
+    // Both roots are required even for the user's tree alone: without the machine's key the suite
+    // isn't installed, and the user's key is a remnant.
     const bool machine = openMachineRoot();
     const bool user = openUserRoot();
     if (!machine || !user) return false;

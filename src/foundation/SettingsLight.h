@@ -4,10 +4,10 @@
 
 namespace tessaro {
 
-/// Finds the keys of the suite. Made on the stack for one question.
+/// Opens the suite's registry keys. Made on the stack for one query.
 class SettingsLight {
  public:
-  /// Flags of the openings: the access, and one order of search.
+  /// Flags of the open operations: the access, and one order of search.
   enum Flags : unsigned {
     machineOnly = 0x01,
     userOnly = 0x02,
@@ -15,11 +15,12 @@ class SettingsLight {
     userFirst = 0x08,
     readAccess = 0x100,
     writeAccess = 0x200,
-    /// The 32-bit view of the registry. Vault keys have none of their own.
+    /// The 32-bit view of the registry; ignored for vault keys.
     view32Bit = 0x400
   };
 
-  /// The suite's standard keys: Databases is the machine's, the next three are the user's.
+  /// The suite's standard keys. Databases is below the machine's root, the next three are below the
+  /// user's.
   enum StandardKey {
     databases = 0,
     vaults = 1,
@@ -35,16 +36,17 @@ class SettingsLight {
   virtual ~SettingsLight() = default;
 
   /// Opens a standard key.
-  /// @param kind a `StandardKey`; with any other number nothing is opened
-  /// @param create make the key if it isn't there
-  /// @param flags the access and the view; the order of search says nothing here
+  /// @param kind a `StandardKey`; any other number fails
+  /// @param create create the key if it doesn't exist
+  /// @param flags the access and the view
+  /// @return whether the key was opened
   bool openStandardKey(int kind, Registry& opened, bool create, unsigned flags);
 
-  /// Opens the key of a vault in the machine's or the user's tree, whichever comes first in the
-  /// order of search.
-  /// @param vaultName a backslash in it leads to a deeper key; null or empty opens nothing
-  /// @param valueName a value that the key has to hold, null for none
-  /// @param create make the key if it isn't there
+  /// Opens the key of a vault in the first tree of the search order that has it.
+  /// @param vaultName may contain backslashes, for a deeper key; null or empty fails
+  /// @param valueName a value that the key must have, null for none
+  /// @param create create the key if it doesn't exist
+  /// @return whether the key was opened
   bool openVaultKey(const wchar_t* vaultName, Registry& opened, const wchar_t* valueName,
                     bool create, unsigned flags);
 
@@ -52,7 +54,7 @@ class SettingsLight {
   bool openMachineRoot();
   bool openUserRoot();
 
-  // The roots stay open from their first use on.
+  // Opened at their first use, closed with the object.
   Registry userRoot;
   Registry machineRoot;
 };

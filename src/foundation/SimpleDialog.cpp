@@ -13,7 +13,6 @@ INT_PTR SimpleDialog::doModal(HWND owner) {
   const INT_PTR result =
       DialogBoxParamW(app != nullptr ? app->moduleInstance : nullptr, MAKEINTRESOURCEW(templateId),
                       owner, procedure, reinterpret_cast<LPARAM>(this));
-  // Without a word the user would believe that what he asked for was done.
   const DWORD windowsError = result == -1 ? GetLastError() : ERROR_SUCCESS;
   if (SUCCEEDED(failure) && result == -1) {
     failure = windowsError != ERROR_SUCCESS ? HRESULT_FROM_WIN32(windowsError) : E_FAIL;
@@ -37,7 +36,7 @@ INT_PTR CALLBACK SimpleDialog::procedure(HWND window, UINT message, WPARAM wPara
   try {
     return dialog->handle(message, wParam, lParam);
   } catch (...) {
-    // The first failure is the one that tells what went wrong.
+    // The first failure is the cause of later ones.
     if (SUCCEEDED(dialog->failure)) dialog->failure = currentFailure();
     EndDialog(window, IDCANCEL);
     return TRUE;
@@ -72,7 +71,7 @@ void SimpleDialog::centreOnOwner() {
           &monitor)) {
     return;
   }
-  // A minimised or missing owner has no place on the screen to centre on.
+  // Without a visible owner the dialog is centred on the monitor's work area.
   RECT around = monitor.rcWork;
   if (owner != nullptr && IsWindowVisible(owner) && !IsIconic(owner)) GetWindowRect(owner, &around);
   RECT own = {};

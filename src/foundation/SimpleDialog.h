@@ -4,31 +4,31 @@
 
 namespace tessaro {
 
-/// A modal dialog out of the module's resources. Derived classes say what happens in it; an
-/// exception that leaves one of their handlers closes the dialog and goes on from `doModal` as a
-/// _com_error, since Windows doesn't carry one through a dialog procedure.
+/// A modal dialog of the module's resources. An exception that leaves a handler of a derived class
+/// closes the dialog and is thrown by `doModal` as a _com_error, since no exception may pass
+/// through a dialog procedure.
 class SimpleDialog {
  public:
   SimpleDialog(const SimpleDialog&) = delete;
   SimpleDialog& operator=(const SimpleDialog&) = delete;
   virtual ~SimpleDialog() = default;
 
-  /// Runs the dialog until it is ended (DialogBoxParamW); `owner` is disabled for so long.
-  /// @param owner the owner window, null for none
-  /// @return the value given to `end`
-  /// @throws _com_error with the code of what a handler threw, or if Windows can't make the dialog
+  /// Runs the dialog until it is ended (DialogBoxParamW).
+  /// @param owner the owner window, which is disabled meanwhile; null for none
+  /// @return the argument of `end`
+  /// @throws _com_error with the code of a handler's exception, or if the dialog can't be created
   INT_PTR doModal(HWND owner);
 
  protected:
   SimpleDialog(int templateId, bool centre) : templateId(templateId), centre(centre) {}
 
-  /// WM_INITDIALOG: the controls exist, the window doesn't show yet and is centred already.
+  /// WM_INITDIALOG: the controls exist, the window is centred and not yet visible.
   virtual void onInit() {}
 
-  /// WM_COMMAND. Nothing ends a dialog but a handler: Esc, Enter and the close box come here with
-  /// IDCANCEL and IDOK as well.
-  /// @param id the control's or menu item's id
-  /// @param notification the control's notification code, 0 if there is no control
+  /// WM_COMMAND, which Windows also sends for Enter (IDOK), Esc and the close box (IDCANCEL). The
+  /// handler has to end the dialog.
+  /// @param id the id of the control or menu item
+  /// @param notification the control's notification code, 0 without a control
   /// @return whether the message was handled
   virtual bool onCommand(WORD id, WORD notification);
 
@@ -36,7 +36,8 @@ class SimpleDialog {
   /// @return whether the message was handled
   virtual bool onNotify(const NMHDR& notification);
 
-  /// Ends the dialog with the result that `doModal` gives back (EndDialog).
+  /// Ends the dialog (EndDialog).
+  /// @param result the result of `doModal`
   void end(INT_PTR result) { EndDialog(window, result); }
 
   /// The dialog's window, null before WM_INITDIALOG and after WM_NCDESTROY.
@@ -49,11 +50,11 @@ class SimpleDialog {
 
   const int templateId;
   const bool centre;
-  /// Of the first handler that failed.
+  /// The code of the first handler that failed.
   HRESULT failure = S_OK;
 };
 
-/// The dialog of one template, centred on its owner if asked.
+/// A dialog with its template's resource id as a parameter.
 template <int resourceId, bool centreOnParent>
 class CSimpleDialog : public SimpleDialog {
  protected:

@@ -5,9 +5,10 @@
 
 namespace tessaro {
 
-/// The one form of a command worker: `routine` between `beginCommand` and `endCommand`. What it has
-/// no handler for goes on to the host past `endCommand`, and only as a _com_error.
+/// The form of all command workers: runs `routine` between `beginCommand` and `endCommand`. After
+/// an exception `endCommand` isn't run.
 /// @tparam App the class of the module's application object
+/// @throws _com_error to the host, for any exception of the routine
 template <class App, void (*routine)(App&)>
 void guardedCommand() {
   auto& app = static_cast<App&>(*ArxMfcApp::current());

@@ -2,9 +2,13 @@
 
 #include <accmd.h>
 
+#include <iterator>
+
 #include "checkout/Lock.h"
 #include "checkout/Unlock.h"
 #include "foundation/Border.h"
+#include "foundation/CommandNames.h"
+#include "foundation/CurrentDrawing.h"
 #include "frame/CommandGuard.h"
 #include "frame/LoadRecord.h"
 #include "frame/TessaroAcadApp.h"
@@ -12,7 +16,6 @@
 #include "ui/GetVersionDialog.h"
 #include "ui/PropertiesDialog.h"
 #include "ui/SettingsDialog.h"
-#include "vault/CurrentDrawing.h"
 #include "xref/CheckXrefs.h"
 #include "xref/EditXref.h"
 #include "xref/GetXrefVersion.h"
@@ -38,8 +41,8 @@ void lockCommand(TessaroAcadApp& app) { lock(app, false); }
 void lockSilentCommand(TessaroAcadApp& app) { lock(app, true); }
 void unlockCommand(TessaroAcadApp& app) { unlock(app, app.pendingCheckIn); }
 void getXrefVersionCommand(TessaroAcadApp& app) {
-  getxrefversion(app, app.xrefStateObserver(),
-                 [&app](const CString& path) { return chooseVersion(app, path); });
+  getChosenXrefVersion(app, app.xrefStateObserver(),
+                       [&app](const CString& path) { return chooseVersion(app, path); });
 }
 void getXrefVer2Command(TessaroAcadApp& app) { getxrefver2(app, app.xrefStateObserver()); }
 void editXrefCommand(TessaroAcadApp& app) { editxref(app, app.pendingReloads); }
@@ -58,30 +61,48 @@ void askLockCommand(TessaroAcadApp& app) {
 template <void (*routine)(TessaroAcadApp&)>
 constexpr AcRxFunctionPtr worker = guardedCommand<TessaroAcadApp, routine>;
 
-const Command commands[] = {
-    {L"install", ACRX_CMD_MODAL, worker<installCommand>},
-    {L"uninstall", ACRX_CMD_MODAL, worker<uninstallCommand>},
-    {L"update", ACRX_CMD_MODAL, worker<updateCommand>},
-    {L"updatecurrent", ACRX_CMD_MODAL, worker<updateCurrentCommand>},
-    {L"lockxref", ACRX_CMD_REDRAW, worker<lockXrefCommand>},
-    {L"unlockxref", ACRX_CMD_REDRAW, worker<unlockXrefCommand>},
-    {L"lock", ACRX_CMD_SESSION, worker<lockCommand>},
-    {L"locksilent", ACRX_CMD_SESSION, worker<lockSilentCommand>},
-    {L"unlock", ACRX_CMD_REDRAW, worker<unlockCommand>},
-    {L"getxrefversion", ACRX_CMD_REDRAW, worker<getXrefVersionCommand>},
-    {L"getxrefver2", ACRX_CMD_REDRAW, worker<getXrefVer2Command>},
-    {L"editxref", ACRX_CMD_REDRAW, worker<editXrefCommand>},
-    {L"getlatestxrefs", ACRX_CMD_MODAL, worker<getLatestXrefsCommand>},
-    {L"settings", ACRX_CMD_MODAL, worker<settingsCommand>},
-    {L"properties", ACRX_CMD_REDRAW, worker<propertiesCommand>},
-    {L"telllockedelsewhere", ACRX_CMD_SESSION, worker<tellLockedElsewhereCommand>},
-    {L"asklock", ACRX_CMD_SESSION, worker<askLockCommand>},
+constexpr Command table[] = {
+    {commands::install, ACRX_CMD_MODAL, worker<installCommand>},
+    {commands::uninstall, ACRX_CMD_MODAL, worker<uninstallCommand>},
+    {commands::update, ACRX_CMD_MODAL, worker<updateCommand>},
+    {commands::updateCurrent, ACRX_CMD_MODAL, worker<updateCurrentCommand>},
+    {commands::lockXref, ACRX_CMD_REDRAW, worker<lockXrefCommand>},
+    {commands::unlockXref, ACRX_CMD_REDRAW, worker<unlockXrefCommand>},
+    {commands::lock, ACRX_CMD_SESSION, worker<lockCommand>},
+    {commands::lockSilent, ACRX_CMD_SESSION, worker<lockSilentCommand>},
+    {commands::unlock, ACRX_CMD_REDRAW, worker<unlockCommand>},
+    {commands::getXrefVersion, ACRX_CMD_REDRAW, worker<getXrefVersionCommand>},
+    {commands::getXrefVer2, ACRX_CMD_REDRAW, worker<getXrefVer2Command>},
+    {commands::editXref, ACRX_CMD_REDRAW, worker<editXrefCommand>},
+    {commands::getLatestXrefs, ACRX_CMD_MODAL, worker<getLatestXrefsCommand>},
+    {commands::settings, ACRX_CMD_MODAL, worker<settingsCommand>},
+    {commands::properties, ACRX_CMD_REDRAW, worker<propertiesCommand>},
+    {commands::tellLockedElsewhere, ACRX_CMD_SESSION, worker<tellLockedElsewhereCommand>},
+    {commands::askLock, ACRX_CMD_SESSION, worker<askLockCommand>},
 };
+
+constexpr bool sameName(const wchar_t* left, const wchar_t* right) {
+  for (; *left == *right; ++left, ++right) {
+    if (*left == 0) return true;
+  }
+  return false;
+}
+
+constexpr bool namesAreUnique() {
+  for (size_t one = 0; one < std::size(table); ++one) {
+    for (size_t other = 0; other < one; ++other) {
+      if (sameName(table[one].name, table[other].name)) return false;
+    }
+  }
+  return true;
+}
+
+static_assert(namesAreUnique(), "two commands have the same name");
 
 }  // namespace
 
 void addCommands(TessaroAcadApp& app) {
-  for (const Command& command : commands) {
+  for (const Command& command : table) {
     atBorder([&] { app.addAppCommand(command.name, command.name, command.worker, command.flags); });
   }
 }

@@ -1,4 +1,4 @@
-// What the host and Windows call in the module, and the module's static objects.
+// The functions that the host and Windows call, and the module's static objects.
 #include <windows.h>
 
 #include <objbase.h>
@@ -12,27 +12,27 @@ namespace tessaro {
 
 namespace {
 
-/// COM on the thread that loads the module, for as long as the module is loaded.
+/// Initializes COM on the thread that loads the module, until the module is unloaded.
 class ProcessApartment {
  public:
   ProcessApartment() : entered(SUCCEEDED(CoInitialize(nullptr))) {}
   ProcessApartment(const ProcessApartment&) = delete;
   ProcessApartment& operator=(const ProcessApartment&) = delete;
-  // The text service goes first: once COM is left for good its code may be gone from the process.
+  // The text service is released first: CoUninitialize may unload its code.
   ~ProcessApartment() {
     releaseTextService();
     if (entered) CoUninitialize();
   }
 
-  /// COM ends with the process, and mustn't be left any more then.
+  /// Don't uninitialize COM: it has ended with the process.
   void processEnds() { entered = false; }
 
  private:
   bool entered;
 };
 
-// In this order, so that they go the other way round: the application object lets the vault client
-// go at the very end, on the strength of the COM that the host has on its main thread.
+// They are destroyed in the reverse order. The application object releases the vault client last,
+// when COM is initialized on the host's main thread only by the host.
 TessaroAcadApp application;
 ProcessApartment processApartment;
 
@@ -40,15 +40,15 @@ ProcessApartment processApartment;
 
 }  // namespace tessaro
 
-/// The host's way into the module.
+/// The host's entry point.
 extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt) {
   return tessaro::atBorder(AcRx::kRetOK,
                            [&] { return tessaro::ArxMfcApp::current()->dispatch(msg, pkt); });
 }
 
-/// Windows' own word that the library comes and goes: after the static objects' making and ahead of
-/// their destruction.
-/// @param processEnds not null at the end of a process that hasn't unloaded the library
+/// The library's entry point, called by Windows after the construction of the static objects and
+/// before their destruction.
+/// @param processEnds not null if the library is unloaded by the end of the process
 BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, void* processEnds) {
   if (reason == DLL_PROCESS_ATTACH) {
     tessaro::application.moduleInstance = instance;

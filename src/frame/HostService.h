@@ -6,15 +6,15 @@
 
 namespace tessaro {
 
-/// The host's service `name` out of acrxSysRegistry, seen as `Service`.
-/// @return null if there is no such service, or if it is of another class
+/// Finds a service of the host in acrxSysRegistry.
+/// @return null if there is no such service, or it is of another class than `Service`
 template <class Service>
 Service* hostService(const ACHAR* name) {
   return Service::cast(acrxSysRegistry()->at(name));
 }
 
-/// The same, checked against the class that the host's "ClassDictionary" holds under `className`
-/// and not against the description that was linked in.
+/// The same, but the class is looked up by its name in the host's "ClassDictionary".
+/// @return null if there is no such service or class, or the service is of another class
 template <class Service>
 Service* hostServiceOfClass(const ACHAR* name, const ACHAR* className) {
   AcRxObject* service = acrxSysRegistry()->at(name);

@@ -6,15 +6,13 @@
 
 #include "foundation/AppContext.h"
 #include "foundation/ModuleFile.h"
-#include "vault/MessageStrings.h"
+#include "vault/Messages.h"
 
 namespace tessaro {
 
 namespace {
 
 const wchar_t applicationName[] = L"TessaroACAD";
-
-void tell(int number, const char* defaultText) { acedPrompt(loadMessage(number, defaultText)); }
 
 }  // namespace
 
@@ -25,17 +23,17 @@ void install(AppContext& app) {
   record.setModuleName(path.c_str());
   record.setLoadReason(AcadApp::kOnAutoCADStartup);
   if (record.writeToRegistry(false, false) == AcadApp::eOk) {
-    tell(66, "Tessaro AutoCAD add-in has been registered successfully.");
+    acedPrompt(loadMessage(messages::registered));
   } else {
-    tell(20, "Failed acrxRegisterApp");
+    acedPrompt(loadMessage(messages::registrationFailed));
   }
 }
 
 void uninstall() {
   if (acrxUnregisterApp(applicationName, false) == AcadApp::eOk) {
-    tell(59, "Tessaro AutoCAD add-in has been unregistered successfully.");
+    acedPrompt(loadMessage(messages::unregistered));
   } else {
-    tell(19, "Failed acrxUnregisterApp. The add-in may not be installed.");
+    acedPrompt(loadMessage(messages::unregistrationFailed));
   }
 }
 

@@ -4,13 +4,12 @@ namespace tessaro {
 
 class AppContext;
 
-/// Puts the module into the list of applications that the host loads as it starts, under the path
-/// that the module has now (AcadAppInfo::writeToRegistry), and tells the outcome on the command
-/// line. The running module doesn't change.
+/// The command `install`: adds the module with its present path to the applications that the host
+/// loads at its start (AcadAppInfo::writeToRegistry). The outcome is reported at the command line.
 void install(AppContext& app);
 
-/// Takes the module out of that list (acrxUnregisterApp), and tells the outcome on the command
-/// line. The running module stays loaded.
+/// The command `uninstall`: removes the module from these applications (acrxUnregisterApp). The
+/// outcome is reported at the command line. The module stays loaded.
 void uninstall();
 
 }  // namespace tessaro

@@ -24,7 +24,7 @@ void registerSelectFile(bool unRegister) {
                                                             unRegister, false);
 }
 
-/// For the commands that tell the status window of the xrefs, while there is none.
+/// Stands in for the status window while there is none.
 class NoWindow final : public XrefStateObserver {
  public:
   void SetXrefsLatest() override {}
@@ -36,8 +36,8 @@ class NoWindow final : public XrefStateObserver {
 TessaroAcadApp::TessaroAcadApp() : ArxMfcApp(L"Tessaro", 1, 1, 1) {}
 
 TessaroAcadApp::~TessaroAcadApp() {
-  // Still there only if the host went without a word: its windows and reactor lists are gone by
-  // now, and what is in them mustn't be touched any more.
+  // Not null only if the host ended without kUnloadAppMsg. Its windows and reactor lists no longer
+  // exist then, so these objects can't be destroyed.
   static_cast<void>(xrefContext.release());
   static_cast<void>(editorReactor.release());
   static_cast<void>(docManagerReactor.release());
@@ -49,7 +49,7 @@ void TessaroAcadApp::processEnds() {
   forgetTextService();
 }
 
-// Each step is done whether or not those before it could be.
+// A failed step doesn't prevent the following ones.
 AcRx::AppRetCode TessaroAcadApp::initApp(void* pkt) {
   atBorder([this] { xrefContext = std::make_unique<XRefContext>(*this); });
   atBorder([this] { editorReactor = std::make_unique<EditorReactor>(*this); });
@@ -61,7 +61,7 @@ AcRx::AppRetCode TessaroAcadApp::initApp(void* pkt) {
   if (docManagerReactor) acDocManagerPtr()->addReactor(docManagerReactor.get());
   atBorder(
       [this] { statusWindow = std::make_unique<FloatWindow>(*this, moduleInstance, mainWindow); });
-  // Without the client the pointer stays null: a command says so when it needs one.
+  // Without the client the pointer stays null; a command that needs a client reports it.
   atBorder([this] { vaultClient.CreateInstance(__uuidof(VaultMain), nullptr, CLSCTX_ALL); });
   registerSelectFile(false);
   return AcRx::kRetOK;
@@ -82,9 +82,9 @@ AcRx::AppRetCode TessaroAcadApp::unloadApp(void*) {
 }
 
 XrefStateObserver& TessaroAcadApp::xrefStateObserver() {
-  static NoWindow nobody;
+  static NoWindow noWindow;
   if (statusWindow) return *statusWindow;
-  return nobody;
+  return noWindow;
 }
 
 int TessaroAcadApp::beginCommand() {
@@ -111,7 +111,7 @@ void TessaroAcadApp::editGuardCheck(AcApDocument* document) {
 
 void TessaroAcadApp::saveBegins(AcDbDatabase* database) {
   AcApDocument* document = acDocManagerPtr()->document(database);
-  // The guard reads the changes of the current drawing; of another one the host doesn't tell them.
+  // The guard reads DBMOD, which the host reports for the current drawing only.
   if (document != nullptr && document == acDocManagerPtr()->curDocument()) editGuardCheck(document);
 }
 

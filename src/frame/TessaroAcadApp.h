@@ -15,7 +15,7 @@
 
 namespace tessaro {
 
-/// The add-in: what it keeps between one call of the host and the next.
+/// The add-in, with its state between two calls of the host.
 class TessaroAcadApp : public ArxMfcApp, public DocumentEvents {
  public:
   TessaroAcadApp();
@@ -23,7 +23,7 @@ class TessaroAcadApp : public ArxMfcApp, public DocumentEvents {
 
   AcRx::AppRetCode initApp(void* pkt) override;
   AcRx::AppRetCode unloadApp(void* pkt) override;
-  /// Opens the command's own level of COM on the host's main thread.
+  /// Initializes COM on the host's main thread for the command.
   int beginCommand() override;
   void endCommand() override;
 
@@ -34,22 +34,23 @@ class TessaroAcadApp : public ArxMfcApp, public DocumentEvents {
   void saveBegins(AcDbDatabase* database) override;
   void saved(AcDbDatabase* database, const ACHAR* actualName) override;
 
-  /// The status window, or somebody who listens to nothing while there is none.
+  /// @return the status window, or an observer that does nothing while there is none
   XrefStateObserver& xrefStateObserver();
 
-  /// Lets go of everything without a call on it: the process ends, and whose it is may be gone.
+  /// Drops the client's objects without a call on them, at the end of the process: their code may
+  /// be unloaded.
   void processEnds();
 
-  /// The vault client's main object, null if the client can't be started. It lives past `unloadApp`
-  /// so that the client stays in the process for as long as the module does.
+  /// The vault client's main object, null if it can't be created. It is kept after `unloadApp`, so
+  /// that the client stays loaded as long as the module.
   VaultClientPtr vaultClient;
   std::unique_ptr<XRefContext> xrefContext;
   std::unique_ptr<EditorReactor> editorReactor;
   std::unique_ptr<DocManagerReactor> docManagerReactor;
-  /// The xrefs to load again when the user comes back to the drawing that holds them.
+  /// The xrefs to reload when the user returns to their drawing.
   XrefList pendingReloads;
-  /// Null if Windows couldn't make it, and while it is being made: its first look at the drawing
-  /// may show a box, and the host goes on sending events meanwhile.
+  /// Null during its construction, whose first refresh may show a box while the host sends events,
+  /// and if the construction failed.
   std::unique_ptr<FloatWindow> statusWindow;
   PendingCheckIn pendingCheckIn;
   GuardedDocuments guardedDocuments;

@@ -4,8 +4,8 @@
 
 namespace tessaro {
 
-/// Whether an attribute's tag matches a mapping's pattern, ignoring case. A star in front and a
-/// star at the end stand for any text; a doubled one for the star itself.
+/// Whether an attribute's tag matches a mapping's pattern, ignoring case. A star at the beginning
+/// or the end matches any text; a doubled star there matches a star.
 bool MatchTag(const CString& tag, const CString& pattern);
 
 }  // namespace tessaro

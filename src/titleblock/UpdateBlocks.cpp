@@ -13,14 +13,14 @@
 #include "titleblock/MatchTag.h"
 #include "vault/CheckedCall.h"
 #include "vault/ErrorReport.h"
-#include "vault/MessageStrings.h"
+#include "vault/Messages.h"
 
 namespace tessaro {
 
 namespace {
 
-/// Block table records by name, each read once and open for read until the cache goes. A name that
-/// the drawing doesn't know is kept too, with a null record.
+/// Block table records by name. Each is opened for read once and closed with the cache. A name
+/// without a block has a null record.
 class BlockRecordCache {
  public:
   BlockRecordCache() = default;
@@ -38,7 +38,7 @@ class BlockRecordCache {
 
 AcDbBlockTableRecord* BlockRecordCache::find(const AcDbBlockTable& blocks, const CString& name) {
   if (const auto* known = records.lookup(name)) return known->value;
-  // The place comes first: what is opened is in it from then on.
+  // The entry is made first, so that it owns the record as soon as that is open.
   records.setAt(name, nullptr);
   AcDbBlockTableRecord*& record = records.lookup(name)->value;
   blocks.getAt(name.c_str(), record, AcDb::kForRead);
@@ -70,7 +70,8 @@ void updateAll(BlockRecordCache& records, AcDbDatabase* database, const CardVari
   }
 }
 
-/// Name of the layout that the owner of a reference belongs to; empty for a block definition.
+/// @param owner the owner of a reference, a block table record; replaced by its layout
+/// @return the layout's name, empty for a block definition
 CString layoutNameOf(ArxPtr<AcDbObject>& owner) {
   const auto* block = AcDbBlockTableRecord::cast(owner.get());
   if (!block) return {};
@@ -89,8 +90,8 @@ bool isActiveLayout(const CString& layoutName) {
   return lstrcmpiW(layoutName.c_str(), active) == 0;
 }
 
-/// Makes a value a text. One without a text form, such as that of a variable not set for the
-/// layout, becomes the empty text.
+/// Converts a value to a text. A value without a text form, such as that of a variable that isn't
+/// set for the layout, is the empty text.
 const wchar_t* asText(_variant_t& value) {
   try {
     if (value.vt != VT_BSTR) value.ChangeType(VT_BSTR);
@@ -100,8 +101,8 @@ const wchar_t* asText(_variant_t& value) {
   return value.bstrVal ? value.bstrVal : L"";
 }
 
-/// @param configuration the layout of the reference before this one, and of this one afterwards:
-/// most references share it, and so one string for the client serves them all
+/// @param configuration a reused string for the client: the layout of the previous reference, of
+/// this one afterwards
 void updateReference(AcDbBlockReference& reference, const CString& pattern,
                      VaultCardVariable* variable, bool currentLayoutOnly, AcDbDatabase* database,
                      _bstr_t& configuration) {
@@ -170,7 +171,7 @@ bool SetAttributeValue(AcDbBlockReference& reference, const CString& pattern, co
 
 void reportBorderError(AppContext& app, const VaultClientLegacyPtr& client,
                        const _com_error& error) {
-  reportComError(app, client, error, loadMessage(5, "Could not update the drawing border."));
+  reportComError(app, client, error, loadMessage(messages::borderUpdateFailed));
 }
 
 }  // namespace tessaro

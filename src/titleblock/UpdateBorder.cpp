@@ -5,13 +5,13 @@
 #include "titleblock/UpdateBlocks.h"
 #include "vault/CardData.h"
 #include "vault/CheckedCall.h"
-#include "vault/OpenVaultFile.h"
+#include "vault/DrawingVaultContext.h"
 
 namespace tessaro {
 
 namespace {
 
-/// The oldest client that gives out card variables.
+/// The oldest client with card variables.
 constexpr long requiredMajor = 5, requiredMinor = 0;
 
 void updateFromCard(AppContext& app, const DrawingVaultContext& drawing, bool currentLayoutOnly) {

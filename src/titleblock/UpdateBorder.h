@@ -4,9 +4,9 @@
 
 namespace tessaro {
 
-/// The commands `update` and `updatecurrent`: write the values of the drawing's card variables into
-/// the attributes that the vault's mappings name. Reports failures itself.
-/// @param currentLayoutOnly only references on the active layout.
+/// The commands `update` and `updatecurrent`: write the values of the current drawing's card
+/// variables into the attributes of the vault's mappings. Failures are reported in a box.
+/// @param currentLayoutOnly only references on the active layout
 void UpdateBorder(AppContext& app, bool currentLayoutOnly);
 
 }  // namespace tessaro

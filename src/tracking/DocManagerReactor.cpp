@@ -16,7 +16,7 @@ void DocManagerReactor::documentDestroyed(const ACHAR* fileName) {
 void DocManagerReactor::documentLockModeChanged(AcApDocument* document, AcAp::DocLockMode,
                                                 AcAp::DocLockMode, AcAp::DocLockMode currentMode,
                                                 const ACHAR*) {
-  // While a command has the document, its prompts would take the warning's command for their input.
+  // During a command its prompts would read the warning's command as their input.
   const bool isFree = currentMode == AcAp::kNone || currentMode == AcAp::kNotLocked;
   if (isFree && document == acDocManagerPtr()->curDocument()) editGuardCheck(document);
 }

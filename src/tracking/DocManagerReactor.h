@@ -6,7 +6,7 @@ namespace tessaro {
 
 class DocumentEvents;
 
-/// Hands the document manager's events on to the module.
+/// Forwards the document manager's events to the module.
 class DocManagerReactor : public AcApDocManagerReactor {
  public:
   /// @param events receives the events; outlives the reactor
@@ -14,16 +14,15 @@ class DocManagerReactor : public AcApDocManagerReactor {
 
   void documentToBeDestroyed(AcApDocument* document) override;
   void documentDestroyed(const ACHAR* fileName) override;
-  /// Every command that changes a document locks it first and lets it go afterwards, so this comes
-  /// again and again while the user works. The guard looks when the last lock has gone back, behind
-  /// the change.
+  /// Every command locks its document before a change and unlocks it afterwards. The edit guard
+  /// checks after the last unlock, when the change has been made.
   void documentLockModeChanged(AcApDocument* document, AcAp::DocLockMode myPreviousMode,
                                AcAp::DocLockMode myCurrentMode, AcAp::DocLockMode currentMode,
                                const ACHAR* globalCmdName) override;
   void documentActivated(AcApDocument* document) override;
 
-  /// No event of the host: looks whether the user changes a drawing that isn't held.
-  /// @param document the current one, since the host tells of no other's changes
+  /// Runs the edit guard. No event of the host.
+  /// @param document the current one: the host reports the changes of no other
   virtual void editGuardCheck(AcApDocument* document);
 
  private:

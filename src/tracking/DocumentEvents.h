@@ -7,25 +7,26 @@ class AcDbDatabase;
 
 namespace tessaro {
 
-/// The events of the host's drawings that the module takes, as its reactors hand them on. What a
-/// receiver has no use for does nothing.
+/// The events of the host's drawings, as the reactors forward them. By default they do nothing.
 class DocumentEvents {
  public:
-  /// The document is about to go; it and its database can still be read.
+  /// The document is about to be destroyed; it and its database can still be read.
   virtual void documentToBeDestroyed(AcApDocument*) {}
-  /// The document is gone and its file is closed.
-  /// @param fileName the full path that the document had
+  /// The document was destroyed and its file is closed.
+  /// @param fileName the full path of the document
   virtual void documentDestroyed(const ACHAR* /*fileName*/) {}
-  /// The document's window is on top now.
+  /// The document's window was activated.
   virtual void documentActivated(AcApDocument*) {}
-  /// The document may have been changed by the user. The host takes a _com_error from it.
+  /// The user may have changed the document.
+  /// @throws _com_error to the host
   virtual void editGuardCheck(AcApDocument*) {}
-  /// The drawing is about to be written. The host takes a _com_error, as from the check above.
+  /// The drawing is about to be saved.
+  /// @throws _com_error to the host
   virtual void saveBegins(AcDbDatabase*) {}
   /// The drawing was saved.
   /// @param actualName the full path that was written
   virtual void saved(AcDbDatabase*, const ACHAR* /*actualName*/) {}
-  /// The editor has something to say beyond the host's own events.
+  /// A notice of the editor. No event of the host.
   virtual void editorNotice() {}
 
  protected:

@@ -1,6 +1,6 @@
 #include "tracking/DrawingStatus.h"
 
-#include "vault/OpenVaultFile.h"
+#include "vault/FileStatus.h"
 
 namespace tessaro {
 
@@ -17,9 +17,9 @@ void fillDrawingStatus(AppContext& app, DrawingStatus& status, const CString& pa
 
   status.localVersion = localVersion;
   status.latestVersion = latestVersion;
-  status.lockState = !checkedOut      ? LockState::notCheckedOut
-                     : checkedOutHere ? LockState::checkedOutHere
-                                      : LockState::checkedOutElsewhere;
+  status.lockState = !checkedOut      ? CheckOutState::notCheckedOut
+                     : checkedOutHere ? CheckOutState::checkedOutHere
+                                      : CheckOutState::checkedOutElsewhere;
 }
 
 }  // namespace tessaro

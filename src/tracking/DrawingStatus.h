@@ -2,20 +2,20 @@
 
 #include "foundation/AppContext.h"
 #include "foundation/CString.h"
+#include "vault/CheckOutState.h"
 
 namespace tessaro {
 
-enum class LockState { checkedOutHere = 0, checkedOutElsewhere = 1, notCheckedOut = 2 };
-
-/// What the vault knows of one drawing. "Here" is this computer and the folder of the drawing.
+/// A drawing's status in the vault. Here is this computer and the drawing's folder.
 struct DrawingStatus {
-  bool notInVault = false;  ///< in no vault that can be reached; the rest keeps what it held
-  LockState lockState = LockState::notCheckedOut;
-  int localVersion = -1;   ///< version of the local copy, below 1 for none
-  int latestVersion = -1;  ///< latest version in the vault
+  bool notInVault = false;  ///< in no reachable vault; the other fields have their previous values
+  CheckOutState lockState = CheckOutState::notCheckedOut;  ///< never `notInVault`
+  int localVersion = -1;                                   ///< of the local copy, below 1 for none
+  int latestVersion = -1;                                  ///< of the vault
 };
 
-/// Asks the vault for the status of `path`: one login and one lookup.
+/// Reads the status of a path's file: one login and one lookup. A failure of the client is reported
+/// in a box and counts as not in the vault.
 void fillDrawingStatus(AppContext& app, DrawingStatus& status, const CString& path);
 
 }  // namespace tessaro

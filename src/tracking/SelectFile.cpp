@@ -4,60 +4,51 @@
 
 #include <comdef.h>
 
+#include "foundation/AddinSettings.h"
 #include "foundation/AppContext.h"
 #include "foundation/AppMessageBox.h"
 #include "foundation/Border.h"
-#include "foundation/Registry.h"
+#include "foundation/FlagScope.h"
 #include "vault/CheckedCall.h"
 #include "vault/ErrorReport.h"
-#include "vault/MessageStrings.h"
+#include "vault/Messages.h"
 #include "vault/OpenVaultFile.h"
 
 namespace tessaro {
 
 namespace {
 
-/// What the host's own open dialog passes as its flags.
+/// The flags of the host's own open dialog.
 constexpr int openDialogFlags = 0x41102;
 
-/// True while the callback itself is inside the host's selection.
+/// Whether the callback is inside the host's selection.
 bool selecting = false;
 
-class SelectingScope {
- public:
-  SelectingScope() { selecting = true; }
-  ~SelectingScope() { selecting = false; }
-};
-
-/// Whether drawings that are opened are to be offered for check-out. Creates the settings key.
+/// Whether the setting asks for the offer. A settings key that can't be created is reported in a
+/// box.
 bool offerWanted() {
-  Registry settings;
-  if (!settings.open(HKEY_CURRENT_USER, addinSettingsKey, KEY_READ | KEY_WRITE, true)) {
-    appMessageBox(loadMessage(16, "Failed to open registry key."), MB_ICONINFORMATION);
+  Registry key;
+  if (!openAddinSettings(key)) {
+    appMessageBox(loadMessage(messages::settingsKeyFailed), MB_ICONINFORMATION);
     return false;
   }
-  DWORD autolock = 0;
-  return readSetting(settings, L"Autolock", autolock) && autolock != 0;
+  return addinSettingOrDefault(key, addinSettings::autolock) != 0;
 }
 
 void offerCheckOut(AppContext& app, const CString& path) {
-  VaultClientPtr client;
-  VaultFolderPtr folder;
-  VaultFilePtr file;
-  if (!openVaultFile(app, path, client, folder, file, false)) return;
+  OpenedVaultFile opened;
+  if (!openVaultFile(app, path, opened, false)) return;
   try {
-    if (isCheckedOut(file)) return;
+    if (isCheckedOut(opened.file)) return;
   } catch (const _com_error& error) {
-    reportComErrorClient(app, client, error, loadMessage(12, "Error getting check out data."));
+    reportComErrorClient(app, opened.client, error, loadMessage(messages::checkOutStateFailed));
     return;
   }
-  const _bstr_t question = loadMessage(
-      56, "This file is not checked out in Tessaro. Do you want to check out it before opening?");
-  if (appMessageBox(question, MB_YESNO | MB_ICONQUESTION) != IDYES) return;
+  if (!askYesNo(loadMessage(messages::askCheckOutBeforeOpen))) return;
   try {
-    checkOut(app, file, folder);
+    checkOut(app, opened.file, opened.folder);
   } catch (const _com_error& error) {
-    reportComErrorClient(app, client, error, loadMessage(10, "Error checking out file."));
+    reportComErrorClient(app, opened.client, error, loadMessage(messages::checkOutFailed));
   }
 }
 
@@ -71,14 +62,14 @@ Acad::ErrorStatus TessaroSelectFile(short* userCancel, ACHAR*& chosenPath, void*
 
   Acad::ErrorStatus status;
   {
-    // The services object asks its callbacks first, so this call comes back here once.
-    const SelectingScope scope;
+    // The services object calls its callbacks first, so this call re-enters once.
+    const FlagScope scope(selecting);
     status = acdbHostApplicationServices()->selectFile(userCancel, chosenPath, hwnd, nFlags, prompt,
                                                        dir, name, type, pnChoice, pbReadOnly,
                                                        pszWSTags, pReserved);
   }
   if (!chosenPath || status != Acad::eOk || *userCancel != 0) return status;
-  // The pick stands, whatever becomes of the offer.
+  // The selected file is opened even if the offer fails.
   atBorder([&] {
     if (offerWanted()) offerCheckOut(*currentApp(), chosenPath);
   });

@@ -4,9 +4,10 @@
 
 namespace tessaro {
 
-/// The module's select-file callback, asked by the host whenever a file is to be selected. For the
-/// host's open dialog it runs the host's own selection and offers the check-out of the pick before
-/// the host opens it; all else it leaves to the host (Acad::eNotHandled).
+/// The module's select-file callback, which the host calls for every selection of a file. For the
+/// host's open dialog it runs the host's own selection and offers to check the selected file out
+/// before the host opens it.
+/// @return Acad::eNotHandled for any other selection, which the host then runs itself
 Acad::ErrorStatus TessaroSelectFile(short* userCancel, ACHAR*& chosenPath, void* hwnd,
                                     const int nFlags, const ACHAR* prompt, const ACHAR* dir,
                                     const ACHAR* name, const ACHAR* type, int* pnChoice,

@@ -2,30 +2,29 @@
 
 #include <windows.h>
 
+#include "vault/Messages.h"
+
 namespace tessaro {
 
-/// A control's text: its number in the message table and its English wording.
+/// A control and its text.
 struct ControlText {
   int control;
-  int message;
-  const char* text;
+  Message message;
 };
 
-/// Sets the texts of controls from the message table.
-template <size_t count>
-void setControlTexts(HWND dialog, const ControlText (&texts)[count]);
-
-/// Sets the texts of the buttons OK and Cancel, as far as the dialog has them.
-void setButtonTexts(HWND dialog);
-
-/// Whether a command from the button `id` ends one of the module's dialogs (IDOK to IDNO).
-inline bool closesDialog(WORD id) { return id >= IDOK && id <= IDNO; }
-
+/// Sets the text of a control.
 void setControlText(HWND dialog, const ControlText& text);
 
+/// Sets the texts of controls.
 template <size_t count>
 void setControlTexts(HWND dialog, const ControlText (&texts)[count]) {
   for (const ControlText& text : texts) setControlText(dialog, text);
 }
+
+/// Sets the texts of the buttons OK and Cancel, if the dialog has them.
+void setButtonTexts(HWND dialog);
+
+/// Whether a command of the control `id` closes the module's dialogs (IDOK to IDNO).
+inline bool closesDialog(WORD id) { return id >= IDOK && id <= IDNO; }
 
 }  // namespace tessaro

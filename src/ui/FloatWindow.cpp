@@ -6,13 +6,15 @@
 
 #include <utility>
 
+#include "foundation/AddinSettings.h"
 #include "foundation/Border.h"
+#include "foundation/CommandNames.h"
 #include "foundation/CommandText.h"
 #include "foundation/ComScope.h"
+#include "foundation/FlagScope.h"
 #include "foundation/FormatText.h"
-#include "foundation/Registry.h"
+#include "ui/DialogTexts.h"
 #include "ui/resource.h"
-#include "vault/MessageStrings.h"
 #include "xref/XrefWork.h"
 
 namespace tessaro {
@@ -22,18 +24,12 @@ namespace {
 constexpr UINT_PTR monitorTimer = 1;
 constexpr unsigned millisecondsPerMinute = 60000;
 
-/// Lets the dialog procedure find the instance.
+/// The instances, for the dialog procedure.
 std::map<HWND, FloatWindow*> floatWindows;
 
-class WorkingScope {
- public:
-  explicit WorkingScope(bool& working) : working(working) { working = true; }
-  WorkingScope(const WorkingScope&) = delete;
-  WorkingScope& operator=(const WorkingScope&) = delete;
-  ~WorkingScope() { working = false; }
-
- private:
-  bool& working;
+constexpr ControlText boxTexts[] = {
+    {IDC_XREFS_LATEST, messages::xrefsLatestBox},
+    {IDC_CHECKED_OUT_HERE, messages::checkedOutHereBox},
 };
 
 AcApDocument* currentDocument() { return acDocManagerPtr()->curDocument(); }
@@ -47,31 +43,34 @@ void enable(HWND window, int control, bool enabled) {
 }
 
 void restorePosition(HWND window) {
-  Registry settings;
-  if (!settings.open(HKEY_CURRENT_USER, addinSettingsKey, KEY_READ | KEY_WRITE, true)) return;
+  Registry key;
+  if (!openAddinSettings(key)) return;
   DWORD left = 0, top = 0;
-  if (!readSetting(settings, L"WndPosX", left) || !readSetting(settings, L"WndPosY", top)) return;
+  if (!readAddinSetting(key, addinSettings::windowLeft, left) ||
+      !readAddinSetting(key, addinSettings::windowTop, top)) {
+    return;
+  }
   SetWindowPos(window, nullptr, static_cast<int>(left), static_cast<int>(top), 0, 0,
                SWP_NOSIZE | SWP_NOZORDER);
 }
 
 void setTexts(HWND window) {
-  SetWindowTextW(window, loadMessage(300, "Tessaro Status"));
-  setText(window, IDC_XREFS_LATEST, loadMessage(301, "Has latest xrefs"));
-  setText(window, IDC_CHECKED_OUT_HERE, loadMessage(302, "Is checked out here"));
-  const CString versions = formatText(loadMessage(303, "Version %s/%s"), {L"-", L"-"});
+  SetWindowTextW(window, loadMessage(messages::statusTitle));
+  setControlTexts(window, boxTexts);
+  const CString versions = formatText(loadMessage(messages::initialVersions), {L"-", L"-"});
   setText(window, IDC_VERSION, versions.c_str());
 }
 
 CString versionText(int version) { return version < 1 ? L"-" : std::to_wstring(version); }
 
-UINT lockBox(LockState lockState) {
+UINT lockBox(CheckOutState lockState) {
   switch (lockState) {
-    case LockState::checkedOutHere:
+    case CheckOutState::checkedOutHere:
       return BST_CHECKED;
-    case LockState::checkedOutElsewhere:
+    case CheckOutState::checkedOutElsewhere:
       return BST_INDETERMINATE;
-    case LockState::notCheckedOut:
+    case CheckOutState::notCheckedOut:
+    case CheckOutState::notInVault:
       break;
   }
   return BST_UNCHECKED;
@@ -80,7 +79,7 @@ UINT lockBox(LockState lockState) {
 }  // namespace
 
 FloatWindow::FloatWindow(AppContext& app, HINSTANCE instance, HWND owner) : app(app) {
-  // On a disabled button Windows shows all of the picture that isn't white, so its ground must be.
+  // Windows shows all non-white pixels on a disabled button, so the background must be white.
   refreshBitmap = static_cast<HBITMAP>(
       LoadImageW(instance, MAKEINTRESOURCEW(IDB_REFRESH), IMAGE_BITMAP, 0, 0, LR_LOADTRANSPARENT));
   window = CreateDialogParamW(instance, MAKEINTRESOURCEW(IDD_STATUS), owner, dialogProcedure, 0);
@@ -88,7 +87,7 @@ FloatWindow::FloatWindow(AppContext& app, HINSTANCE instance, HWND owner) : app(
     if (window == nullptr) _com_issue_error(HRESULT_FROM_WIN32(GetLastError()));
     floatWindows[window] = this;
   } catch (...) {
-    // No window may outlive the object that its procedure works on.
+    // The window must not outlive this object.
     destroy();
     throw;
   }
@@ -100,9 +99,8 @@ FloatWindow::FloatWindow(AppContext& app, HINSTANCE instance, HWND owner) : app(
 }
 
 void FloatWindow::applySettings() {
-  DWORD interval = 5, show = 1;
-  readAddinSetting(L"XrefMonitoringInterval", interval);
-  readAddinSetting(L"StatusWnd", show);
+  const DWORD interval = addinSettingOrDefault(addinSettings::xrefMonitoringInterval);
+  const DWORD show = addinSettingOrDefault(addinSettings::statusWindow);
   Configure(show != 0, interval);
 }
 
@@ -115,19 +113,19 @@ void FloatWindow::destroy() {
 }
 
 void FloatWindow::startTimer() {
-  // Beyond 71,582 minutes the 32 bits that Windows takes begin anew.
+  // Windows takes 32 bits: the period wraps above 71,582 minutes.
   SetTimer(window, monitorTimer, intervalMinutes * millisecondsPerMinute, nullptr);
 }
 
 void FloatWindow::Refresh() {
-  alone([this] { refresh(); });
+  runExclusively([this] { refreshCurrent(); });
 }
 
-/// @return the document whose status is shown now; null if there is none, or not that one any more.
-AcApDocument* FloatWindow::refresh() {
+/// @return the document whose status is shown; null if there is none, or another one was activated
+AcApDocument* FloatWindow::refreshCurrent() {
   AcApDocument* document = currentDocument();
   const CString path = document ? textOf(document->fileName()) : CString();
-  if (path.empty() || !ask(path)) return nullptr;
+  if (path.empty() || !readStatus(path)) return nullptr;
   if (!state.notInVault) {
     checkCurrentXrefs(document);
     return document;
@@ -140,11 +138,12 @@ AcApDocument* FloatWindow::refresh() {
 
 void FloatWindow::checkCurrentXrefs(AcApDocument* document) {
   KillTimer(window, monitorTimer);
-  const unsigned before = comings;
+  const unsigned before = documentChanges;
   const XrefCheck result = checkXrefs(app, *this, false);
-  // After an error the user has seen a box; the timer stays off, or it would come each period.
+  // After a failure the timer stays off: it would show the same box at every tick.
   if (intervalMinutes != 0 && result != XrefCheck::failed) startTimer();
-  if (comings != before || result == XrefCheck::impossible || result == XrefCheck::failed) return;
+  const bool noResult = result == XrefCheck::impossible || result == XrefCheck::failed;
+  if (documentChanges != before || noResult) return;
   XrefState target = XrefState::notApplicable;
   if (result == XrefCheck::current) target = XrefState::latest;
   if (result == XrefCheck::outOfDate) target = XrefState::notLatest;
@@ -153,40 +152,40 @@ void FloatWindow::checkCurrentXrefs(AcApDocument* document) {
   documents[document] = state;
 }
 
-/// Reads the status of a file anew.
-/// @return false if another document is on top by now, or one is gone; nothing has changed then.
-bool FloatWindow::ask(const CString& path) {
+/// Reads the status of a file.
+/// @return false, and the state is unchanged, if a document was activated or destroyed meanwhile
+bool FloatWindow::readStatus(const CString& path) {
   DrawingStatus answer = static_cast<const DrawingStatus&>(state);
-  const unsigned before = comings;
+  const unsigned before = documentChanges;
   fillDrawingStatus(app, answer, path);
-  if (comings != before) return false;
+  if (documentChanges != before) return false;
   static_cast<DrawingStatus&>(state) = answer;
   return true;
 }
 
 void FloatWindow::DocumentActivated(AcApDocument* document) {
-  ++comings;
+  ++documentChanges;
   const auto known = documents.find(document);
   if (known != documents.end()) {
     state = known->second;
     if (intervalMinutes != 0) showXrefBox();
     ShowStatus(false);
-  } else if (working) {
-    // Another box of the same cause on top of the one that the user looks at wouldn't help him.
+  } else if (busy) {
+    // A second query could show a second box of the same cause above the first one.
     missedDocument = true;
     ShowStatus(true);
   } else {
-    alone([this, document] { readNewDocument(document); });
+    runExclusively([this, document] { readNewDocument(document); });
   }
 }
 
 void FloatWindow::readNewDocument(AcApDocument* document) {
-  const unsigned before = comings;
-  const AcApDocument* refreshed = intervalMinutes != 0 ? refresh() : nullptr;
-  if (comings != before) return;
-  // A status that couldn't be had a moment ago would only bring its box once more.
+  const unsigned before = documentChanges;
+  const AcApDocument* refreshed = intervalMinutes != 0 ? refreshCurrent() : nullptr;
+  if (documentChanges != before) return;
+  // A status query that has just failed isn't repeated: it would show its box again.
   const bool failed = refreshed == document && state.notInVault;
-  if (!failed && !ask(textOf(document->fileName()))) return;
+  if (!failed && !readStatus(textOf(document->fileName()))) return;
   documents[document] = state;
   if (intervalMinutes != 0) showXrefBox();
   ShowStatus(false);
@@ -194,8 +193,8 @@ void FloatWindow::readNewDocument(AcApDocument* document) {
 
 void FloatWindow::DocumentDestroyed(AcApDocument* document) {
   documents.erase(document);
-  ++comings;
-  if (working) missedDocument = true;
+  ++documentChanges;
+  if (busy) missedDocument = true;
   if (state.xrefState != XrefState::notApplicable) SetXrefBox(XrefState::notApplicable);
   ShowStatus(true);
 }
@@ -203,17 +202,17 @@ void FloatWindow::DocumentDestroyed(AcApDocument* document) {
 void FloatWindow::DocumentSaved(AcDbDatabase* database, const wchar_t* fileName) {
   AcApDocument* saved = acDocManagerPtr()->document(database);
   if (saved == nullptr) return;
-  if (working) {
-    // Asked about again when the step in hand is over, or when it comes to the top.
+  if (busy) {
+    // Its status is read again after the current step, or when it is activated.
     documents.erase(saved);
     missedDocument = true;
     return;
   }
-  alone([&] {
+  runExclusively([&] {
     const CString path = textOf(fileName != nullptr ? fileName : saved->fileName());
     const bool isCurrent = saved == currentDocument();
     const FloatDocState shown = state;
-    if (!ask(path)) return;
+    if (!readStatus(path)) return;
     documents[saved] = state;
     if (isCurrent) {
       ShowStatus(false);
@@ -235,7 +234,7 @@ void FloatWindow::enterXrefState(XrefState xrefState) {
 
 void FloatWindow::Configure(bool show, unsigned interval) {
   if (show && interval != 0) {
-    // The window has its place and its timer even if this first look fails.
+    // The window is shown and the timer started even if the first refresh fails.
     if (intervalMinutes == 0) atBorder([this] { Refresh(); });
     intervalMinutes = interval;
     ShowWindow(window, SW_SHOW);
@@ -277,7 +276,7 @@ void FloatWindow::ShowStatus(bool disable) {
 }
 
 void FloatWindow::showVersions(const CString& local, const CString& latest) {
-  const CString versions = formatText(loadMessage(303, "Version: %s/%s"), {local, latest});
+  const CString versions = formatText(loadMessage(messages::versions), {local, latest});
   setText(window, IDC_VERSION, versions.c_str());
 }
 
@@ -293,20 +292,19 @@ INT_PTR CALLBACK FloatWindow::dialogProcedure(HWND window, UINT message, WPARAM 
   });
 }
 
-void FloatWindow::work(const std::function<void()>& step) {
-  if (XrefWork::goesOn()) return;
-  alone([&step] {
+void FloatWindow::runMonitorStep(const std::function<void()>& step) {
+  if (XrefWork::inProgress()) return;
+  runExclusively([&step] {
     const ComScope com;
     step();
   });
 }
 
-void FloatWindow::alone(const std::function<void()>& step) {
-  // A box of the step's own lets the messages go on: the next tick, click or event would come into
-  // the middle of it.
-  if (working) return;
+void FloatWindow::runExclusively(const std::function<void()>& step) {
+  // A box of a step dispatches messages, so ticks, clicks and events arrive during the step.
+  if (busy) return;
   {
-    const WorkingScope scope(working);
+    const FlagScope scope(busy);
     step();
   }
   if (!std::exchange(missedDocument, false)) return;
@@ -316,7 +314,7 @@ void FloatWindow::alone(const std::function<void()>& step) {
 INT_PTR FloatWindow::handle(UINT message, WPARAM wParam) {
   switch (message) {
     case WM_TIMER:
-      work([this] { refresh(); });
+      runMonitorStep([this] { refreshCurrent(); });
       return 1;
     case WM_COMMAND:
       onCommand(wParam);
@@ -328,7 +326,7 @@ INT_PTR FloatWindow::handle(UINT message, WPARAM wParam) {
       onDestroy();
       return 1;
     case WM_ACAD_KEEPFOCUS:
-      // Whoever sends a dialog a message gets this as the answer.
+      // The result of a message to a dialog.
       SetWindowLongPtrW(window, DWLP_MSGRESULT, 1);
       return 1;
     default:
@@ -340,37 +338,37 @@ void FloatWindow::onCommand(WPARAM wParam) {
   if (HIWORD(wParam) != BN_CLICKED) return;
   switch (LOWORD(wParam)) {
     case IDC_XREFS_LATEST:
-      work([this] { checkXrefs(app, *this, true); });
+      runMonitorStep([this] { checkXrefs(app, *this, true); });
       break;
     case IDC_CHECKED_OUT_HERE:
       sendLockCommand();
       break;
     case IDC_REFRESH:
-      work([this] { refresh(); });
+      runMonitorStep([this] { refreshCurrent(); });
       break;
   }
 }
 
 void FloatWindow::sendLockCommand() {
-  if (state.lockState == LockState::checkedOutElsewhere) return;
-  const bool held = state.lockState == LockState::checkedOutHere;
+  if (state.lockState == CheckOutState::checkedOutElsewhere) return;
+  const bool isHeld = state.lockState == CheckOutState::checkedOutHere;
   sendToCommandLine(acDocManagerPtr()->mdiActiveDocument(),
-                    commandText(app, held ? L"unlock" : L"lock"));
+                    commandText(app, isHeld ? commands::unlock : commands::lock));
 }
 
-/// Closing the window is a lasting choice: it stays away until the settings bring it back.
+/// Hides the window for good: the setting is written, so that it stays hidden in later sessions.
 void FloatWindow::onClose() {
   StopMonitoring();
   ShowWindow(window, SW_HIDE);
-  writeAddinSetting(L"StatusWnd", 0);
+  writeAddinSetting(addinSettings::statusWindow, 0);
 }
 
 void FloatWindow::onDestroy() {
   KillTimer(window, monitorTimer);
   RECT place;
   if (!GetWindowRect(window, &place)) return;
-  writeAddinSetting(L"WndPosX", static_cast<DWORD>(place.left));
-  writeAddinSetting(L"WndPosY", static_cast<DWORD>(place.top));
+  writeAddinSetting(addinSettings::windowLeft, static_cast<DWORD>(place.left));
+  writeAddinSetting(addinSettings::windowTop, static_cast<DWORD>(place.top));
 }
 
 }  // namespace tessaro

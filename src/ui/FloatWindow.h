@@ -15,64 +15,69 @@ class AcDbDatabase;
 
 namespace tessaro {
 
+/// The state of a drawing's xrefs.
 enum class XrefState { latest = 0, notLatest = 1, unknown = 2, notApplicable = 3 };
 
-/// What the status window shows for one document, and remembers of the others.
+/// The state that the status window shows, kept for each open document.
 struct FloatDocState : DrawingStatus {
   XrefState xrefState = XrefState::unknown;
 };
 
-/// The small floating window that shows, for the drawing on top, whether its xrefs are the latest,
-/// whether it is checked out here, and its versions. It owns the timer of the xref monitor: with
-/// the window hidden nothing is monitored.
+/// The small floating window that shows whether the active drawing's xrefs are the latest, whether
+/// the drawing is checked out here, and its versions. It owns the timer of the xref monitor: while
+/// the window is hidden nothing is monitored.
 class FloatWindow : public XrefStateObserver {
  public:
-  /// Creates the window from dialog 115 and shows it as the settings say.
-  /// @param owner the host's main window.
-  /// @throws _com_error if Windows doesn't make the window.
+  /// Creates the window and applies the settings.
+  /// @param owner the host's main window
+  /// @throws _com_error if Windows fails to create the window
   FloatWindow(AppContext& app, HINSTANCE instance, HWND owner);
   FloatWindow(const FloatWindow&) = delete;
   FloatWindow& operator=(const FloatWindow&) = delete;
   virtual ~FloatWindow();
 
-  /// Reads the current document's status anew and checks its xrefs.
+  /// Reads the current document's status and checks its xrefs.
   void Refresh();
 
-  /// Shows the document that came to the top: what is remembered of it, or what the vault says.
+  /// Shows the state of the activated document. The vault is asked only at its first activation.
   void DocumentActivated(AcApDocument* document);
+
+  /// Removes the state of a document and clears the window.
   void DocumentDestroyed(AcApDocument* document);
 
-  /// Reads the saved file's status anew; the xrefs aren't checked. A database without a document is
-  /// none of the window's.
-  /// @param fileName null if the host doesn't tell it.
+  /// Reads the saved file's status; the xrefs aren't checked. A database without a document is
+  /// ignored.
+  /// @param fileName null for the document's file name
   void DocumentSaved(AcDbDatabase* database, const wchar_t* fileName);
 
   void SetXrefsLatest() override;
   void SetXrefsUnknown() override;
 
-  /// Applies the settings at once.
-  /// @param intervalMinutes period of the xref monitor; 0 turns it off.
+  /// Shows or hides the window and starts or stops the xref monitor.
+  /// @param intervalMinutes the monitor's period, 0 for none
   void Configure(bool show, unsigned intervalMinutes);
 
+  /// Stops the xref monitor.
   void StopMonitoring();
 
  private:
   static INT_PTR CALLBACK dialogProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
   INT_PTR handle(UINT message, WPARAM wParam);
   void onCommand(WPARAM wParam);
-  /// Runs what the timer or a click asks for, unless work of that kind goes on already.
-  void work(const std::function<void()>& step);
-  /// Runs a step that asks the vault, unless another one does. What came meanwhile follows it.
-  void alone(const std::function<void()>& step);
+  /// Runs a step of the timer or of a click, unless work on xrefs is in progress.
+  void runMonitorStep(const std::function<void()>& step);
+  /// Runs a step that asks the vault, unless another one is running. Afterwards a document event
+  /// that was missed is handled.
+  void runExclusively(const std::function<void()>& step);
   void destroy();
   void onClose();
   void onDestroy();
   void sendLockCommand();
 
-  AcApDocument* refresh();
+  AcApDocument* refreshCurrent();
   void checkCurrentXrefs(AcApDocument* document);
   void readNewDocument(AcApDocument* document);
-  bool ask(const CString& path);
+  bool readStatus(const CString& path);
   void applySettings();
   void startTimer();
   void ShowStatus(bool disable);
@@ -84,12 +89,13 @@ class FloatWindow : public XrefStateObserver {
   AppContext& app;
   FloatDocState state;
   unsigned intervalMinutes = 0;
-  bool working = false;
-  /// A document came to the top, was saved or went while the window was asking the vault.
+  /// A step that asks the vault is running.
+  bool busy = false;
+  /// A document was activated, saved or destroyed during such a step.
   bool missedDocument = false;
-  /// How many documents came to the top or went. An answer of the vault's that was waited for
-  /// meanwhile, with windows of the client's on the screen, may be that of a document long gone.
-  unsigned comings = 0;
+  /// Counts the activated and destroyed documents. If it changed during a query of the vault, which
+  /// can show windows of the client, the result belongs to another document than the current one.
+  unsigned documentChanges = 0;
   HWND window = nullptr;
   HBITMAP refreshBitmap = nullptr;
   std::map<AcApDocument*, FloatDocState> documents;

@@ -8,8 +8,8 @@
 
 #include "foundation/FormatText.h"
 #include "ui/DialogTexts.h"
-#include "vault/MessageStrings.h"
-#include "vault/OpenVaultFile.h"
+#include "vault/CheckOutState.h"
+#include "vault/Messages.h"
 
 namespace tessaro {
 
@@ -41,9 +41,9 @@ void addRow(HWND list, int row, long version, const CString& comment) {
 }
 
 CString commentCell(const VersionEntry& entry) {
-  if (entry.version == 1) return textOf(loadMessage(204, "<Created>"));
+  if (entry.version == 1) return textOf(loadMessage(messages::firstVersionComment));
   if (!entry.comment.empty()) return entry.comment;
-  return textOf(loadMessage(205, "<No comment>"));
+  return textOf(loadMessage(messages::noComment));
 }
 
 CString bareName(const CString& path) {
@@ -61,9 +61,8 @@ void GetVersionDialog::onInit() {
 }
 
 void GetVersionDialog::setTexts() {
-  SetWindowTextW(window, loadMessage(200, "Get version"));
-  const CString prompt =
-      formatText(loadMessage(201, "Select version of %s to get"), {bareName(path)});
+  SetWindowTextW(window, loadMessage(messages::getVersionTitle));
+  const CString prompt = formatText(loadMessage(messages::getVersionPrompt), {bareName(path)});
   SetDlgItemTextW(window, IDC_SELECT_VERSION, prompt.c_str());
   setButtonTexts(window);
 }
@@ -71,13 +70,13 @@ void GetVersionDialog::setTexts() {
 void GetVersionDialog::addColumns() {
   HWND list = GetDlgItem(window, IDC_VERSIONS);
   SendMessageW(list, LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT, LVS_EX_FULLROWSELECT);
-  addColumn(list, 0, loadMessage(202, "Version"), 55);
-  addColumn(list, 1, loadMessage(203, "Comment"), 250);
+  addColumn(list, 0, loadMessage(messages::versionColumn), 55);
+  addColumn(list, 1, loadMessage(messages::commentColumn), 250);
 }
 
 void GetVersionDialog::addVersions() {
   std::vector<VersionEntry> versions;
-  readCheckOutStateOrTell(app, path, &versions);
+  readCheckOutStateOrReport(app, path, &versions);
   HWND list = GetDlgItem(window, IDC_VERSIONS);
   int row = 0;
   for (auto entry = versions.rbegin(); entry != versions.rend(); ++entry) {
@@ -115,7 +114,7 @@ void GetVersionDialog::takeSelection() {
 }
 
 long chooseVersion(AppContext& app, const CString& path) {
-  // The class of the list exists only after somebody in the process has asked for it.
+  // Registers the window class of the list.
   const INITCOMMONCONTROLSEX classes = {sizeof(classes), ICC_LISTVIEW_CLASSES};
   InitCommonControlsEx(&classes);
   GetVersionDialog dialog(app, path);

@@ -7,14 +7,13 @@
 
 namespace tessaro {
 
-/// Shows the versions of one file, newest first, with their comments, and gives back the version
-/// that the user chose.
+/// Shows the versions of one file, newest first, with their comments, for the user to choose one.
 class GetVersionDialog : public CSimpleDialog<IDD_GET_VERSION, true> {
  public:
-  /// @param path the file's full path.
+  /// @param path the file's full path
   GetVersionDialog(AppContext& app, const CString& path) : app(app), path(path) {}
 
-  /// Version number of the chosen row; 0 if no row was marked.
+  /// The chosen version, 0 if no row was selected.
   long selectedVersion = 0;
 
  protected:
@@ -32,8 +31,8 @@ class GetVersionDialog : public CSimpleDialog<IDD_GET_VERSION, true> {
   const CString path;
 };
 
-/// Runs the dialog over the host's main window.
-/// @return the chosen version, 0 if the user cancelled or chose none.
+/// Runs the dialog.
+/// @return the chosen version, 0 if the user cancelled or chose none
 long chooseVersion(AppContext& app, const CString& path);
 
 }  // namespace tessaro

@@ -6,9 +6,9 @@
 
 #include "foundation/FormatText.h"
 #include "ui/DialogTexts.h"
-#include "vault/CurrentDrawing.h"
-#include "vault/MessageStrings.h"
-#include "vault/OpenVaultFile.h"
+#include "vault/FileStatus.h"
+#include "vault/Messages.h"
+#include "vault/RequireCurrentDrawing.h"
 #include "xref/XrefInfo.h"
 #include "xref/XrefPaths.h"
 
@@ -17,15 +17,15 @@ namespace tessaro {
 namespace {
 
 constexpr ControlText labels[] = {
-    {IDC_LOCATION_LABEL, 241, "Location:"},
-    {IDC_LOCAL_VERSION_LABEL, 242, "Local version:"},
-    {IDC_LATEST_VERSION_LABEL, 243, "Latest version:"},
-    {IDC_CHECKED_OUT_BY_LABEL, 244, "Checked out by:"},
-    {IDC_CHECKED_OUT_IN_LABEL, 245, "Checked out in:"},
-    {IDC_WORKFLOW_STATE_LABEL, 246, "Workflow state:"},
+    {IDC_LOCATION_LABEL, messages::locationLabel},
+    {IDC_LOCAL_VERSION_LABEL, messages::localVersionLabel},
+    {IDC_LATEST_VERSION_LABEL, messages::latestVersionLabel},
+    {IDC_CHECKED_OUT_BY_LABEL, messages::checkedOutByLabel},
+    {IDC_CHECKED_OUT_IN_LABEL, messages::checkedOutInLabel},
+    {IDC_WORKFLOW_STATE_LABEL, messages::workflowStateLabel},
 };
 
-/// @return false if there is no file to show; the user has been told what there is to tell.
+/// @return false if there is no file to show; the reason was reported
 bool fileToShow(CString& path) {
   XrefInfo xref;
   if (selectXref(xref, true)) {
@@ -59,7 +59,7 @@ bool readProperties(AppContext& app, const CString& path, FileProperties& proper
 }  // namespace
 
 void PropertiesDialog::onInit() {
-  const CString title = formatText(loadMessage(240, "%s - Properties"), {file.fileName});
+  const CString title = formatText(loadMessage(messages::propertiesTitle), {file.fileName});
   SetWindowTextW(window, title.c_str());
   setControlTexts(window, labels);
   setButtonTexts(window);

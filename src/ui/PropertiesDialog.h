@@ -7,17 +7,18 @@
 
 namespace tessaro {
 
-/// The vault facts of one file, as its properties dialog shows them.
+/// The properties of one file in the vault.
 struct FileProperties {
   CString fileName;        ///< the file's name in the vault
   CString location;        ///< the full local path
-  CString checkedOutBy;    ///< the holder's user name, empty if nobody holds it
-  CString checkedOutIn;    ///< the holder's computer and folder
+  CString checkedOutBy;    ///< user name, empty if the file isn't checked out
+  CString checkedOutIn;    ///< computer and folder of the check-out
   CString workflowState;   ///< name of the file's state
   long localVersion = -1;  ///< -1 without a local version
   long latestVersion = 0;
 };
 
+/// Shows the properties of one file.
 class PropertiesDialog : public CSimpleDialog<IDD_PROPERTIES, true> {
  public:
   explicit PropertiesDialog(const FileProperties& file) : file(file) {}
@@ -32,8 +33,8 @@ class PropertiesDialog : public CSimpleDialog<IDD_PROPERTIES, true> {
   const FileProperties file;
 };
 
-/// The command `properties`: shows the vault facts of the preselected xref, or else of the current
-/// drawing. A file outside the vault gets no dialog.
+/// The command `properties`: shows the properties of the preselected xref, or else of the current
+/// drawing. For a file outside the vaults nothing is shown.
 void properties(AppContext& app);
 
 }  // namespace tessaro

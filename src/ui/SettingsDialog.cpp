@@ -4,34 +4,26 @@
 
 #include <algorithm>
 
-#include "foundation/Registry.h"
+#include "foundation/AddinSettings.h"
 #include "ui/DialogTexts.h"
 #include "ui/FloatWindow.h"
 #include "ui/Version.h"
-#include "vault/MessageStrings.h"
+#include "vault/Messages.h"
 
 namespace tessaro {
 
 namespace {
 
 constexpr ControlText texts[] = {
-    {IDC_AUTOLOCK, 221,
-     "Prompt to check out drawings that are opened in AutoCAD and not already checked out"},
-    {IDC_EDIT_WARNING, 225, "Display a warning when trying to edit a checked in drawing"},
-    {IDC_SHOW_STATUS, 222, "Show the Tessaro status window"},
-    {IDC_INTERVAL_LABEL, 223, "Time between checks that all xrefs are up-to-date:"},
-    {IDC_MINUTES, 224, "minutes"},
+    {IDC_AUTOLOCK, messages::autolockBox},        {IDC_EDIT_WARNING, messages::editWarningBox},
+    {IDC_SHOW_STATUS, messages::statusWindowBox}, {IDC_INTERVAL_LABEL, messages::intervalLabel},
+    {IDC_MINUTES, messages::minutesLabel},
 };
-
-DWORD settingOr(const wchar_t* name, DWORD fallback) {
-  DWORD value = 0;
-  return readAddinSetting(name, value) ? value : fallback;
-}
 
 CString versionLine() {
   CString version = textOf(_bstr_t(moduleVersion));
   std::replace(version.begin(), version.end(), L',', L'.');
-  return textOf(loadMessage(226, "Add-in version : ")) + version;
+  return textOf(loadMessage(messages::addinVersion)) + version;
 }
 
 }  // namespace
@@ -46,7 +38,7 @@ void SettingsDialog::onInit() {
 }
 
 void SettingsDialog::setTexts() {
-  SetWindowTextW(window, loadMessage(220, "Tessaro add-in settings"));
+  SetWindowTextW(window, loadMessage(messages::settingsTitle));
   setControlTexts(window, texts);
   setButtonTexts(window);
 }
@@ -67,15 +59,15 @@ void SettingsDialog::takeValues() {
 
 void settings(AppContext& app, FloatWindow* statusWindow) {
   SettingsDialog dialog;
-  dialog.interval = settingOr(L"XrefMonitoringInterval", 5);
-  dialog.autolock = settingOr(L"Autolock", 0) != 0;
-  dialog.statusWnd = settingOr(L"StatusWnd", 1) != 0;
-  dialog.editWarning = settingOr(L"EditWarning", 1) != 0;
+  dialog.interval = addinSettingOrDefault(addinSettings::xrefMonitoringInterval);
+  dialog.autolock = addinSettingOrDefault(addinSettings::autolock) != 0;
+  dialog.statusWnd = addinSettingOrDefault(addinSettings::statusWindow) != 0;
+  dialog.editWarning = addinSettingOrDefault(addinSettings::editWarning) != 0;
   if (dialog.doModal(app.mainWindow) != IDOK) return;
-  writeAddinSetting(L"XrefMonitoringInterval", dialog.interval);
-  writeAddinSetting(L"StatusWnd", dialog.statusWnd);
-  writeAddinSetting(L"Autolock", dialog.autolock);
-  writeAddinSetting(L"EditWarning", dialog.editWarning);
+  writeAddinSetting(addinSettings::xrefMonitoringInterval, dialog.interval);
+  writeAddinSetting(addinSettings::statusWindow, dialog.statusWnd);
+  writeAddinSetting(addinSettings::autolock, dialog.autolock);
+  writeAddinSetting(addinSettings::editWarning, dialog.editWarning);
   if (statusWindow) statusWindow->Configure(dialog.statusWnd, dialog.interval);
 }
 

@@ -8,13 +8,13 @@ namespace tessaro {
 
 class FloatWindow;
 
-/// Shows the four settings of the user; they are taken out of the controls when it closes.
+/// Shows the user's four settings. The members are set from the controls when the dialog closes.
 class SettingsDialog : public CSimpleDialog<IDD_SETTINGS, true> {
  public:
-  bool autolock = false;    ///< offer the check-out at open
-  bool editWarning = true;  ///< warn at the first change of a drawing that isn't held
-  bool statusWnd = true;    ///< show the status window
-  unsigned interval = 5;    ///< period of the xref monitor in minutes, 0 for none
+  bool autolock = false;     ///< offer the check-out at open
+  bool editWarning = false;  ///< warn at the first change of a drawing that isn't checked out
+  bool statusWnd = false;    ///< show the status window
+  unsigned interval = 0;     ///< period of the xref monitor in minutes, 0 for none
 
  protected:
   void onInit() override;
@@ -25,8 +25,8 @@ class SettingsDialog : public CSimpleDialog<IDD_SETTINGS, true> {
   void takeValues();
 };
 
-/// The command `settings`: lets the user see and change the settings; OK writes them, and the
-/// status window follows at once.
+/// The command `settings`: lets the user change the settings. OK writes them and applies them to
+/// the status window.
 /// @param statusWindow null if there is none
 void settings(AppContext& app, FloatWindow* statusWindow);
 

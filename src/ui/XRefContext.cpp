@@ -3,10 +3,10 @@
 #include <acdocman.h>
 
 #include "foundation/Border.h"
+#include "foundation/CommandNames.h"
 #include "foundation/CommandText.h"
 #include "foundation/ComScope.h"
 #include "foundation/FormatText.h"
-#include "vault/MessageStrings.h"
 #include "xref/XrefInfo.h"
 #include "xref/XrefPaths.h"
 
@@ -20,8 +20,8 @@ void removeItems(HMENU menu) {
   while (GetMenuItemCount(menu) > 0) RemoveMenu(menu, 0, MF_BYPOSITION);
 }
 
-/// A text that a menu shows as it is: "&" marks a mnemonic there, a tab starts a column of its own
-/// and a line end would stand as a box.
+/// Escapes a text for a menu, where "&" marks a mnemonic, a tab starts a column and a line end is
+/// shown as a box.
 CString menuText(const CString& text) {
   CString shown;
   for (size_t at = 0; at < text.size(); ++at) {
@@ -34,11 +34,11 @@ CString menuText(const CString& text) {
 
 CString versionItem(const VersionEntry& entry) {
   const int version = entry.version;
-  if (version == 1) return formatText(loadMessage(104, "%d. <Created>"), {version});
+  if (version == 1) return formatText(loadMessage(messages::menuFirstVersion), {version});
   if (!entry.comment.empty()) {
-    return formatText(loadMessage(106, "%d. %s"), {version, menuText(entry.comment)});
+    return formatText(loadMessage(messages::menuVersion), {version, menuText(entry.comment)});
   }
-  return formatText(loadMessage(105, "%d. <No comment>"), {version});
+  return formatText(loadMessage(messages::menuVersionWithoutComment), {version});
 }
 
 }  // namespace
@@ -55,7 +55,7 @@ void XrefMenuFlags::fold(CheckOutState state) {
     case CheckOutState::notCheckedOut:
       canCheckIn = false;
       break;
-    default:
+    case CheckOutState::notInVault:
       canCheckIn = canCheckOut = inVault = false;
       break;
   }
@@ -65,7 +65,7 @@ XRefContext::XRefContext(AppContext& app)
     : app(app), menu(CreatePopupMenu()), versionMenu(CreatePopupMenu()) {}
 
 XRefContext::~XRefContext() {
-  // The version menu may hang in the other one, which would destroy it along.
+  // Detaches the version menu, which would be destroyed with the other one.
   removeItems(menu);
   for (HMENU made : {menu, versionMenu}) {
     if (made != nullptr) DestroyMenu(made);
@@ -77,7 +77,7 @@ void* XRefContext::getMenuContext(const AcRxClass*, const AcDbObjectIdArray& ids
 }
 
 void* XRefContext::buildMenu(const AcDbObjectIdArray& ids) {
-  // Windows may have had none to give at the module's start.
+  // The creation may have failed at the module's start.
   if (menu == nullptr) menu = CreatePopupMenu();
   if (versionMenu == nullptr) versionMenu = CreatePopupMenu();
   if (menu == nullptr) return nullptr;
@@ -89,14 +89,14 @@ void* XRefContext::buildMenu(const AcDbObjectIdArray& ids) {
 
   addCheckOutEntry(flags);
   if (single && flags.inVault) {
-    append(editId, 102, "Edit this Xref");
+    append(editId, messages::menuEdit);
     addVersionMenu(versions);
-    append(propertiesId, 107, "Tessaro Properties...");
+    append(propertiesId, messages::menuProperties);
   }
   return &menu;
 }
 
-/// @return false if one of the selected references is no xref.
+/// @return false if a selected reference is no xref
 bool XRefContext::readSelection(const AcDbObjectIdArray& ids, XrefMenuFlags& flags,
                                 std::vector<VersionEntry>* versions) {
   const ComScope com;
@@ -104,7 +104,7 @@ bool XRefContext::readSelection(const AcDbObjectIdArray& ids, XrefMenuFlags& fla
     XrefInfo xref;
     if (!readXrefReference(ids[index], xref)) return false;
     makeAbsolute(xref.path);
-    flags.fold(readCheckOutStateOrTell(app, xref.path, versions));
+    flags.fold(readCheckOutStateOrReport(app, xref.path, versions));
   }
   return true;
 }
@@ -112,10 +112,10 @@ bool XRefContext::readSelection(const AcDbObjectIdArray& ids, XrefMenuFlags& fla
 void XRefContext::addCheckOutEntry(const XrefMenuFlags& flags) {
   if (!flags.inVault) return;
   if (flags.canCheckIn) {
-    append(checkInId, 100, "Check in this Xref",
+    append(checkInId, messages::menuCheckIn,
            MF_STRING | (flags.checkInGrayed ? MF_GRAYED : MF_ENABLED));
   } else if (flags.canCheckOut) {
-    append(checkOutId, 101, "Check out this Xref");
+    append(checkOutId, messages::menuCheckOut);
   }
 }
 
@@ -126,11 +126,11 @@ void XRefContext::addVersionMenu(const std::vector<VersionEntry>& versions) {
                 versionItem(*entry).c_str());
   }
   AppendMenuW(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(versionMenu),
-              loadMessage(103, "Get Version"));
+              loadMessage(messages::menuGetVersion));
 }
 
-void XRefContext::append(UINT id, int message, const char* text, UINT flags) {
-  AppendMenuW(menu, flags, id, loadMessage(message, text));
+void XRefContext::append(UINT id, const Message& message, UINT flags) {
+  AppendMenuW(menu, flags, id, loadMessage(message));
 }
 
 void XRefContext::onCommand(Adesk::UInt32 id) {
@@ -141,20 +141,21 @@ void XRefContext::sendCommand(Adesk::UInt32 id) {
   CString command;
   switch (id) {
     case checkOutId:
-      command = L"lockxref";
+      command = commands::lockXref;
       break;
     case checkInId:
-      command = L"unlockxref";
+      command = commands::unlockXref;
       break;
     case editId:
-      command = L"editxref";
+      command = commands::editXref;
       break;
     case propertiesId:
-      command = L"properties";
+      command = commands::properties;
       break;
     default:
       if (id < firstVersionId) return;
-      command = formatText(L"%s %d", {L"getxrefver2", static_cast<int>(id - firstVersionId)});
+      command =
+          formatText(L"%s %d", {commands::getXrefVer2, static_cast<int>(id - firstVersionId)});
       break;
   }
   sendToCommandLine(acDocManagerPtr()->mdiActiveDocument(), commandText(app, command));

@@ -8,11 +8,11 @@
 
 namespace tessaro {
 
-/// The data card of a file.
+/// @return the data card of a file
 /// @throws _com_error
 VaultCardDataPtr cardDataOf(VaultFileLegacy* file);
 
-/// The variables of a data card, released with their holder, and the array that they came in.
+/// Owner of the variables of a data card and of their array.
 class CardVariables {
  public:
   /// @param folderId the folder of the file
@@ -30,16 +30,20 @@ class CardVariables {
   long count_ = 0;
 };
 
-/// Visits the mappings of a variable in the client's order.
+/// Calls `visit` for each mapping of a variable, in the client's order.
 /// @throws _com_error
 void forEachMapping(VaultCardVariable* variable,
                     const std::function<void(VaultAttributeMapping*)>& visit);
 
+/// @return the name of the block that the mapping writes to
 /// @throws _com_error
 CString blockNameOf(VaultAttributeMapping* mapping);
+
+/// @return the tag of the attribute that the mapping writes to
+/// @throws _com_error
 CString attributeTagOf(VaultAttributeMapping* mapping);
 
-/// The value of a variable in one configuration, of any type.
+/// @return the value of a variable in one configuration, of any type
 /// @throws _com_error
 _variant_t valueFor(VaultCardVariable* variable, const _bstr_t& configuration);
 

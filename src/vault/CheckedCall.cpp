@@ -65,7 +65,7 @@ CString rootFolderPath(VaultClient* client) {
 }
 
 void getLocalCopy(const AppContext& app, VaultFile* file, const CString& path) {
-  // Latest version, though the local copy may be another one.
+  // Fetch the latest version even if the local copy is another one.
   const long fetchAnyway = 1;
   const _variant_t fullPath(path.c_str());
   _bstr_t localPath;

@@ -1,56 +1,51 @@
+#include "vault/DrawingVaultContext.h"
+
 #include <acdocman.h>
 
 #include "foundation/AppMessageBox.h"
 #include "foundation/FormatText.h"
-#include "vault/CurrentDrawing.h"
 #include "vault/ErrorReport.h"
-#include "vault/MessageStrings.h"
-#include "vault/OpenVaultFile.h"
+#include "vault/Messages.h"
+#include "vault/RequireCurrentDrawing.h"
 #include "vault/VaultSteps.h"
 
 namespace tessaro {
 
 namespace {
 
-/// Whether the client is of the version or newer; tells the user if not.
+/// Whether the client has the version or a newer one. An older one is reported in a box.
 bool isNewEnough(const VaultClientLegacyPtr& client, long requiredMajor, long requiredMinor) {
   long major = 0;
   long minor = 0;
   check(client->clientVersion(&major, &minor), *client);
   if (major > requiredMajor || (major == requiredMajor && minor >= requiredMinor)) return true;
   const CString text =
-      formatText(loadMessage(4,
-                             "You must have at least Tessaro version %d.%d to run this command.\n"
-                             "Your current version is %d.%d."),
-                 {requiredMajor, requiredMinor, major, minor});
+      formatText(loadMessage(messages::clientTooOld), {requiredMajor, requiredMinor, major, minor});
   appMessageBox(text.c_str(), MB_ICONINFORMATION);
   return false;
 }
 
-HRESULT tellNotInVault(HRESULT result) {
-  appMessageBox(loadMessage(2,
-                            "You have to save your drawing into a Tessaro file vault before you "
-                            "can use this command."),
-                MB_ICONINFORMATION);
+HRESULT reportNotInVault(HRESULT result) {
+  appMessageBox(loadMessage(messages::drawingNotInVault), MB_ICONINFORMATION);
   return result;
 }
 
 HRESULT openContext(const AppContext& app, DrawingVaultContext& context, long requiredMajor,
                     long requiredMinor) {
   VaultClientLegacyPtr& client = context.client;
-  const HRESULT created = createClientOrTell(client);
+  const HRESULT created = createClientOrReport(client);
   if (FAILED(created)) return created;
   if (requiredMajor != 0 && !isNewEnough(client, requiredMajor, requiredMinor)) {
     return E_QVT_VERSION_MISMATCH;
   }
   _bstr_t vaultName;
   const HRESULT named = findVaultName(client, context.path, vaultName);
-  if (named == E_QVT_KEY_NOT_FOUND) return tellNotInVault(named);
+  if (named == E_QVT_KEY_NOT_FOUND) return reportNotInVault(named);
   check(named, *client);
   if (isVaultOffline(vaultName)) return E_QVT_NOT_LOGGED_IN;
   check(logIn(app, client, vaultName), *client);
   const HRESULT found = findFile(client, context.path, context.folder, context.file);
-  if (found == E_QVT_FILE_NOT_FOUND) return tellNotInVault(found);
+  if (found == E_QVT_FILE_NOT_FOUND) return reportNotInVault(found);
   check(found, *client);
   return S_OK;
 }
@@ -66,8 +61,7 @@ HRESULT OpenVaultContext(AppContext& app, DrawingVaultContext& context, long req
   try {
     return openContext(app, context, requiredMajor, requiredMinor);
   } catch (const _com_error& error) {
-    return reportComError(app, context.client, error,
-                          loadMessage(5, "Could not update the drawing border."));
+    return reportComError(app, context.client, error, loadMessage(messages::borderUpdateFailed));
   }
 }
 

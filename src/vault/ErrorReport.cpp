@@ -1,7 +1,7 @@
 #include "vault/ErrorReport.h"
 
 #include "foundation/AppMessageBox.h"
-#include "vault/MessageStrings.h"
+#include "vault/Messages.h"
 #include "vault/ResultCodes.h"
 
 namespace tessaro {
@@ -11,11 +11,9 @@ namespace {
 template <class ClientPtr>
 _bstr_t causeOf(const ClientPtr& client, const _com_error& error) {
   const HRESULT code = error.Error();
-  // For these two the user can do something that the client doesn't know of.
+  // For these two the user can do something about the cause.
   if (code == E_QVT_RCE_ERROR || code == E_QVT_FILE_SHARE_ERROR) {
-    return loadMessage(18,
-                       "Make sure the file or any of it's external references isn't opened in "
-                       "another window.");
+    return loadMessage(messages::fileOpenElsewhereAdvice);
   }
   if (client) {
     _bstr_t text;
@@ -31,7 +29,7 @@ HRESULT report(const ClientPtr& client, const _com_error& error, const wchar_t* 
   try {
     cause = causeOf(client, error);
   } catch (const _com_error&) {
-    // What the module was about to do is still worth showing.
+    // The context is shown without a cause.
   }
   appMessageBox(_bstr_t(context) + L"\n" + cause, MB_ICONINFORMATION);
   return error.Error();
@@ -47,6 +45,10 @@ HRESULT reportComError(AppContext&, const VaultClientLegacyPtr& client, const _c
 HRESULT reportComErrorClient(AppContext&, const VaultClientPtr& client, const _com_error& error,
                              const wchar_t* context) {
   return report(client, error, context);
+}
+
+void reportResultText(const _com_error& error) {
+  appMessageBox(resultCodeText(error.Error()), MB_ICONINFORMATION);
 }
 
 }  // namespace tessaro

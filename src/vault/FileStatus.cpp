@@ -1,9 +1,9 @@
-// What the client tells of one file: whose it is, which versions there are and which is here.
+#include "vault/FileStatus.h"
+
 #include <iterator>
 
-#include "foundation/AppMessageBox.h"
-#include "vault/OpenVaultFile.h"
-#include "vault/VaultSteps.h"
+#include "vault/CheckedCall.h"
+#include "vault/ErrorReport.h"
 
 namespace tessaro {
 
@@ -78,27 +78,6 @@ void fill(const FileStatus& wanted, VaultFile& file, VaultFolder* folder) {
   }
 }
 
-void tellFailure(const _com_error& error) {
-  appMessageBox(resultCodeText(error.Error()), MB_ICONINFORMATION);
-}
-
-void appendVersions(VaultFileLegacy& file, std::vector<VersionEntry>& versions) {
-  VaultVersionListPtr list;
-  check(file.versionList(&list), file);
-  VaultPositionPtr position;
-  check(list->firstPosition(&position), *list);
-  for (;;) {
-    long atEnd = 0;
-    check(position->isNull(&atEnd), *position);
-    if (atEnd != 0) return;
-    long version = 0, userId = 0;
-    DATE date = 0;
-    _bstr_t comment;
-    check(list->nextVersion(position, &version, comment.GetAddress(), &userId, &date), *list);
-    versions.push_back({version, textOf(comment)});
-  }
-}
-
 }  // namespace
 
 bool isHeldHere(AppContext&, VaultFilePtr& file, VaultFolderPtr& folder) {
@@ -109,44 +88,13 @@ bool isHeldHere(AppContext&, VaultFilePtr& file, VaultFolderPtr& folder) {
 
 bool readFileStatus(AppContext& app, const CString& path, const FileStatus& wanted) {
   try {
-    VaultClientPtr client;
-    VaultFolderPtr folder;
-    VaultFilePtr file;
-    if (!openVaultFile(app, path, client, folder, file, true)) return false;
-    fill(wanted, *file, folder);
+    OpenedVaultFile opened;
+    if (!openVaultFile(app, path, opened, true)) return false;
+    fill(wanted, *opened.file, opened.folder);
     return true;
   } catch (const _com_error& error) {
-    tellFailure(error);
+    reportResultText(error);
     return false;
-  }
-}
-
-CheckOutState readCheckOutState(AppContext& app, const CString& path,
-                                std::vector<VersionEntry>* versions) {
-  VaultClientLegacyPtr client;
-  VaultFolderLegacyPtr folder;
-  VaultFileLegacyPtr file;
-  _bstr_t vaultName;
-  if (!reachVault(path, client, vaultName, true)) return notInVault;
-  check(logIn(app, client, vaultName), *client);
-  if (!succeededOr({E_QVT_FILE_NOT_FOUND}, true, findFile(client, path, folder, file), *client)) {
-    return notInVault;
-  }
-  CheckOutState state = notCheckedOut;
-  if (isCheckedOut(file)) {
-    state = isCheckedOutHere(file, folder) ? checkedOutHere : checkedOutElsewhere;
-  }
-  if (versions != nullptr) appendVersions(*file, *versions);
-  return state;
-}
-
-CheckOutState readCheckOutStateOrTell(AppContext& app, const CString& path,
-                                      std::vector<VersionEntry>* versions) {
-  try {
-    return readCheckOutState(app, path, versions);
-  } catch (const _com_error& error) {
-    tellFailure(error);
-    return notInVault;
   }
 }
 

@@ -8,17 +8,18 @@
 
 namespace tessaro {
 
-/// Frees an item id list as the shell asks for it.
+/// Frees an item id list (CoTaskMemFree).
 struct ItemIdListDeleter {
   void operator()(ITEMIDLIST* list) const { CoTaskMemFree(list); }
 };
 using ItemIdList = std::unique_ptr<ITEMIDLIST, ItemIdListDeleter>;
 
-/// The item of a bare file name in a folder (IShellFolder::ParseDisplayName).
+/// Parses a bare file name in a folder (IShellFolder::ParseDisplayName).
+/// @return the item
 /// @throws _com_error
 ItemIdList parseName(IShellFolder* folder, const _bstr_t& fileName);
 
-/// The shell's side of a vault's folder.
+/// @return the shell's interface of a vault folder
 /// @throws _com_error
 IShellFolderPtr shellFolderOf(IUnknown* folder);
 

@@ -13,11 +13,12 @@ namespace {
 
 const wchar_t productName[] = L"Halvern Vault Manager";
 
-/// The service of the add-in's own texts. A plain pointer: the library's destructors run in no
-/// order that a holder could count on, while `releaseTextService` comes when COM is still there.
+/// The service of the add-in's own texts. A plain pointer, since a holder's destructor could run
+/// after COM is uninitialized; `releaseTextService` runs before.
 VaultTextService* textService = nullptr;
 
-/// The file name of a module without folder and extension; without a folder it is left whole.
+/// @return the file name of a module without folder and extension; a path without a folder is
+/// returned whole
 CString baseName(HINSTANCE module) {
   CString name = moduleFilePath(module);
   const size_t backslash = name.rfind(L'\\');
@@ -36,11 +37,11 @@ bool haveTextService() {
 
 }  // namespace
 
-_bstr_t loadMessage(long number, const char* defaultText) {
-  if (!haveTextService()) return defaultText;
+_bstr_t loadMessage(const Message& message) {
+  if (!haveTextService()) return message.defaultText;
   _bstr_t text;
-  if (FAILED(textService->text(number, text.GetAddress()))) return defaultText;
-  // Null is a text without characters, too; the host's prompts take no null pointer.
+  if (FAILED(textService->text(message.number, text.GetAddress()))) return message.defaultText;
+  // A null string is an empty text; the host's prompts don't accept a null pointer.
   return !text ? _bstr_t(L"") : text;
 }
 
@@ -48,7 +49,7 @@ _bstr_t lookupSectionText(long number, const wchar_t* defaultText, const wchar_t
                           const wchar_t* key) {
   VaultTextServicePtr service;
   service.CreateInstance(__uuidof(TextService), nullptr, CLSCTX_INPROC_SERVER);
-  // S_FALSE isn't good enough: the service is there then, but not this section.
+  // S_FALSE: the service exists, but hasn't this section.
   if (!service || service->open(_bstr_t(productName), _bstr_t(section)) != S_OK) return defaultText;
   _bstr_t text;
   service->sectionText(number, _bstr_t(key), text.GetAddress());
@@ -74,7 +75,7 @@ void releaseTextService() {
   try {
     released->Release();
   } catch (const _com_error&) {
-    // The module is on its way out and has nobody left to tell.
+    // The module is being unloaded; there is nothing left to do.
   }
 }
 

@@ -6,29 +6,39 @@
 
 namespace tessaro {
 
-/// The add-in's text of that number in the user's language, from the client's text service. The
-/// service is made at the first text and kept; while it can't be had, each text is its default.
-/// @param defaultText in the system's 8-bit code page
-/// @throws _com_error E_OUTOFMEMORY
-_bstr_t loadMessage(long number, const char* defaultText);
+/// A text of the add-in.
+struct Message {
+  /// Its number in the client's text service.
+  long number;
+  /// Its English text, in the system's 8-bit code page.
+  const char* defaultText;
+};
 
-/// A text of another part of the client. The service for it is made for this one call.
+/// Loads a text in the user's language from the client's text service. The service is created at
+/// the first text and kept.
+/// @return the text, or its default if the service can't be created or fails
+/// @throws _com_error E_OUTOFMEMORY
+_bstr_t loadMessage(const Message& message);
+
+/// Loads a text of another part of the client, with a text service of its own.
 /// @param section the client's module that the text belongs to
-/// @param key the text's key within it
+/// @param key the text's key within the section
+/// @return the text, or its default if the service has none
 _bstr_t lookupSectionText(long number, const wchar_t* defaultText, const wchar_t* section,
                           const wchar_t* key);
 
-/// Makes the text service that `loadMessage` keeps and opens a module's texts in it.
-/// @param module the module whose file name stands for a null `moduleName`
+/// Creates the text service of `loadMessage` and opens a module's texts in it. A service that is
+/// created but fails to open is kept.
+/// @param module the module whose file name is taken if `moduleName` is null
+/// @return S_OK, E_FAIL if the service exists already, or the client's failure
 /// @throws _com_error E_OUTOFMEMORY
-/// @return E_FAIL if the service is there already; the client's failure otherwise. When it can be
-/// made but not opened it is kept all the same.
 HRESULT openTextService(HINSTANCE module, const wchar_t* moduleName, const wchar_t* productName);
 
-/// Lets the text service go. To be called while COM is still there.
+/// Releases the text service of `loadMessage`. COM must still be initialized.
 void releaseTextService();
 
-/// Forgets the text service without a word to it: the process ends, and it may be gone.
+/// Drops the text service without a call on it, at the end of the process: its code may be
+/// unloaded.
 void forgetTextService();
 
 }  // namespace tessaro

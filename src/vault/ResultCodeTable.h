@@ -13,8 +13,8 @@ struct ResultCodeRow {
 
 constexpr std::size_t resultCodeRowCount = 284;
 
-/// All named codes: success, COM's own, then the client's by group of names. A code may stand in
-/// it twice, and so may a name; the first row counts.
+/// All named codes: success, COM's own, then the client's by group of names. Codes and names may
+/// occur twice; the first row is used.
 extern const ResultCodeRow resultCodeTable[resultCodeRowCount];
 
 }  // namespace tessaro

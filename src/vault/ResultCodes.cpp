@@ -15,7 +15,7 @@ namespace tessaro {
 
 namespace {
 
-// In 32 bits without a sign, as the tables and the ranges have them.
+// Unsigned, like the tables and the ranges.
 constexpr std::uint32_t databaseAccess = 0x80040207;
 constexpr std::uint32_t serverNotFound = 0x80040220;
 constexpr std::uint32_t dataSourceNotFound = 0x80040222;
@@ -23,7 +23,7 @@ constexpr std::uint32_t getFormatRouter = 0x8004027D;
 constexpr std::uint32_t unsupportedSystem = 0x800402D3;
 constexpr std::uint32_t cantOpenDatabase[] = {0x80040206, 0x80040221};
 
-/// The archive server's revision control: its own error numbers, counted from the first code on.
+/// The codes of the archive server's revision control: the first one plus its error number.
 constexpr std::uint32_t revisionControlFirst = 0x80040432;
 constexpr std::uint32_t revisionControlLast = 0x800404C4;
 
@@ -141,9 +141,8 @@ _bstr_t systemMessage(HRESULT code) {
     void operator()(wchar_t* memory) const { LocalFree(memory); }
   };
   wchar_t* buffer = nullptr;
-  // As Microsoft's _com_error::ErrorMessage asks: in the user's language, and inserts are left
-  // alone. That of MinGW's header asks for them, has none to give, and so gets no text for any code
-  // whose message has a place for one.
+  // The same call as in Microsoft's _com_error::ErrorMessage. The one in MinGW's header doesn't
+  // ignore inserts and fails for every message that has one.
   constexpr DWORD language = MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT);
   size_t length = FormatMessageW(
       FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,

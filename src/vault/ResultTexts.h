@@ -8,13 +8,13 @@ namespace tessaro {
 /// The text of one result code.
 struct ResultText {
   std::uint32_t code;
-  /// The text's number in the client's string service; two codes may share one.
+  /// The text's number in the client's text service; two codes may share one.
   int number;
-  /// In English, for when the client can't be asked.
+  /// The English text.
   const wchar_t* defaultText;
 };
 
-/// A table of them, for a range-based `for`.
+/// A table of texts, for a range-based `for`.
 struct ResultTexts {
   const ResultText* first;
   std::size_t count;

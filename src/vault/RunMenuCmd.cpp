@@ -22,7 +22,7 @@ void invoke(HWND window, const IShellFolderPtr& folder, const _bstr_t& fileName,
   check(folder->GetUIObjectOf(nullptr, 1, &child, __uuidof(IContextMenu), nullptr,
                               reinterpret_cast<void**>(&menu)),
         *folder);
-  // The verbs of a shell extension are known by 8-bit names, hence the conversion.
+  // A shell extension's verbs have 8-bit names.
   const _bstr_t narrowVerb(verb.c_str());
   CMINVOKECOMMANDINFO command = {};
   command.cbSize = sizeof(command);
@@ -37,7 +37,7 @@ RunMenuCmd::RunMenuCmd(IShellFolder* shellFolder, const _bstr_t& fileName, const
     : shellFolder(shellFolder), fileName(fileName), verb(verb) {}
 
 void RunMenuCmd::onInit() {
-  // The verb brings up windows of its own: it runs once this one is there to own them.
+  // Runs the verb when this window, which owns the verb's windows, is shown.
   PostMessageW(window, WM_COMMAND, runCommand, 0);
 }
 
@@ -53,8 +53,12 @@ void runVerb(HWND window, const IShellFolderPtr& shellFolder, const _bstr_t& fil
   try {
     invoke(window, shellFolder, fileName, verb);
   } catch (const _com_error&) {
-    // A verb that failed or was cancelled has told the user what it had to tell.
+    // Failed or cancelled; the verb has reported it.
   }
+}
+
+void runCheckInDialog(const AppContext& app, IUnknown* folder, const _bstr_t& fileName) {
+  RunMenuCmd(shellFolderOf(folder), fileName, L"Unlock").doModal(app.mainWindow);
 }
 
 }  // namespace tessaro

@@ -9,7 +9,7 @@
 
 namespace tessaro {
 
-// Reference-counting holders of the client's interfaces. A call on a null one raises E_POINTER.
+// Reference-counting holders of the client's interfaces. A call on a null one throws E_POINTER.
 _COM_SMARTPTR_TYPEDEF(VaultClient, __uuidof(VaultClient));
 _COM_SMARTPTR_TYPEDEF(VaultClientLegacy, __uuidof(VaultClientLegacy));
 _COM_SMARTPTR_TYPEDEF(VaultObject, __uuidof(VaultObject));

@@ -1,5 +1,6 @@
+#include "vault/VaultOffline.h"
+
 #include "foundation/SettingsLight.h"
-#include "vault/OpenVaultFile.h"
 
 namespace tessaro {
 
@@ -12,7 +13,7 @@ bool isVaultOffline(const wchar_t* vaultName) {
           SettingsLight::userOnly | SettingsLight::readAccess | SettingsLight::writeAccess)) {
     return false;
   }
-  // Whether it is zero can be seen in either order of the bytes.
+  // Zero is the same in either byte order.
   DWORD value = 0;
   DWORD type = REG_NONE;
   DWORD size = sizeof(value);

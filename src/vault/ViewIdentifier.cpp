@@ -1,13 +1,13 @@
+#include "vault/ViewIdentifier.h"
+
 #include <cwchar>
 #include <iterator>
-
-#include "vault/OpenVaultFile.h"
 
 namespace tessaro {
 
 namespace {
 
-/// @return null for a kind that there is none of
+/// @return null for an unknown kind
 const wchar_t* keyOfKind(int kind) {
   switch (kind) {
     case 1:

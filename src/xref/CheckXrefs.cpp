@@ -16,8 +16,9 @@
 
 #include "foundation/AppMessageBox.h"
 #include "vault/CheckedCall.h"
-#include "vault/OpenVaultFile.h"
+#include "vault/Messages.h"
 #include "vault/ResultCodes.h"
+#include "vault/VaultView.h"
 #include "xref/ModifiedDates.h"
 #include "xref/ProgressMeter.h"
 #include "xref/XrefGraph.h"
@@ -30,8 +31,8 @@ namespace tessaro {
 
 namespace {
 
-/// One check of the current drawing: as many passes over its xref graph as refreshed files bring
-/// new nested ones to light. A file looked at in an earlier pass isn't looked at again.
+/// One check of the current drawing. Refreshed files may have new nested xrefs, so the xref graph
+/// is walked again after each pass that refreshed a file. No file is compared twice.
 class XrefChecker {
  public:
   XrefChecker(AppContext& app, const CString& drawingFolder, bool update)
@@ -89,9 +90,9 @@ void XrefChecker::findFiles(const AcDbGraphNode& root) {
 }
 
 void XrefChecker::enterNewXref(const AcDbXrefGraphNode& node) {
-  // The host's graph has ghosts, nodes of xrefs that an unloaded one would bring; they have no
-  // block of their own. Such a node counts as the file that was read before it, which is one of
-  // this check in any case: what it really stands for can't be read before its parent is loaded.
+  // The host's graph has ghost nodes, for the xrefs nested in an unloaded one; they have no block.
+  // A ghost node counts as the file of the node before it, since its own file can't be read while
+  // its parent is unloaded.
   readXrefBlock(node.btrId(), xref);
   if (!view) openVaultViewRecord(app, view, drawingFolder);
   CString path;
@@ -109,11 +110,11 @@ void XrefChecker::readDates() {
   readModifiedDates(*view, buildModifiedDateBatch(rootPath, view->rootFolderId, asked), files);
 }
 
-/// @return false if a stale file has settled a check that isn't to refresh anything.
+/// @return false if a stale file ends a check without an update
 bool XrefChecker::compareFiles(const AcDbGraphNode& root) {
-  bool settled = false;
+  bool ended = false;
   walkXrefs(root, [&](const AcDbXrefGraphNode& node) {
-    if (settled) return false;
+    if (ended) return false;
     const auto known = pathOfBlock.find(node.btrId());
     const CString path = known == pathOfBlock.end() ? CString() : known->second;
     XrefFileRecord& record = files[path];
@@ -123,10 +124,11 @@ bool XrefChecker::compareFiles(const AcDbGraphNode& root) {
         return false;
       case FileAge::outOfDate:
         outOfDate = true;
-        settled = !update;
+        ended = !update;
         stalePaths.insert(path);
         record.visited = true;
-        // What is nested in a stale file may change with the refresh; the next pass sees it.
+        // The xrefs nested in a stale file may change with the refresh; the next pass compares
+        // them.
         return false;
       case FileAge::current:
         break;
@@ -134,10 +136,10 @@ bool XrefChecker::compareFiles(const AcDbGraphNode& root) {
     record.visited = true;
     return true;
   });
-  return !settled;
+  return !ended;
 }
 
-/// @return true if a file was refreshed.
+/// @return whether a file was refreshed
 bool XrefChecker::refreshStale() {
   bool refreshed = false;
   ProgressMeter meter(static_cast<int>(stalePaths.size()));
@@ -150,7 +152,7 @@ bool XrefChecker::refreshStale() {
   return refreshed;
 }
 
-/// @return false if the vault doesn't give the file; the xref then stays unloaded.
+/// @return false if the vault doesn't find the file; the xref stays unloaded then
 bool XrefChecker::refresh(const XrefFileRecord& record) {
   acedXrefUnload(record.name.c_str(), true, nullptr);
   VaultFolderPtr folder;
@@ -172,9 +174,7 @@ XrefCheck checkLocked(AppContext& app, XrefStateObserver& observer, const CStrin
   } catch (const ResultCode& code) {
     return static_cast<XrefCheck>(code.value);
   } catch (const _com_error& error) {
-    appMessageBox(
-        L"Error reading xref information from database.\nCause:" + resultCodeText(error.Error()),
-        MB_ICONINFORMATION);
+    appMessageBox(fixedTexts::xrefQueryFailed + resultCodeText(error.Error()), MB_ICONINFORMATION);
     return XrefCheck::failed;
   }
 }
@@ -182,8 +182,8 @@ XrefCheck checkLocked(AppContext& app, XrefStateObserver& observer, const CStrin
 }  // namespace
 
 XrefCheck checkXrefs(AppContext& app, XrefStateObserver& observer, bool update) {
-  // One at a time: its files would be fetched and its xrefs unloaded twice.
-  if (XrefWork::goesOn()) return XrefCheck::impossible;
+  // A second check would unload the same xrefs and fetch the same files.
+  if (XrefWork::inProgress()) return XrefCheck::impossible;
   const XrefWork work;
   AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
   if (!database) return XrefCheck::impossible;

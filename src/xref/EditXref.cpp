@@ -13,9 +13,10 @@
 
 #include "vault/CheckedCall.h"
 #include "vault/ErrorReport.h"
-#include "vault/MessageStrings.h"
+#include "vault/Messages.h"
 #include "vault/OpenVaultFile.h"
 #include "xref/UnloadedXref.h"
+#include "xref/XrefCheckOut.h"
 #include "xref/XrefInfo.h"
 #include "xref/XrefList.h"
 #include "xref/XrefPaths.h"
@@ -27,46 +28,28 @@ namespace {
 
 enum class CheckOutNeed { none, checkOut, refused };
 
-/// The xref's file in the vault, if it is in one.
-struct EditedFile {
-  VaultClientLegacyPtr client;
-  VaultFolderLegacyPtr folder;
-  VaultFileLegacyPtr file;
-
-  CheckOutNeed need(AppContext& app);
-  void checkOutForEditing(AppContext& app);
-};
-
-CheckOutNeed EditedFile::need(AppContext& app) {
+CheckOutNeed checkOutNeedOf(AppContext& app, const OpenedVaultFileLegacy& opened) {
   try {
-    if (!isCheckedOut(file)) return CheckOutNeed::checkOut;
-    if (isCheckedOutHere(file, folder)) return CheckOutNeed::none;
-    acedPrompt(loadMessage(54, "Cannot edit Xref. File is checked out elsewhere."));
+    if (!isCheckedOut(opened.file)) return CheckOutNeed::checkOut;
+    if (isCheckedOutHere(opened.file, opened.folder)) return CheckOutNeed::none;
+    acedPrompt(loadMessage(messages::xrefCheckedOutElsewhere));
   } catch (const _com_error& error) {
-    reportComError(app, client, error, loadMessage(12, "Error getting check out data."));
+    reportComError(app, opened.client, error, loadMessage(messages::checkOutStateFailed));
   }
   return CheckOutNeed::refused;
 }
 
-void EditedFile::checkOutForEditing(AppContext& app) {
-  try {
-    checkOut(app, file, folder);
-  } catch (const _com_error& error) {
-    reportComError(app, client, error, loadMessage(10, "Error checking out file."));
-  }
-}
-
-/// @return false if the xref can't be edited; the user has been told.
+/// @return false if the xref can't be edited; the reason was reported
 bool unloadForEditing(AppContext& app, const XrefInfo& xref, UnloadedXref& unloaded) {
   const XrefWork work;
-  EditedFile vault;
+  OpenedVaultFileLegacy opened;
   CheckOutNeed need = CheckOutNeed::none;
-  if (openVaultFileLegacy(app, xref.path, vault.client, vault.folder, vault.file, false)) {
-    need = vault.need(app);
+  if (openVaultFileLegacy(app, xref.path, opened, false)) {
+    need = checkOutNeedOf(app, opened);
     if (need == CheckOutNeed::refused) return false;
   }
   unloaded.unload();
-  if (need == CheckOutNeed::checkOut) vault.checkOutForEditing(app);
+  if (need == CheckOutNeed::checkOut) checkOutOrReport(app, opened);
   return true;
 }
 
@@ -76,7 +59,7 @@ void editxref(AppContext& app, XrefList& pendingReloads) {
   XrefInfo xref;
   if (!selectXref(xref, false) || !makeAbsolute(xref.path)) return;
   if (isOpenForEditing(app, xref.path)) {
-    acedPrompt(loadMessage(53, "An instance of this Xref is already open for editing."));
+    acedPrompt(loadMessage(messages::xrefAlreadyOpen));
     return;
   }
   UnloadedXref unloaded(xref.name);
@@ -84,9 +67,9 @@ void editxref(AppContext& app, XrefList& pendingReloads) {
   CString path = xref.path;
   CharUpperW(path.data());
   pendingReloads.add(path, xref.name, acDocManagerPtr()->curDocument());
-  // From here on the return to the parent loads the xref.
+  // The xref is reloaded when the user returns to this drawing.
   unloaded.leaveUnloaded();
-  // A document's context can't open another document.
+  // A document can't be opened in another document's context.
   app.laterCalls.inApplicationContext(
       [path] { acDocManagerPtr()->appContextOpenDocument(path.c_str()); });
 }
@@ -95,7 +78,7 @@ bool isOpenForEditing(AppContext&, const CString& path, AcApDocument** found) {
   const std::unique_ptr<AcApDocumentIterator> open(acDocManagerPtr()->newAcApDocumentIterator());
   for (; !open->done(); open->step()) {
     AcApDocument* document = open->document();
-    // Without a copy: what a lack of memory kept unloaded would stay so until the next activation.
+    // No copy, which could fail for lack of memory: an xref would then stay unloaded.
     const ACHAR* name = document->fileName();
     const bool same = name != nullptr && lstrcmpiW(name, path.c_str()) == 0;
     if (!same || document->isReadOnly()) continue;

@@ -9,19 +9,19 @@ namespace tessaro {
 
 class XrefList;
 
-/// The command `editxref`: opens a picked xref's file in a window of its own, checked out where
-/// that is possible. The xref stays unloaded in its parent until the user comes back to it.
-/// @param pendingReloads gets the xref.
+/// The command `editxref`: checks a picked xref's file out, where possible, and opens it in its own
+/// window. The xref stays unloaded in its parent until the user returns to the parent.
+/// @param pendingReloads the xref is added
 void editxref(AppContext& app, XrefList& pendingReloads);
 
 /// Whether a document that isn't read-only is open on `path`, ignoring case.
-/// @param found gets that document, if asked for.
+/// @param found set to that document if there is one; null if not wanted
 bool isOpenForEditing(AppContext& app, const CString& path, AcApDocument** found = nullptr);
 
-/// Loads again the xrefs of the activated parent whose windows have gone.
+/// Reloads the xrefs of the activated parent whose windows have been closed.
 void onDocumentActivated(AppContext& app, XrefList& pendingReloads, AcApDocument* document);
 
-/// Forgets the xrefs of a parent that is going away.
+/// Removes the xrefs of a parent that is about to be destroyed.
 void onDocumentToBeDestroyed(AppContext&, XrefList& pendingReloads, AcApDocument* document);
 
 }  // namespace tessaro

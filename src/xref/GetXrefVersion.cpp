@@ -12,7 +12,7 @@
 
 #include "vault/CheckedCall.h"
 #include "vault/ItemIdList.h"
-#include "vault/MessageStrings.h"
+#include "vault/Messages.h"
 #include "vault/OpenVaultFile.h"
 #include "xref/XrefGraph.h"
 #include "xref/XrefInfo.h"
@@ -37,7 +37,8 @@ void fetchVersion(VaultFolderLegacy* folder, const CString& path, long version) 
 
 }  // namespace
 
-void getxrefversion(AppContext& app, XrefStateObserver& observer, const VersionChooser& choose) {
+void getChosenXrefVersion(AppContext& app, XrefStateObserver& observer,
+                          const VersionChooser& choose) {
   XrefInfo xref;
   if (!selectXref(xref, false) || !makeAbsolute(xref.path)) return;
   const long version = choose(xref.path);
@@ -48,26 +49,25 @@ void getxrefver2(AppContext& app, XrefStateObserver& observer) {
   XrefInfo xref;
   if (!selectXref(xref, true)) return;
   int version = 0;
-  if (acedGetInt(loadMessage(51, "Enter revision number: "), &version) != RTNORM) return;
+  if (acedGetInt(loadMessage(messages::versionPrompt), &version) != RTNORM) return;
   if (makeAbsolute(xref.path)) getXrefVersion(app, observer, version, xref);
 }
 
 void getXrefVersion(AppContext& app, XrefStateObserver& observer, long version,
                     const XrefInfo& xref) {
-  VaultClientLegacyPtr client;
-  VaultFolderLegacyPtr folder;
-  VaultFileLegacyPtr file;
-  if (!openVaultFileLegacy(app, xref.path, client, folder, file, false)) {
-    acedPrompt(L"Xref was not located in any filevault.");
+  OpenedVaultFileLegacy opened;
+  if (!openVaultFileLegacy(app, xref.path, opened, false)) {
+    acedPrompt(fixedTexts::xrefNotInVault);
     return;
   }
-  // Asked for the client's sake; an xref that is checked out here takes the version all the same.
-  isCheckedOutHere(file, folder);
+  // The client expects the query. Its result doesn't matter: a file that is checked out here is
+  // replaced by the version too.
+  isCheckedOutHere(opened.file, opened.folder);
   const XrefWork work;
   std::set<CString> tree;
   if (collectXrefTree(xref.name, tree)) {
     for (const CString& name : tree) acedXrefUnload(name.c_str(), true, nullptr);
-    fetchVersion(folder, xref.path, version);
+    fetchVersion(opened.folder, xref.path, version);
     for (const CString& name : tree) acedXrefReload(name.c_str(), true, nullptr);
   }
   observer.SetXrefsUnknown();

@@ -10,21 +10,24 @@ namespace tessaro {
 class XrefStateObserver;
 struct XrefInfo;
 
-/// Lets the user choose a version of a file; 0 if none was chosen.
-/// @param path the file's full path.
+/// Lets the user choose a version of a file.
+/// @param path the file's full path
+/// @return 0 if none was chosen
 using VersionChooser = std::function<long(const CString& path)>;
 
-/// The command `getxrefversion`: the user picks an xref, and its version from a dialog.
-void getxrefversion(AppContext& app, XrefStateObserver& observer, const VersionChooser& choose);
+/// The command `getxrefversion`: the user picks an xref and chooses its version in a dialog.
+void getChosenXrefVersion(AppContext& app, XrefStateObserver& observer,
+                          const VersionChooser& choose);
 
-/// The command `getxrefver2`: a version number from the command line, for the preselected xref.
+/// The command `getxrefver2`: the user enters a version of the preselected xref at the command
+/// line.
 void getxrefver2(AppContext& app, XrefStateObserver& observer);
 
-/// Brings a version of an xref's file into the view: the xref and all that is nested in it are
-/// unloaded, the version is fetched, and the same ones are loaded again.
-/// @param version goes to the vault as it stands.
-/// @param xref its path already absolute.
-/// @throws _com_error if the vault fails; what was unloaded then stays unloaded.
+/// Unloads an xref and all xrefs nested in it, fetches a version of its file, and reloads them.
+/// @param observer is notified
+/// @param version passed to the vault unchecked
+/// @param xref with an absolute path
+/// @throws _com_error if the vault fails; the xrefs stay unloaded then
 void getXrefVersion(AppContext& app, XrefStateObserver& observer, long version,
                     const XrefInfo& xref);
 

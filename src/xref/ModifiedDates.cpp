@@ -6,7 +6,8 @@
 
 #include "foundation/ScopedFile.h"
 #include "vault/CheckedCall.h"
-#include "vault/OpenVaultFile.h"
+#include "vault/VaultView.h"
+#include "vault/ViewIdentifier.h"
 #include "xref/XrefPaths.h"
 
 namespace tessaro {
@@ -41,8 +42,8 @@ CString viewIdText(const CString& rootPath) {
   return text;
 }
 
-/// Steps over the result sets of statements that yield no rows.
-/// @return true if the list stands on its first row.
+/// Skips the result sets without rows.
+/// @return whether the list is at its first row
 bool findRows(VaultRowList& rows) {
   for (;;) {
     VARIANT_BOOL hasRow = VARIANT_FALSE;

@@ -11,14 +11,14 @@ namespace tessaro {
 
 struct VaultViewRecord;
 
-/// What one check knows of an xref's file.
+/// The state of an xref's file in one check.
 struct XrefFileRecord {
-  FILETIME vaultDate{};  ///< modified date in the vault; valid when inVault is set
-  bool exempt = false;   ///< the vault takes the file out of the comparison
+  FILETIME vaultDate{};  ///< modified date in the vault; valid if `inVault` is set
+  bool exempt = false;   ///< the vault excludes the file from the comparison
   CString name;          ///< block name of an xref that uses the file
   bool visited = false;  ///< compared already
-  bool inVault = false;  ///< the vault's answer held the file
-  CString fullPath;      ///< root of the view and the relative path
+  bool inVault = false;  ///< the vault's result has the file
+  CString fullPath;      ///< the view's root and the relative path
 };
 
 struct LessIgnoringCase {
@@ -27,25 +27,25 @@ struct LessIgnoringCase {
   }
 };
 
-/// Records by the file's path relative to the view's root; spellings that differ in case share one.
+/// Records by the file's path relative to the view's root, ignoring case.
 using XrefFileMap = std::map<CString, XrefFileRecord, LessIgnoringCase>;
 
-/// Relative paths in plain wide-character order, which is the order of the vault's statements.
+/// Relative paths in plain wide-character order, the order of the vault's statements.
 using PathSet = std::set<CString>;
 
 enum class FileAge { current, outOfDate, unreadable };
 
-/// The text of database statements that asks the vault for the modified dates of all `paths`.
-/// @param rootPath local root of the view, whose desktop.ini names the view.
-/// @param paths relative to the root, each with a backslash in front.
+/// Builds the database statements that query the modified dates of all `paths`.
+/// @param rootPath the view's local root, whose desktop.ini has the view's identifier
+/// @param paths relative to the root, each with a leading backslash
 CString buildModifiedDateBatch(const CString& rootPath, long rootFolderId, const PathSet& paths);
 
-/// Runs the statements and enters each row of the answer into `files`.
-/// @throws _com_error if the query or a row can't be read.
+/// Runs the statements and adds each row of the result to `files`.
+/// @throws _com_error if the query or the reading of a row fails
 void readModifiedDates(const VaultViewRecord& view, const CString& statements, XrefFileMap& files);
 
-/// Compares the local file's write time, at a grain of two seconds, with the vault's date. Any
-/// difference counts, a newer local file too.
+/// Compares the local file's write time, rounded down to two seconds, with the vault's date. A
+/// newer local file is out of date too.
 FileAge isOutOfDate(const XrefFileRecord& record);
 
 }  // namespace tessaro

@@ -9,7 +9,7 @@ ProgressMeter::~ProgressMeter() {
 }
 
 void ProgressMeter::next(const CString& label) {
-  // The host labels a meter only when it makes it, so each file gets a meter of its own.
+  // The host sets a meter's label only at its creation, so each step has a new meter.
   if (shown) acedRestoreStatusBar();
   shown = acedSetStatusBarProgressMeter(label.c_str(), 0, steps) == 0;
   if (shown) acedSetStatusBarProgressMeterPos(done);

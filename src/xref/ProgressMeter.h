@@ -4,19 +4,18 @@
 
 namespace tessaro {
 
-/// Tells the user what the fetching of many files is at, which may take minutes without a window of
-/// its own: the meter in the host's status bar, for as long as the holder lives; it appears with
-/// the first step.
+/// The meter in the host's status bar, from the first step to the end of the scope. It shows the
+/// progress of the fetching of many files, which may take minutes.
 class ProgressMeter {
  public:
-  /// @param steps number of steps until all is done.
+  /// @param steps the number of steps
   explicit ProgressMeter(int steps) : steps(steps) {}
   ProgressMeter(const ProgressMeter&) = delete;
   ProgressMeter& operator=(const ProgressMeter&) = delete;
   ~ProgressMeter();
 
-  /// Shows that the next step is in hand.
-  /// @param label what is being done.
+  /// Shows the next step.
+  /// @param label describes the step
   void next(const CString& label);
 
  private:

@@ -5,7 +5,7 @@
 
 namespace tessaro {
 
-/// A selection set of the host, freed with its holder.
+/// Owner of a selection set of the host.
 class SelectionSet {
  public:
   SelectionSet() = default;
@@ -13,15 +13,16 @@ class SelectionSet {
   SelectionSet& operator=(const SelectionSet&) = delete;
   ~SelectionSet();
 
-  /// Asks the host for a selection (acedSSGet without a filter); once for each holder.
-  /// @param mode L"I" for what was picked before the command, null for the host's own prompt.
-  /// @return RTNORM, or the host's other result; then the set is empty.
+  /// Makes a selection (acedSSGet without a filter). To be called once.
+  /// @param mode L"I" for the objects selected before the command, null for the host's prompt
+  /// @return the host's result; the set is empty unless it is RTNORM
   int get(const ACHAR* mode);
 
-  /// Number of entities, or -1 if the host doesn't tell.
+  /// @return the number of entities, -1 on failure
   long length() const;
 
-  /// The id of the entity at `index`; false if the host doesn't give it.
+  /// Reads the id of an entity.
+  /// @return false on failure
   bool at(long index, AcDbObjectId& id) const;
 
  private:

@@ -10,29 +10,29 @@
 
 namespace tessaro {
 
-/// An xref of the current drawing that is unloaded while its file changes. It is loaded again at
-/// the end of the scope, also by an error.
+/// Reloads an unloaded xref of the current drawing at the end of a scope, also after an exception.
 class UnloadedXref {
  public:
-  /// Nothing is unloaded yet.
-  /// @param name the xref's name in the drawing; it must outlive the object
+  /// Unloads nothing yet.
+  /// @param name the xref's name in the drawing; outlives the object
   explicit UnloadedXref(const CString& name) : name(name) {}
   UnloadedXref(const UnloadedXref&) = delete;
   UnloadedXref& operator=(const UnloadedXref&) = delete;
   ~UnloadedXref() {
-    if (loadsAgain) acedXrefReload(name.c_str(), true, nullptr);
+    if (reload) acedXrefReload(name.c_str(), true, nullptr);
   }
 
+  /// Unloads the xref.
   void unload() {
     acedXrefUnload(name.c_str(), true, nullptr);
-    loadsAgain = true;
+    reload = true;
   }
-  /// From now on somebody else is in charge of loading it.
-  void leaveUnloaded() { loadsAgain = false; }
+  /// Don't reload the xref at the end of the scope.
+  void leaveUnloaded() { reload = false; }
 
  private:
   const CString& name;
-  bool loadsAgain = false;
+  bool reload = false;
 };
 
 }  // namespace tessaro

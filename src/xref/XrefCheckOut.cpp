@@ -8,9 +8,7 @@
 
 #include "vault/CheckedCall.h"
 #include "vault/ErrorReport.h"
-#include "vault/ItemIdList.h"
-#include "vault/MessageStrings.h"
-#include "vault/OpenVaultFile.h"
+#include "vault/Messages.h"
 #include "vault/RunMenuCmd.h"
 #include "xref/SelectionSet.h"
 #include "xref/UnloadedXref.h"
@@ -22,13 +20,7 @@ namespace tessaro {
 
 namespace {
 
-struct LegacyFile {
-  VaultClientLegacyPtr client;
-  VaultFolderLegacyPtr folder;
-  VaultFileLegacyPtr file;
-};
-
-/// @return false if nothing is selected, or something that is no xref.
+/// @return false if nothing is selected, or an object that is no xref
 bool pickXrefs(std::vector<XrefInfo>& xrefs) {
   SelectionSet picked;
   if (picked.get(nullptr) != RTNORM) return false;
@@ -43,33 +35,25 @@ bool pickXrefs(std::vector<XrefInfo>& xrefs) {
   return true;
 }
 
-bool checkOutXref(AppContext& app, LegacyFile& vault, const CString& name) {
-  const auto report = [&](const _com_error& error) {
-    reportComError(app, vault.client, error, loadMessage(10, "Error checking out file."));
-  };
+bool checkOutXref(AppContext& app, const OpenedVaultFileLegacy& opened, const CString& name) {
   try {
-    if (isCheckedOut(vault.file)) return false;
+    if (isCheckedOut(opened.file)) return false;
   } catch (const _com_error& error) {
-    report(error);
+    reportComError(app, opened.client, error, loadMessage(messages::checkOutFailed));
     return false;
   }
   UnloadedXref unloaded(name);
   unloaded.unload();
-  try {
-    checkOut(app, vault.file, vault.folder);
-  } catch (const _com_error& error) {
-    report(error);
-  }
+  checkOutOrReport(app, opened);
   return true;
 }
 
-bool checkInXref(AppContext& app, LegacyFile& vault) {
+bool checkInXref(AppContext& app, const OpenedVaultFileLegacy& opened) {
   try {
-    if (!isCheckedOutHere(vault.file, vault.folder)) return false;
-    const _bstr_t name = nameOf(vault.file);
-    RunMenuCmd(shellFolderOf(vault.folder), name, L"Unlock").doModal(app.mainWindow);
+    if (!isCheckedOutHere(opened.file, opened.folder)) return false;
+    runCheckInDialog(app, opened.folder, nameOf(opened.file));
   } catch (const _com_error& error) {
-    reportComError(app, vault.client, error, loadMessage(11, "Error checking in file."));
+    reportComError(app, opened.client, error, loadMessage(messages::checkInFailed));
   }
   return true;
 }
@@ -85,9 +69,17 @@ void xrefCommand(AppContext& app, bool lock) {
 bool changeXrefCheckOut(AppContext& app, CString path, const CString& name, bool lock) {
   if (!makeAbsolute(path)) return false;
   const XrefWork work;
-  LegacyFile vault;
-  if (!openVaultFileLegacy(app, path, vault.client, vault.folder, vault.file, false)) return false;
-  return lock ? checkOutXref(app, vault, name) : checkInXref(app, vault);
+  OpenedVaultFileLegacy opened;
+  if (!openVaultFileLegacy(app, path, opened, false)) return false;
+  return lock ? checkOutXref(app, opened, name) : checkInXref(app, opened);
+}
+
+void checkOutOrReport(AppContext& app, const OpenedVaultFileLegacy& opened) {
+  try {
+    checkOut(app, opened.file, opened.folder);
+  } catch (const _com_error& error) {
+    reportComError(app, opened.client, error, loadMessage(messages::checkOutFailed));
+  }
 }
 
 }  // namespace tessaro

@@ -9,19 +9,19 @@
 
 namespace tessaro {
 
-/// Fetches the xref graph of the host's working database, the host's ghost nodes included.
-/// @return the host's status; the graph is of use only after Acad::eOk.
+/// Reads the xref graph of the host's working database, including the host's ghost nodes.
+/// @return the host's status; the graph is valid only for Acad::eOk
 Acad::ErrorStatus fetchXrefGraph(AcDbXrefGraph& graph);
 
-/// Walks the graph breadth-first from `start`'s outgoing nodes, so that nested xrefs come after all
-/// those of the level above. A node that is reached twice is visited twice, but gone below only
-/// once, so that the walk ends whatever refers to what.
-/// @param visit takes each AcDbXrefGraphNode and tells whether to go on below it; anything it
-/// throws ends the walk.
+/// Walks the graph breadth-first from the outgoing nodes of `start`: nested xrefs follow all xrefs
+/// of the level above. A node that is reached twice is visited twice, but its own nodes are queued
+/// only once, so that the walk ends in a graph with cycles.
+/// @param visit called with each AcDbXrefGraphNode; returns whether to walk the nodes below it. Its
+/// exceptions end the walk.
 template <class Visit>
 void walkXrefs(const AcDbGraphNode& start, Visit visit) {
   std::deque<const AcDbGraphNode*> waiting;
-  std::set<const AcDbGraphNode*> goneBelow;
+  std::set<const AcDbGraphNode*> expanded;
   const auto queueBelow = [&waiting](const AcDbGraphNode& node) {
     for (int edge = 0; edge < node.numOut(); ++edge) waiting.push_back(node.out(edge));
   };
@@ -29,16 +29,16 @@ void walkXrefs(const AcDbGraphNode& start, Visit visit) {
   while (!waiting.empty()) {
     const AcDbGraphNode* node = waiting.front();
     waiting.pop_front();
-    if (visit(*static_cast<const AcDbXrefGraphNode*>(node)) && goneBelow.insert(node).second) {
+    if (visit(*static_cast<const AcDbXrefGraphNode*>(node)) && expanded.insert(node).second) {
       queueBelow(*node);
     }
   }
 }
 
 /// Collects the block names of a direct xref of the current drawing and of all xrefs nested in it.
-/// @param blockName found among the drawing's direct xrefs, ignoring case.
-/// @param names gets the found node's own name as well.
-/// @return false if there is no drawing, no graph, or no direct xref of that name.
+/// @param blockName the direct xref, ignoring case
+/// @param names the found names are added, that of the direct xref as the drawing spells it
+/// @return false if there is no drawing, no graph, or no direct xref of that name
 bool collectXrefTree(const CString& blockName, std::set<CString>& names);
 
 }  // namespace tessaro

@@ -9,7 +9,7 @@
 #include <dbsymtb.h>
 
 #include "foundation/ArxPtr.h"
-#include "vault/MessageStrings.h"
+#include "vault/Messages.h"
 #include "xref/SelectionSet.h"
 
 namespace tessaro {
@@ -22,7 +22,7 @@ Pick pickImplied(AcDbObjectId& id) {
   SelectionSet picked;
   if (picked.get(L"I") != RTNORM) return Pick::none;
   if (picked.length() != 1) {
-    acedPrompt(loadMessage(52, "This command only works on one object."));
+    acedPrompt(loadMessage(messages::oneObjectOnly));
     return Pick::failed;
   }
   return picked.at(0, id) ? Pick::one : Pick::failed;
@@ -31,7 +31,7 @@ Pick pickImplied(AcDbObjectId& id) {
 bool pickByPrompt(AcDbObjectId& id) {
   ads_name entity;
   ads_point where;
-  if (acedEntSel(loadMessage(50, "Select Xref: "), entity, where) != RTNORM) return false;
+  if (acedEntSel(loadMessage(messages::selectXrefPrompt), entity, where) != RTNORM) return false;
   acdbGetObjectId(id, entity);
   return true;
 }
@@ -70,7 +70,7 @@ bool selectXref(XrefInfo& info, bool impliedOnly) {
       break;
   }
   if (readXrefReference(entity, info)) return true;
-  acedPrompt(loadMessage(55, "Selected object must be a Xref."));
+  acedPrompt(loadMessage(messages::notAnXref));
   return false;
 }
 

@@ -7,8 +7,8 @@ class AcApDocument;
 namespace tessaro {
 
 /// The xrefs that are open for editing, each with the drawing that it was opened from. A doubly
-/// linked list, newest row first, with a search cursor built in: a search names its key once, and
-/// findNext goes on from the row that was found last, also after that row has been removed.
+/// linked list, newest row first, with one search: findNext continues behind the row that was found
+/// last, even if that row has been removed.
 class XrefList {
  public:
   XrefList() = default;
@@ -16,27 +16,33 @@ class XrefList {
   XrefList& operator=(const XrefList&) = delete;
   virtual ~XrefList();
 
-  /// Puts a row at the head.
-  /// @param path full path of the xref's file, in upper case.
-  /// @param name block name of the xref in `document`.
-  /// @param document the drawing in which the xref was unloaded for editing.
+  /// Adds a row at the head.
+  /// @param path the full path of the xref's file, in upper case
+  /// @param name the block name of the xref in `document`
+  /// @param document the drawing in which the xref was unloaded for editing
   void add(const CString& path, const CString& name, AcApDocument* document);
 
-  /// Starts a search from the head for the rows of a document; true if there is one.
+  /// Starts a search at the head for the rows of a document.
+  /// @return whether a row was found
   bool findFirstOfDocument(AcApDocument* document);
 
-  /// Starts a search from the head for the rows of a path, ignoring case.
+  /// Starts a search at the head for the rows of a path, ignoring case.
+  /// @return whether a row was found
   bool findFirstOfPath(const CString& path);
 
-  /// Goes on with the search behind the cursor. False, and the search is over, at the list's end.
+  /// Continues the search behind the cursor.
+  /// @return whether a row was found; if not, the search has ended
   bool findNext();
 
-  /// The cursor row's field, or an empty string without a cursor.
+  /// @return the path of the row at the cursor, empty without a cursor
   const CString& currentPath() const;
+
+  /// @return the block name of the row at the cursor, empty without a cursor
   const CString& currentName() const;
 
-  /// Takes the cursor row out, which needs no memory, and gives the block name that it had. The
-  /// cursor goes to the row before it, so that findNext meets the removed row's successor.
+  /// Removes the row at the cursor without allocating memory. The cursor moves to the row before
+  /// it, so that findNext continues with the removed row's successor.
+  /// @return the block name of the removed row
   CString removeCurrent();
 
  private:

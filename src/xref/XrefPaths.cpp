@@ -9,7 +9,7 @@
 #include <cwchar>
 #include <stdexcept>
 
-#include "vault/CurrentDrawing.h"
+#include "vault/RequireCurrentDrawing.h"
 
 namespace tessaro {
 

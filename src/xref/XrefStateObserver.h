@@ -2,13 +2,13 @@
 
 namespace tessaro {
 
-/// Told by the xref commands what they did to the state of the current drawing's xrefs.
+/// Notified by the xref commands of changes to the current drawing's xrefs.
 class XrefStateObserver {
  public:
-  /// All xrefs were compared and brought up to date.
+  /// All xrefs are up to date.
   virtual void SetXrefsLatest() = 0;
 
-  /// A version of an xref was chosen; whether it is the latest is for the next check to say.
+  /// A version of an xref was fetched; whether it is the latest is unknown until the next check.
   virtual void SetXrefsUnknown() = 0;
 
  protected:

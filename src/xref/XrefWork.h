@@ -1,24 +1,21 @@
 #pragma once
 
+#include "foundation/FlagScope.h"
+
 namespace tessaro {
 
-/// Work on xrefs and their files for as long as it lives. The client may show windows of its own
-/// meanwhile, which let the timer and the user's clicks through; what they ask for would begin in
-/// the middle of this work, with xrefs unloaded.
+/// Marks work on xrefs and their files for a scope. The client may show windows meanwhile, which
+/// dispatch the timer's messages and the user's clicks; these must not start other work on xrefs,
+/// since some are unloaded.
 class XrefWork {
  public:
-  XrefWork() : within(going) { going = true; }
-  XrefWork(const XrefWork&) = delete;
-  XrefWork& operator=(const XrefWork&) = delete;
-  ~XrefWork() { going = within; }
-
-  /// Whether there is such work at the moment, be it a command's or the status window's.
-  static bool goesOn() { return going; }
+  /// Whether such work is in progress, by a command or by the status window.
+  static bool inProgress() { return flag; }
 
  private:
-  static inline bool going = false;
+  static inline bool flag = false;
 
-  const bool within;
+  const FlagScope scope{flag};
 };
 
 }  // namespace tessaro

@@ -50,6 +50,26 @@ TEST_F(Settings, AnyNonZeroValueShowsCheckedAndIsWrittenAsOne) {
   expectStored({L"XrefMonitoringInterval=5"});
 }
 
+TEST_F(Settings, AValueOfFewerThanFourBytesIsTheDefaultForEveryReader) {
+  const wchar_t key[] = L"Software\\Halvern\\Applications\\Quillstone Suite\\TessaroACAD";
+  for (const DWORD size : {0, 1, 3}) {
+    for (const wchar_t* name : {L"StatusWnd", L"XrefMonitoringInterval", L"EditWarning"}) {
+      ASSERT_EQ(RegSetKeyValueW(HKEY_CURRENT_USER, key, name, REG_DWORD, "\0\0", size), 0);
+    }
+    ASSERT_EQ(RegSetKeyValueW(HKEY_CURRENT_USER, key, L"Autolock", REG_DWORD, "\1\0", size), 0);
+    // An offer at open would be a box without an answer, which fails the script.
+    run("@load\n@opendialog %WORK%\\View\\Plan.dxf\n");
+    expectWindow(L"timer=300000");
+    expectWindow(L" shown, ");
+    mark();
+    run("@answer no\n@edit\n");
+    EXPECT_EQ(count(L"send: \"_Tessaro_asklock \""), 1) << recent();
+    run("@answer ok\nTessaro_settings\n");
+    expectStored({L"StatusWnd=1", L"XrefMonitoringInterval=5", L"EditWarning=1", L"Autolock=0"});
+    run("@answer no\n@close\n@unload\n");
+  }
+}
+
 TEST_F(Settings, WhatTheUserEntersAppliesAtOnce) {
   openPlan();
   const struct {

@@ -32,7 +32,7 @@ class Messages : public testing::Test {
   }
 };
 
-CString message() { return textOf(loadMessage(7, "default")); }
+CString message() { return textOf(loadMessage({7, "default"})); }
 CString sectionText() { return textOf(lookupSectionText(8, L"default", L"section", L"key")); }
 
 }  // namespace

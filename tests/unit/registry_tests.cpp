@@ -1,8 +1,9 @@
+#include "foundation/AddinSettings.h"
 #include "foundation/AppMessageBox.h"
 #include "foundation/Registry.h"
 #include "foundation/SettingsLight.h"
 #include "unit/RegistryFixture.h"
-#include "vault/OpenVaultFile.h"
+#include "vault/VaultOffline.h"
 
 namespace tessaro {
 
@@ -23,11 +24,8 @@ CString readText(const wchar_t* name) {
   return L"(none)";
 }
 
-/// A setting of the add-in, read over `before`.
-DWORD readNumber(const wchar_t* name, DWORD before, bool expected = true) {
-  EXPECT_EQ(readAddinSetting(name, before), expected);
-  return before;
-}
+/// A setting of the add-in, 5 if there is no usable value.
+DWORD readNumber(const wchar_t* name) { return addinSettingOrDefault({name, 5}); }
 
 /// Which of the marks "machine" and "user" the vault key that was found bears.
 CString markOf(const wchar_t* vault, const wchar_t* valueName, unsigned flags,
@@ -67,9 +65,9 @@ TEST_F(RegistryTest, KeepsTheResultOfReadingAndWriting) {
   ASSERT_TRUE(registry.open(HKEY_CURRENT_USER, addin.c_str(), KEY_READ));
   DWORD number = 0;
   CString text;
-  EXPECT_FALSE(readSetting(registry, L"missing", number));
+  EXPECT_FALSE(readAddinSetting(registry, {L"missing", 0}, number));
   EXPECT_EQ(registry.lastResult(), ERROR_FILE_NOT_FOUND);
-  EXPECT_TRUE(readSetting(registry, L"number", number));
+  EXPECT_TRUE(readAddinSetting(registry, {L"number", 0}, number));
   EXPECT_EQ(registry.lastResult(), ERROR_SUCCESS);
   EXPECT_FALSE(readRegistryString(registry, L"missing", text));
   EXPECT_EQ(registry.lastResult(), ERROR_FILE_NOT_FOUND);
@@ -117,31 +115,36 @@ TEST_F(RegistryTest, StringsExpandAndOtherTypesAreNone) {
   }
 }
 
-TEST_F(RegistryTest, SettingsAreReadWhateverTheirTypeUpToFourBytes) {
-  EXPECT_EQ(readNumber(L"EditWarning", 1, false), 1u);
-  setNumber(HKEY_CURRENT_USER, addin, L"EditWarning", 0);
+TEST_F(RegistryTest, SettingsAreValuesOfFourBytesOfAnyType) {
+  EXPECT_EQ(readNumber(L"missing"), 5u) << "no key";
+  setNumber(HKEY_CURRENT_USER, addin, L"number", 0);
   setNumber(HKEY_CURRENT_USER, addin, L"binary", 0x12345678, REG_BINARY);
   setText(HKEY_CURRENT_USER, addin, L"text", L"AB");
+  EXPECT_EQ(readNumber(L"number"), 0u);
+  EXPECT_EQ(readNumber(L"binary"), 0x12345678u);
+  EXPECT_EQ(readNumber(L"text"), 0x00420041u);
+
+  setBytes(HKEY_CURRENT_USER, addin, L"empty", REG_DWORD, "", 0);
   setBytes(HKEY_CURRENT_USER, addin, L"byte", REG_BINARY, "\x02", 1);
-  setBytes(HKEY_CURRENT_USER, addin, L"nothing", REG_DWORD, "", 0);
+  setBytes(HKEY_CURRENT_USER, addin, L"three bytes", REG_DWORD, "\x02\0", 3);
   const unsigned long long big = 1;
-  setBytes(HKEY_CURRENT_USER, addin, L"qword", REG_QWORD, &big, sizeof(big));
-  setText(HKEY_CURRENT_USER, addin, L"longText", L"ABC");
-  EXPECT_EQ(readNumber(L"EditWarning", 1), 0u);
-  EXPECT_EQ(readNumber(L"binary", 0), 0x12345678u);
-  EXPECT_EQ(readNumber(L"text", 0), 0x00420041u);
-  EXPECT_EQ(readNumber(L"byte", 0x01010101), 0x01010102u);
-  EXPECT_EQ(readNumber(L"nothing", 5), 5u);
-  EXPECT_EQ(readNumber(L"qword", 5, false), 5u);
-  EXPECT_EQ(readNumber(L"longText", 5, false), 5u);
+  setBytes(HKEY_CURRENT_USER, addin, L"eight bytes", REG_QWORD, &big, sizeof(big));
+  setText(HKEY_CURRENT_USER, addin, L"long text", L"ABC");
+  for (const wchar_t* name :
+       {L"missing", L"empty", L"byte", L"three bytes", L"eight bytes", L"long text"}) {
+    EXPECT_EQ(readNumber(name), 5u) << name;
+    DWORD unchanged = 7;
+    EXPECT_FALSE(readAddinSetting({name, 5}, unchanged)) << name;
+    EXPECT_EQ(unchanged, 7u) << name;
+  }
 }
 
 TEST_F(RegistryTest, WritingASettingMakesItsKey) {
-  ASSERT_TRUE(writeAddinSetting(L"XrefMonitoringInterval", 0));
-  EXPECT_EQ(readNumber(L"XrefMonitoringInterval", 5), 0u);
+  ASSERT_TRUE(writeAddinSetting(addinSettings::xrefMonitoringInterval, 0));
+  EXPECT_EQ(addinSettingOrDefault(addinSettings::xrefMonitoringInterval), 0u);
   setText(HKEY_CURRENT_USER, addin, L"StatusWnd", L"was text");
-  ASSERT_TRUE(writeAddinSetting(L"StatusWnd", 0xFFFFFFFF));
-  EXPECT_EQ(readNumber(L"StatusWnd", 1), 0xFFFFFFFFu);
+  ASSERT_TRUE(writeAddinSetting(addinSettings::statusWindow, 0xFFFFFFFF));
+  EXPECT_EQ(addinSettingOrDefault(addinSettings::statusWindow), 0xFFFFFFFFu);
   DWORD type = REG_NONE;
   ASSERT_EQ(RegGetValueW(HKEY_CURRENT_USER, addinSettingsKey, L"StatusWnd", RRF_RT_ANY, &type,
                          nullptr, nullptr),

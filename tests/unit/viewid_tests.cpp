@@ -6,7 +6,7 @@
 #include <fstream>
 #include <string>
 
-#include "vault/OpenVaultFile.h"
+#include "vault/ViewIdentifier.h"
 
 namespace tessaro {
 

@@ -6,7 +6,7 @@
 #include <fstream>
 
 #include "unit/FakeObject.h"
-#include "vault/OpenVaultFile.h"
+#include "vault/VaultView.h"
 #include "xref/ModifiedDates.h"
 #include "xref/XrefList.h"
 #include "xref/XrefPaths.h"

@@ -5,7 +5,7 @@ class AcDbDatabase;
 
 namespace tessaro {
 
-/// The drawing of the host's working database, which need not be the one of the window on top.
+/// The drawing of the host's working database. It need not be the drawing of the active window.
 struct CurrentDrawing {
   AcDbDatabase* database = nullptr;
   AcApDocument* document = nullptr;
@@ -14,13 +14,10 @@ struct CurrentDrawing {
   explicit operator bool() const { return document != nullptr; }
 };
 
-/// The current drawing, an empty one if no drawing is open.
+/// @return the current drawing, an empty one if no drawing is open
 CurrentDrawing currentDrawing();
 
-/// The same; tells the user if no drawing is open.
-CurrentDrawing requireCurrentDrawing();
-
-/// Whether the current drawing has unsaved changes: any bit of the host's variable DBMOD.
+/// @return whether the current drawing has unsaved changes: any bit of the host's variable DBMOD
 bool isCurrentDrawingModified();
 
 }  // namespace tessaro
