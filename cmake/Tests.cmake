@@ -1,5 +1,6 @@
-# unit_tests drives the module's parts directly, module_tests the built .arx in the workbench, workbench_tests
-# the workbench itself. All are Windows programs; cmake/run-under-wine starts them.
+# The tests, as ctest runs them: each has a label and a time limit. What needs Wine, or the build folder
+# for a build, waits for its turn; the sweep has a Wine of its own and runs beside the others. Those of
+# the configuration `all` take hours and need `ctest -C all`.
 
 find_path(GOOGLETEST_FOLDER googletest/CMakeLists.txt PATHS /usr/src/googletest
           NO_CMAKE_FIND_ROOT_PATH REQUIRED)
@@ -9,4 +10,89 @@ set(INSTALL_GTEST OFF CACHE BOOL "" FORCE)
 add_subdirectory(${GOOGLETEST_FOLDER} ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
 
 enable_testing()
+set(run_under_wine ${CMAKE_SOURCE_DIR}/cmake/run-under-wine)
+# ctest begins with the costliest: the sweep, then the checks of the sources.
+set(cost_of_sweep 30)
+set(cost_of_sources 20)
+set(cost_of_suites 10)
+
+# A file as a Windows program names it.
+function(windows_path variable path)
+  string(REPLACE "/" "\\" path "Z:${path}")
+  set(${variable} ${path} PARENT_SCOPE)
+endfunction()
+
+# Adds a test that runs a program of the build under Wine; cmake/run-under-wine explains `kind`.
+# Arguments for the program may follow.
+function(add_wine_test test kind seconds target)
+  add_test(NAME ${test}
+           COMMAND ${run_under_wine} ${kind} ${seconds} $<TARGET_FILE:${target}> ${ARGN})
+  # The program's own limit ends it in good order; this one is for what runs it, which may have to make
+  # the prefix first.
+  math(EXPR limit "${seconds} + 600")
+  set_tests_properties(${test} PROPERTIES LABELS ${test} RESOURCE_LOCK wine TIMEOUT ${limit}
+                       COST ${cost_of_suites})
+endfunction()
+
 add_subdirectory(tests)
+windows_path(drawings ${CMAKE_SOURCE_DIR}/workbench/drawings)
+
+# --- the sweep ----------------------------------------------------------------------------------
+
+# Adds a share of the sweep's runs: of those with a call that fails, and of those with an allocation.
+function(add_sweep test seconds calls allocations)
+  math(EXPR limit "${seconds} + 600")
+  add_test(NAME ${test}
+           COMMAND ${run_under_wine} --prefix wine-${test} --log ${test} counting ${seconds}
+                   $<TARGET_FILE:sweep> --list --drawings ${drawings} --share ${calls}
+                   --allocations ${allocations} ${ARGN})
+  set_tests_properties(${test} PROPERTIES LABELS sweep TIMEOUT ${limit} COST ${cost_of_sweep})
+endfunction()
+
+add_sweep(sweep 900 0/400 0/100)
+# What is done in one process makes it slow, so that all is done by two.
+add_sweep(sweep_first_half 28800 0/2 0/2 CONFIGURATIONS all)
+add_sweep(sweep_second_half 28800 1/2 1/2 CONFIGURATIONS all)
+
+# --- sessions and tour --------------------------------------------------------------------------
+
+# SESSIONS and SEED of the environment say how many sessions, and from which seed on.
+add_test(NAME sessions
+         COMMAND bash -c [[exec "$0" counting $((120 + ${SESSIONS:-40} * 30)) "$@" \
+                           --sessions "${SESSIONS:-40}" --seed "${SEED:-1}"]]
+                 ${run_under_wine} $<TARGET_FILE:sessions> --drawings ${drawings})
+set_tests_properties(sessions PROPERTIES LABELS sessions RESOURCE_LOCK wine TIMEOUT 86400
+                     COST ${cost_of_suites})
+
+# The tour's script, without a look at its pictures; and what other readers find in the drawing that it saves.
+set(tour_folder ${CMAKE_BINARY_DIR}/check/tour)
+file(MAKE_DIRECTORY ${tour_folder})
+windows_path(tour_script ${CMAKE_SOURCE_DIR}/workbench/scripts/tour.txt)
+windows_path(tour_work ${tour_folder}/work)
+add_wine_test(tour plain 330 acad --timeout 300 --script ${tour_script} --work ${tour_work})
+add_test(NAME readback
+         COMMAND /usr/bin/python3 ${CMAKE_SOURCE_DIR}/tests/readback/title_block.py
+                 ${CMAKE_SOURCE_DIR}/workbench/drawings/Site/Plan.dxf
+                 ${tour_folder}/work/Plant/Site/Plan.dxf)
+set_tests_properties(tour PROPERTIES WORKING_DIRECTORY ${tour_folder} FIXTURES_SETUP tour)
+set_tests_properties(readback PROPERTIES LABELS readback FIXTURES_REQUIRED tour TIMEOUT 120)
+
+# --- the sources, and the module for the workstation --------------------------------------------
+
+# Adds a check of the sources that is a target of the build.
+function(add_source_check test target seconds)
+  add_test(NAME ${test}
+           COMMAND ${CMAKE_COMMAND} --build ${CMAKE_BINARY_DIR} --target ${target} -- -k 0 ${ARGN})
+  set_tests_properties(${test} PROPERTIES LABELS sources RESOURCE_LOCK build TIMEOUT ${seconds}
+                       COST ${cost_of_sources})
+endfunction()
+
+add_source_check(format format_check 1800)
+add_source_check(tidy tidy 3600)
+add_source_check(tidy_others tidy_others 7200 CONFIGURATIONS all)
+add_source_check(interface interface 1800)
+add_test(NAME rooms COMMAND ${CMAKE_SOURCE_DIR}/cmake/check-rooms)
+set_tests_properties(rooms PROPERTIES LABELS sources TIMEOUT 60 COST ${cost_of_sources})
+add_test(NAME link COMMAND ${CMAKE_SOURCE_DIR}/tests/link/run ${CMAKE_BINARY_DIR}/check/link)
+set_tests_properties(link PROPERTIES LABELS link RESOURCE_LOCK build TIMEOUT 1800
+                     COST ${cost_of_sources})

@@ -249,6 +249,17 @@ TEST_F(WindowReentrance, ADocumentThatGoesDuringACheckLeavesNothingBehind) {
   EXPECT_NE(window().find("1007=\"Version: 1/1\" enabled"), std::string::npos);
 }
 
+TEST_F(WindowReentrance, WhatACheckFoundIsNotShownForTheDrawingThatCameToTheTopMeanwhile) {
+  run("@load\n@open " + plan + "\n@open %WORK%\\View\\Site.dxf\n");
+  {
+    const AtCall call({"CreateFileW", wb::observerOf(fileOpened, CreateFileW)}, [] {
+      host().documents().activate(host().documents().find(pathOf(L"Plan.dxf")));
+    });
+    tick();
+  }
+  EXPECT_NE(window().find("1005=unchecked disabled, "), std::string::npos) << recent();
+}
+
 TEST_F(WindowReentrance, ASavedSideDatabaseIsNoneOfTheWindows) {
   run("@load\n@open " + plan + "\n");
   const std::string before = window();

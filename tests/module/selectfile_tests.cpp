@@ -1,4 +1,5 @@
 #include "editor/Host.h"
+#include "foundation/Registry.h"
 #include "shared/ModuleSession.h"
 
 namespace {
@@ -75,6 +76,16 @@ TEST_P(Offer, ComesBeforeTheFileIsOpened) {
 
 INSTANTIATE_TEST_SUITE_P(Table, Offer, testing::ValuesIn(cases),
                          [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(SelectFile, WithoutTheSettingsKeyNothingIsOfferedAndTheKeyIsMade) {
+  load("");
+  ASSERT_EQ(ERROR_SUCCESS, RegDeleteTreeW(HKEY_CURRENT_USER, addinSettingsKey));
+  run("@opendialog " + plan + "\n");
+  EXPECT_EQ(count(L"box: "), 0) << recent();
+  HKEY made = nullptr;
+  EXPECT_EQ(ERROR_SUCCESS, RegOpenKeyExW(HKEY_CURRENT_USER, addinSettingsKey, 0, KEY_READ, &made));
+  RegCloseKey(made);
+}
 
 TEST_F(SelectFile, CancelReachesTheHostUntouched) {
   load("@reg set Autolock 1\n");

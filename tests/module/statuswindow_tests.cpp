@@ -8,6 +8,7 @@
 
 #include "core/Text.h"
 #include "dialogs/Answers.h"
+#include "editor/Host.h"
 #include "shared/ModuleSession.h"
 #include "store/Store.h"
 #include "ui/resource.h"
@@ -52,6 +53,11 @@ class StatusWindow : public ModuleSession {
                             ", timer=" + shown.timer)
         << recent();
   }
+  static RECT place() {
+    RECT place{};
+    GetWindowRect(FindWindowW(nullptr, L"Tessaro Status"), &place);
+    return place;
+  }
   bool timerRuns() { return window().find("timer=off") == std::string::npos; }
   bool isShown() { return window().find(" shown, ") != std::string::npos; }
   void makePartStale() {
@@ -94,6 +100,7 @@ const StateCase cases[] = {
     {"Outside", "", "%WORK%\\small.dxf", outside},
     {"NotAddedToTheVault", "", "%WORK%\\View\\Loose.dxf", outside},
     {"Offline", "@vault offline on\n", "%WORK%\\View\\Plan.dxf", outside},
+    {"Denied", "@vault deny %WORK%\\View\\Plan.dxf\n", "%WORK%\\View\\Plan.dxf", outside},
     {"MonitoringOff",
      "@reg set XrefMonitoringInterval 0\n",
      "%WORK%\\View\\Site.dxf",
@@ -205,8 +212,10 @@ TEST_F(StatusWindow, ErrorOfTheVaultStopsTheTimerUntilTheNextRefresh) {
   expectShown({"checked enabled", "unchecked", "1/1"});
   // A lock that is refused is no error: the display stays and the period starts anew.
   makePartStale();
-  run("@refuse-locks 1\n@tick\n");
-  expectShown({"checked enabled", "unchecked", "1/1"});
+  for (const char* step : {"@tick\n", "@click 1005\n"}) {
+    run("@refuse-locks 1\n" + std::string(step));
+    expectShown({"checked enabled", "unchecked", "1/1"});
+  }
 }
 
 TEST_F(StatusWindow, FailingStatusTurnsTheLowerPartOff) {
@@ -244,11 +253,25 @@ TEST_F(StatusWindow, WithMonitoringOffOnlyAClickChecks) {
   expectShown({"unchecked enabled", "unchecked", "1/1", "enabled", "off"});
 }
 
-TEST_F(StatusWindow, AsksTheHostToLeaveItTheKeyboard) {
+TEST_F(StatusWindow, AsksTheHostToLeaveItTheKeyboardAndBelongsToItsWindow) {
   run("@load\n");
   const HWND shown = FindWindowW(nullptr, L"Tessaro Status");
+  EXPECT_EQ(GetWindow(shown, GW_OWNER), wb::Host::instance().mainWindow());
   EXPECT_EQ(SendMessageW(shown, WM_ACAD_KEEPFOCUS, 0, 0), 1);
   EXPECT_EQ(SendMessageW(shown, WM_ACAD_KEEPFOCUS + 1, 0, 0), 0);
+}
+
+// On a disabled button Windows shows all that isn't white.
+TEST_F(StatusWindow, TheButtonsPictureHasAWhiteGround) {
+  run("@load\n");
+  const HWND shown = FindWindowW(nullptr, L"Tessaro Status");
+  const HDC context = CreateCompatibleDC(nullptr);
+  const HGDIOBJ before =
+      SelectObject(context, reinterpret_cast<HBITMAP>(SendDlgItemMessageW(
+                                shown, IDC_REFRESH, BM_GETIMAGE, IMAGE_BITMAP, 0)));
+  EXPECT_EQ(GetPixel(context, 0, 0), RGB(255, 255, 255));
+  SelectObject(context, before);
+  DeleteDC(context);
 }
 
 TEST_F(StatusWindow, AStepDoesNotBeginInTheMiddleOfAnother) {
@@ -289,7 +312,9 @@ TEST_F(StatusWindow, AfterAPauseOfTheMonitorTheXrefsOfOtherDrawingsAreUnknown) {
 }
 
 TEST_F(StatusWindow, ClosingLastsUntilTheSettingsBringItBack) {
-  run("@load\n@open %WORK%\\View\\Site.dxf\n@window move 123 -7\n@window close\n");
+  run("@load\n@open %WORK%\\View\\Site.dxf\n@window move 123 -7\n");
+  const RECT moved = place();
+  run("@window close\n");
   EXPECT_FALSE(isShown());
   EXPECT_FALSE(timerRuns());
   mark();
@@ -303,6 +328,8 @@ TEST_F(StatusWindow, ClosingLastsUntilTheSettingsBringItBack) {
   EXPECT_FALSE(timerRuns());
   run("@check 1001 on\n@answer ok\nTessaro_settings\n");
   expectShown({"checked enabled", "unchecked", "1/1"});
+  const RECT restored = place();
+  EXPECT_TRUE(EqualRect(&restored, &moved)) << "as large as before, too";
   mark();
   run("@unload\n");
   expectOrder({L"WndPosX=123", L"WndPosY=-7"});

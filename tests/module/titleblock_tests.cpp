@@ -14,11 +14,13 @@
 namespace {
 
 /// A drawing of the oldest kind: the block NAMEPLATE in model space, on the sheet, and inside the
-/// block FRAME, its second attribute aligned to the right.
+/// block FRAME, its second attribute aligned to the right. FRAME has no definitions of attributes,
+/// though its reference has the same two.
 std::string namePlates() {
-  const auto reference = [](const std::string& space, const std::string& before) {
+  const auto reference = [](const std::string& block, const std::string& space,
+                            const std::string& before) {
     const std::string place = "8 0\n" + space;
-    return "0 INSERT\n" + place + "66 1\n2 NAMEPLATE\n10 0.0\n20 0.0\n0 ATTRIB\n" + place +
+    return "0 INSERT\n" + place + "66 1\n2 " + block + "\n10 0.0\n20 0.0\n0 ATTRIB\n" + place +
            "10 0.0\n20 0.0\n40 3.5\n1 " + before + "\n2 GR\xd6SSE\n70 0\n0 ATTRIB\n" + place +
            "10 0.0\n20 0.0\n40 3.5\n1 " + before + "\n2 SCALE\n70 0\n72 2\n11 9.0\n21 0.0\n" +
            "0 SEQEND\n" + place;
@@ -26,10 +28,11 @@ std::string namePlates() {
   const std::string definition =
       "0 BLOCK\n8 0\n2 NAMEPLATE\n70 2\n10 0.0\n20 0.0\n0 ATTDEF\n8 0\n10 0.0\n20 0.0\n40 3.5\n"
       "1 -\n3 Size\n2 GR\xd6SSE\n70 0\n0 ENDBLK\n8 0\n";
-  return dxf("0 SECTION\n2 BLOCKS\n" + definition +
-             "0 BLOCK\n8 0\n2 FRAME\n70 0\n10 0.0\n20 0.0\n" + reference("", "nested") +
-             "0 ENDBLK\n8 0\n0 ENDSEC\n0 SECTION\n2 ENTITIES\n" + reference("", "model") +
-             reference("67 1\n", "sheet") + "0 INSERT\n8 0\n2 FRAME\n10 0.0\n20 0.0\n0 ENDSEC\n");
+  return dxf(
+      "0 SECTION\n2 BLOCKS\n" + definition + "0 BLOCK\n8 0\n2 FRAME\n70 0\n10 0.0\n20 0.0\n" +
+      reference("NAMEPLATE", "", "nested") + "0 ENDBLK\n8 0\n0 ENDSEC\n0 SECTION\n2 ENTITIES\n" +
+      reference("NAMEPLATE", "", "model") + reference("NAMEPLATE", "67 1\n", "sheet") +
+      reference("FRAME", "", "frame") + "0 ENDSEC\n");
 }
 
 /// The project's own plan, with a title block on the model and on two sheets, checked out here.
@@ -135,6 +138,7 @@ TEST_F(TitleBlock, LeavesReferencesInsideBlocksAndAllOtherBytesAlone) {
   vault("map", "Size NAMEPLATE SCALE");
   vault("map", "Size NOWHERE SCALE");
   vault("map", "Size NOWHERE SCALE");
+  vault("map", "Size FRAME SCALE");
   card("Size", "Model",
        "\xc3\x9c"
        "ber");
@@ -143,6 +147,7 @@ TEST_F(TitleBlock, LeavesReferencesInsideBlocksAndAllOtherBytesAlone) {
   const Texts expected{{L"", L"nested"}, {L"Model", L"\u00dcber"}, {L"Layout1", L"wide"}};
   EXPECT_EQ(texts(L"GR\u00d6SSE", L"NAMEPLATE"), expected);
   EXPECT_EQ(texts(L"SCALE", L"NAMEPLATE"), expected);
+  EXPECT_EQ(texts(L"SCALE", L"FRAME"), (Texts{{L"Model", L"frame"}}));
   run("@save\n");
 
   std::string bytes = namePlates();

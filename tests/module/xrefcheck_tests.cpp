@@ -206,6 +206,14 @@ TEST_F(XrefCheck, BringsUpToDateLevelByLevel) {
   EXPECT_EQ(xrefBox(), L"checked enabled");
 }
 
+TEST_F(XrefCheck, WhatIsNestedInAStaleFileIsComparedAfterItsRefresh) {
+  makeStale("Xrefs\\N.dxf");
+  makeStale("Xrefs\\A.dxf", {{L"N", L"..\\Xrefs\\N.dxf"}});
+  openQuietly();
+  run(update);
+  expectOrder({L"A.dxf\" 0..1", L"xref: loaded A", L"N.dxf\" 0..1", L"getLocalCopy("});
+}
+
 TEST_F(XrefCheck, FetchesAFileUnderTwoSpellingsOnce) {
   makeStale("Xrefs\\B.dxf");
   openQuietly();

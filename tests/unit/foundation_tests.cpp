@@ -206,7 +206,7 @@ TEST(FormatText, LeavesAloneWhatItCannotFill) {
   // The value of a placeholder that doesn't fit isn't the next one's.
   EXPECT_EQ(formatText(L"%s.%d of %d", {5, 1, 4}), L"%s.1 of 4");
   EXPECT_EQ(formatText(L"%d %s", {L"text", L"next"}), L"%d next");
-  EXPECT_EQ(formatText(L"%501d %d", {1, 2}), L"%501d 2");
+  EXPECT_EQ(formatText(L"%501d %5000d %d", {1, 2, 3}), L"%501d %5000d 3");
   EXPECT_EQ(formatText(L"%99999999999999999999s %d", {L"x", 2}), L"%99999999999999999999s 2");
   EXPECT_EQ(formatText(L"%.99999999999999999999d", {1}), L"%.99999999999999999999d");
   EXPECT_EQ(formatText(L"%n %p %f %*d %", {1, 2}), L"%n %p %f %*d %");
