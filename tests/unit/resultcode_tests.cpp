@@ -5,6 +5,7 @@
 #include <string>
 
 #include "foundation/CString.h"
+#include "foundation/FormatText.h"
 #include "vault/ResultCodes.h"
 #include "vault/ResultCodeTable.h"
 #include "vault/ResultTexts.h"
@@ -21,7 +22,28 @@ CString databaseText(std::uint32_t code) {
   return textOf(databaseErrorText(static_cast<HRESULT>(code)));
 }
 
+/// FNV-1a of one row.
+std::uint32_t hashOf(std::uint32_t code, const CString& word) {
+  std::uint32_t hash = 2166136261;
+  for (const wchar_t letter : formatText(L"0x%08X %s", {static_cast<long>(code), word})) {
+    hash = (hash ^ letter) * 16777619;
+  }
+  return hash;
+}
+
 }  // namespace
+
+// The names and the numbers are the client's. Sums over all rows, compared with its list when they
+// were written down: a slip in any row changes them, another order doesn't.
+TEST(ResultTextTable, NamesAndNumbersAreThoseOfTheClient) {
+  std::uint32_t names = 0, numbers = 0;
+  for (const ResultCodeRow& row : resultCodeTable) names += hashOf(row.code, row.name);
+  for (const ResultTexts* table : {&vaultTexts, &archiveTexts}) {
+    for (const ResultText& row : *table) numbers += hashOf(row.code, std::to_wstring(row.number));
+  }
+  EXPECT_EQ(names, 0x4007FD52u);
+  EXPECT_EQ(numbers, 0x9B18ED37u);
+}
 
 TEST(ResultTextTable, EveryRowTellsSomethingAndNoCodeTwice) {
   std::set<std::uint32_t> codes;
