@@ -52,6 +52,8 @@ const GuardCase cases[] = {
     {"NotCheckedOut", "", "%WORK%\\View\\Plan.dxf", 1, L"asklock", "@answer no\n"},
     {"OfAnUnreadableSetting", "@reg set EditWarning nothing as text\n", "%WORK%\\View\\Plan.dxf", 1,
      L"asklock", "@answer no\n"},
+    {"OnByAnyNumber", "@reg set EditWarning 2\n", "%WORK%\\View\\Plan.dxf", 1, L"asklock",
+     "@answer no\n"},
     {"OnAnotherComputer", "@vault checkout %WORK%\\View\\Plan.dxf computer ELSEWHERE\n",
      "%WORK%\\View\\Plan.dxf", 1, L"telllockedelsewhere", "@answer ok\n"},
     {"InAnotherFolder", "@vault checkout %WORK%\\View\\Plan.dxf folder C:\\Copy\n",
@@ -170,12 +172,15 @@ TEST_F(Guard, NewDrawingIsNeverLookedAt) {
 }
 
 TEST_F(Guard, ErrorOfTheVaultLeavesTheEventAndIsNotMetAgain) {
-  openUnwatched();
-  run("@fail VaultFile.isCheckedOut E_FAIL\n");
-  check();
-  EXPECT_EQ(count(L"uncaught error 0x80004005"), 1) << recent();
-  EXPECT_EQ(warningsAfter("@edit\n"), 0) << recent();
-  EXPECT_EQ(count(L"client: "), 0) << recent();
+  for (const char* failing : {"VaultFile.isCheckedOut", "VaultObject.name"}) {
+    openUnwatched();
+    run("@fail " + std::string(failing) + " E_FAIL\n@edit\n");
+    EXPECT_EQ(count(L"uncaught error 0x80004005"), 1) << recent();
+    EXPECT_EQ(warnings(), 0) << recent();
+    EXPECT_EQ(warningsAfter("@edit\n"), 0) << recent();
+    EXPECT_EQ(count(L"client: "), 0) << recent();
+    run("@answer no\n@close\n@unload\n");
+  }
 }
 
 }  // namespace
