@@ -1,8 +1,5 @@
 #include "module/XrefSession.h"
 
-#include <fstream>
-#include <iterator>
-
 #include "core/Text.h"
 
 XrefSession::XrefSession() {
@@ -46,9 +43,4 @@ std::vector<std::string> XrefSession::undoOfGrid() {
   const std::string sheet = "%WORK%\\View\\Site\\Sheet.dxf\n";
   return {"@save " + sheet + "@close " + sheet, "@vault undo %WORK%\\View\\Xrefs\\Grid.dxf\n",
           "@open " + sheet};
-}
-
-std::string XrefSession::contentOf(const std::filesystem::path& file) {
-  std::ifstream stream(file, std::ios::binary);
-  return {std::istreambuf_iterator<char>(stream), {}};
 }

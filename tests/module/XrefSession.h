@@ -17,6 +17,5 @@ class XrefSession : public ModuleSession {
   /// Lines of a script: what the user holds of Grid is given up while no drawing has it.
   static std::vector<std::string> undoOfGrid();
 
-  static std::string contentOf(const std::filesystem::path& file);
   const std::filesystem::path view = workFolder() / L"View";
 };

@@ -1,8 +1,6 @@
 #include <windows.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <memory>
 
 #include "core/Text.h"
@@ -60,17 +58,6 @@ class XrefCheck : public ModuleSession {
     run("@vault newversion " + path + " from %WORK%\\source.dxf\n@vault date \"" + path +
         "\" 2030-01-01 10:00:00\n");
   }
-  /// After 2030-01-01 10:00, the date that makeStale() gives.
-  static void setLocalTime(const std::wstring& file, WORD second, WORD milliseconds) {
-    const SYSTEMTIME time = {2030, 1, 0, 1, 10, 0, second, milliseconds};
-    FILETIME written;
-    EXPECT_TRUE(SystemTimeToFileTime(&time, &written));
-    const HANDLE handle =
-        CreateFileW(view(file).c_str(), FILE_WRITE_ATTRIBUTES, FILE_SHARE_READ | FILE_SHARE_WRITE,
-                    nullptr, OPEN_EXISTING, 0, nullptr);
-    EXPECT_TRUE(SetFileTime(handle, nullptr, nullptr, &written));
-    CloseHandle(handle);
-  }
   /// Opens Main.dxf with the status window off, so that only the command under test asks.
   void openQuietly(const std::string& drawing = "Main") {
     run("@reg set StatusWnd 0\n@load\n@open %WORK%\\View\\Site\\" + drawing + ".dxf\n");
@@ -81,10 +68,6 @@ class XrefCheck : public ModuleSession {
     const std::wstring& line = session.transcript().back();
     const size_t at = line.find(L"1005=") + 5;
     return line.substr(at, line.find(L',', at) - at);
-  }
-  static std::string bytesOf(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
   }
   static std::wstring statement(const std::wstring& file, const std::wstring& folder) {
     return L"Exec Doc_Pop_GMDM_Temp '" + file + L"', '" + folder + L"'\\n";
@@ -161,12 +144,6 @@ TEST_F(XrefCheck, FirstStaleFileSettlesACheckThatChangesNothing) {
     run("@close\n");
   }
   run("@vault fetch %WORK%\\View\\Xrefs\\N.dxf\n" + open);
-  EXPECT_EQ(xrefBox(), L"checked enabled");
-  setLocalTime(L"Xrefs\\N.dxf", 2, 0);
-  run("@tick\n");
-  EXPECT_EQ(xrefBox(), L"unchecked enabled") << "newer than the vault's";
-  setLocalTime(L"Xrefs\\N.dxf", 1, 400);
-  run("@tick\n");
   EXPECT_EQ(xrefBox(), L"checked enabled");
 }
 
@@ -282,14 +259,6 @@ TEST_F(XrefCheck, ErrorOfTheVaultEndsTheRunAndIsTold) {
   }
   run(update);
   EXPECT_EQ(count(L"xref: loaded Root"), 1) << recent();
-}
-
-TEST_F(XrefCheck, RefusedLockIsQuiet) {
-  makeStale("Root file.dxf");
-  run("@load\n" + open);
-  mark();
-  run("@refuse-locks 1\n@click 1005\n");
-  EXPECT_EQ(count(L"VaultQuery.") + count(L"xref: ") + count(L"box: "), 0) << recent();
 }
 
 }  // namespace

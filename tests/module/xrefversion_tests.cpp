@@ -5,8 +5,7 @@ namespace {
 class XrefVersion : public XrefSession {
  protected:
   bool secondIsHere() const {
-    return contentOf(view / L"Xrefs" / L"Grid.dxf") ==
-           contentOf(workFolder() / L"src" / L"Second.dxf");
+    return bytesOf(view / L"Xrefs" / L"Grid.dxf") == bytesOf(workFolder() / L"src" / L"Second.dxf");
   }
 };
 

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <fstream>
+#include <iterator>
 #include <stdexcept>
 
 #include "core/Text.h"
@@ -140,6 +141,11 @@ std::filesystem::path ModuleSession::writeDrawing(const std::wstring& file,
   drawing.group(0, L"ENDSEC");
   drawing.group(0, L"EOF");
   return path;
+}
+
+std::string ModuleSession::bytesOf(const std::filesystem::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), {}};
 }
 
 void ModuleSession::run(const std::string& script) {

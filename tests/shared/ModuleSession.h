@@ -61,6 +61,8 @@ class ModuleSession : public testing::Test {
 
   static wb::SessionOptions options();
 
+  static std::string bytesOf(const std::filesystem::path& file);
+
   /// The notes and lines since the mark, each with the levels of COM that the module had then.
   std::vector<wb::Transcript::Detail> details() const;
 

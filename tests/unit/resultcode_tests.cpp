@@ -60,29 +60,6 @@ TEST(ResultTextTable, EveryRowTellsSomethingAndNoCodeTwice) {
   EXPECT_EQ(codes.size(), 286u);
 }
 
-TEST(ResultTextTable, NamedCodesHaveATextBesidesTheFewThatAreWindows) {
-  const std::set<CString> withoutRow = {L"S_FVC_STARTED",
-                                        L"E_NOINTERFACE",
-                                        L"E_ACCESSDENIED",
-                                        L"E_QVT_BAD_LENGTH",
-                                        L"E_QVT_ERPMGR_ALIAS_DOES_NOT_EXIST",
-                                        L"E_QVT_GET_QVTFORMATROUTER",
-                                        L"E_QVT_SERVER_NOT_FOUND",
-                                        L"E_QVT_DATASOURCE_NOT_FOUND"};
-  std::set<std::uint32_t> codes;
-  for (const ResultTexts* table : {&vaultTexts, &archiveTexts}) {
-    for (const ResultText& row : *table) codes.insert(row.code);
-  }
-  for (const ResultCodeRow& row : resultCodeTable) {
-    EXPECT_EQ(codes.count(row.code) == 0, withoutRow.count(row.name) == 1)
-        << _bstr_t(row.name).operator const char*();
-    const CString told = text(row.code);
-    ASSERT_FALSE(told.empty());
-    EXPECT_NE(told.back(), L'\n');
-    EXPECT_EQ(name(row.code), row.name);
-  }
-}
-
 TEST(ResultCodeText, TellsSuccessAndFailureAlike) {
   EXPECT_EQ(text(0), L"The method was successfully executed.");
   EXPECT_EQ(text(1), L"The method was successfully executed but returned 'false'.");
