@@ -12,6 +12,9 @@
 #include "foundation/Border.h"
 #include "foundation/LaterCalls.h"
 #include "foundation/SimpleDialog.h"
+#include "tracking/DocManagerReactor.h"
+#include "tracking/DocumentEvents.h"
+#include "tracking/EditorReactor.h"
 #include "ui/resource.h"
 #include "unit/BoxWatch.h"
 #include "unit/FakeClient.h"
@@ -90,6 +93,17 @@ INT_PTR WINAPI noDialog(HINSTANCE, LPCWSTR, HWND, DLGPROC, LPARAM) {
   return -1;
 }
 
+class FailingEvents final : public DocumentEvents {
+ public:
+  void documentToBeDestroyed(AcApDocument*) override { throw std::bad_alloc(); }
+  void documentDestroyed(const ACHAR*) override { throw std::bad_alloc(); }
+  void documentActivated(AcApDocument*) override { throw std::bad_alloc(); }
+  void editGuardCheck(AcApDocument*) override { throw std::bad_alloc(); }
+  void saveBegins(AcDbDatabase*) override { throw std::bad_alloc(); }
+  void saved(AcDbDatabase*, const ACHAR*) override { throw std::bad_alloc(); }
+  void editorNotice() override { throw std::bad_alloc(); }
+};
+
 class FailingDialog : public CSimpleDialog<IDD_RUNMENUCMD, false> {
  protected:
   void onInit() override { askForTooMuch(); }
@@ -130,6 +144,22 @@ TEST(Border, WhereErrorsMayPassTheyAreComErrors) {
   } catch (const _com_error& error) {
     EXPECT_EQ(error.Error(), E_OUTOFMEMORY);
   }
+}
+
+TEST(Border, OfAnEventIsPassedByTheGuardsErrorsAlone) {
+  FailingEvents events;
+  DocManagerReactor documents(events);
+  EditorReactor editor(events);
+  BoxWatch boxes;
+  documents.documentToBeDestroyed(nullptr);
+  documents.documentDestroyed(nullptr);
+  documents.documentActivated(nullptr);
+  editor.saveComplete(nullptr, nullptr);
+  editor.editorNotice();
+  EXPECT_EQ(BoxWatch::texts, Texts(5, windowsWords(E_OUTOFMEMORY)));
+  EXPECT_EQ(codeOf([&] { documents.editGuardCheck(nullptr); }), E_OUTOFMEMORY);
+  EXPECT_EQ(codeOf([&] { editor.beginSave(nullptr, nullptr); }), E_OUTOFMEMORY);
+  EXPECT_EQ(BoxWatch::texts.size(), 5u);
 }
 
 TEST(Border, OfADialogHandsTheErrorOnBehindIt) {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -43,6 +44,7 @@ class RecordingApp : public ArxMfcApp {
   int loadedAtCall = -1;
   int letThrough = 1;
   AcRx::AppRetCode result = AcRx::kRetError;
+  bool fails = false;
 
  private:
   RecordingApp(AppContext* before, int prefixCommands, int prefixFunctions)
@@ -52,6 +54,7 @@ class RecordingApp : public ArxMfcApp {
     calls.push_back(call);
     packet = pkt;
     loadedAtCall = documentLoaded;
+    if (fails) throw std::bad_alloc();
     return result;
   }
 
@@ -103,6 +106,14 @@ TEST(EntryPoint, LeavesMessagesAboveNineAlone) {
   }
   EXPECT_TRUE(app.calls.empty());
   EXPECT_EQ(app.documentLoaded, 0);
+}
+
+TEST(EntryPoint, LetsNoFailureOutAndTellsIt) {
+  RecordingApp app(1, 1);
+  app.fails = true;
+  BoxWatch boxes;
+  EXPECT_EQ(acrxEntryPoint(AcRx::kSaveMsg, nullptr), AcRx::kRetOK);
+  EXPECT_EQ(BoxWatch::texts.size(), 1u);
 }
 
 TEST(EntryPoint, DocumentCountsAsLoadedThroughoutItsOperations) {
