@@ -11,7 +11,7 @@ file(MAKE_DIRECTORY ${checks_folder})
 function(project_files variable)
   set(patterns "")
   foreach(extension IN LISTS ARGN)
-    foreach(folder src hostapi toolchain workbench tests benchmarks)
+    foreach(folder src hostapi toolchain workbench tests benchmarks installer)
       list(APPEND patterns ${CMAKE_SOURCE_DIR}/${folder}/*.${extension})
     endforeach()
   endforeach()
@@ -94,13 +94,13 @@ endfunction()
 file(GLOB_RECURSE module_files CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/*.cpp)
 file(GLOB_RECURSE other_files CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/workbench/*.cpp
      ${CMAKE_SOURCE_DIR}/toolchain/*.cpp ${CMAKE_SOURCE_DIR}/tests/*.cpp
-     ${CMAKE_SOURCE_DIR}/benchmarks/*.cpp)
+     ${CMAKE_SOURCE_DIR}/benchmarks/*.cpp ${CMAKE_SOURCE_DIR}/installer/*.cpp)
 if(CLANG_TIDY)
   add_tidy_target(tidy module_files "/src/" "" ${module_flags})
   # COM objects and test fixtures are never deleted through their bases, and a test's lists of texts
   # are full of literals that go on in the next line.
   set(left_out -cppcoreguidelines-virtual-class-destructor,-bugprone-suspicious-missing-comma)
-  add_tidy_target(tidy_others other_files "/(workbench|toolchain|tests|benchmarks)/" ${left_out}
+  add_tidy_target(tidy_others other_files "/(workbench|toolchain|tests|benchmarks|installer)/" ${left_out}
                   ${module_flags} -DPROJECT_FOLDER="" -I ${CMAKE_SOURCE_DIR}/workbench
                   -I ${CMAKE_SOURCE_DIR}/tests -isystem ${CMAKE_BINARY_DIR}/json
                   -isystem ${GOOGLETEST_FOLDER}/googletest/include)

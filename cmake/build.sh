@@ -1,5 +1,5 @@
 # shellcheck shell=bash
-# Sourced by check, tour, bench and link: the build, from a bare machine on. `root` and `build` are the
+# Sourced by check, tour, bench, link and package: the build, from a bare machine on. `root` and `build` are the
 # project's folder and that of the build.
 #
 #   prepare_toolchain           installs missing packages and makes the compiler's libraries; says what

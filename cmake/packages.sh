@@ -1,11 +1,11 @@
 # shellcheck shell=bash
-# Sourced by check, tour, bench and link: the Debian packages that building and running need.
+# Sourced by check, tour, bench, link and package: the Debian packages that building and running need.
 
 debian_packages=(
   cmake ninja-build clang-19 lld-19 llvm-19 libc++-19-dev libwine-dev wine64
   mingw-w64-common mingw-w64-tools xz-utils ca-certificates
   googletest nlohmann-json3-dev clang-format-19 clang-tidy-19
-  xvfb fonts-wine fonts-dejavu-core python3-ezdxf)
+  xvfb fonts-wine fonts-dejavu-core python3-ezdxf wixl msitools python3-markdown)
 
 # Installs what is missing; without the right to, names it and fails.
 install_missing_packages() {
