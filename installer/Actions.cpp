@@ -6,6 +6,8 @@
 #include <msi.h>
 #include <msiquery.h>
 
+#include <initializer_list>
+
 #include "LoadRecords.h"
 
 namespace {
@@ -48,12 +50,34 @@ UINT run(MSIHANDLE install, const wchar_t* failure, Operation operation) {
     tell(install, INSTALLMESSAGE_ERROR, Text(failure, L": ", Reason(status).text));
     return ERROR_INSTALL_FAILURE;
   }
-  tell(install, INSTALLMESSAGE_INFO,
-       Text(L"AutoCAD products whose load record was changed: ", records.changed()));
+  if (records.changed() != 0) {
+    tell(install, INSTALLMESSAGE_INFO,
+         Text(L"AutoCAD products whose load record was changed: ", records.changed()));
+  }
   return ERROR_SUCCESS;
 }
 
+bool isInSystemFolder(const wchar_t* file) {
+  wchar_t folder[MAX_PATH];
+  const UINT length = GetSystemDirectoryW(folder, MAX_PATH);
+  return length != 0 && length < MAX_PATH &&
+         GetFileAttributesW(Text(folder, L"\\", file).text()) != INVALID_FILE_ATTRIBUTES;
+}
+
 }  // namespace
+
+extern "C" UINT WINAPI CheckRuntime(MSIHANDLE install) {
+  for (const wchar_t* file : {L"vcruntime140.dll", L"msvcp140.dll", L"ucrtbase.dll"}) {
+    if (isInSystemFolder(file)) continue;
+    tell(
+        install, INSTALLMESSAGE_ERROR,
+        Text(L"TessaroAcad needs the Microsoft Visual C++ Redistributable (x64) of 2015 or later: ",
+             file,
+             L" is missing on this computer. Install it, then start this installation again."));
+    return ERROR_INSTALL_FAILURE;
+  }
+  return ERROR_SUCCESS;
+}
 
 extern "C" UINT WINAPI EnterLoadRecord(MSIHANDLE install) {
   return run(install, L"TessaroAcad can't be entered in AutoCAD's load record",

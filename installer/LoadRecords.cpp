@@ -151,6 +151,7 @@ LSTATUS LoadRecords::restore() {
     if (all.status() != ERROR_SUCCESS) return unlessMissing(all.status());
     const LSTATUS status = forEachSubkey(all.get(), [&](const wchar_t* name) {
       const Key entry(all.get(), name, KEY_READ);
+      ++count;
       return entry.status() == ERROR_SUCCESS ? restoreProduct(entry.get()) : entry.status();
     });
     if (status != ERROR_SUCCESS) return status;
