@@ -77,7 +77,7 @@ add_test(NAME readback
 set_tests_properties(tour PROPERTIES WORKING_DIRECTORY ${tour_folder} FIXTURES_SETUP tour)
 set_tests_properties(readback PROPERTIES LABELS readback FIXTURES_REQUIRED tour TIMEOUT 120)
 
-# --- the sources, and the module for the workstation --------------------------------------------
+# --- the sources, the module for the workstation, its package -----------------------------------
 
 # Adds a check of the sources that is a target of the build.
 function(add_source_check test target seconds)
@@ -95,4 +95,7 @@ add_test(NAME rooms COMMAND ${CMAKE_SOURCE_DIR}/cmake/check-rooms)
 set_tests_properties(rooms PROPERTIES LABELS sources TIMEOUT 60 COST ${cost_of_sources})
 add_test(NAME link COMMAND ${CMAKE_SOURCE_DIR}/tests/link/run ${CMAKE_BINARY_DIR}/check/link)
 set_tests_properties(link PROPERTIES LABELS link RESOURCE_LOCK build TIMEOUT 1800
+                     COST ${cost_of_sources})
+add_test(NAME package COMMAND ${CMAKE_SOURCE_DIR}/tests/package/run ${CMAKE_BINARY_DIR}/check/package)
+set_tests_properties(package PROPERTIES LABELS package RESOURCE_LOCK build TIMEOUT 1800
                      COST ${cost_of_sources})
