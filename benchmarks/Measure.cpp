@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "core/StandInTime.h"
+#include "core/SessionState.h"
 
 namespace bench {
 
@@ -39,13 +39,14 @@ struct Ticks {
 };
 
 Ticks ticksOf(const std::function<void()>& work) {
-  wb::StandInTime::count(true);
+  wb::StandInTime& standIns = wb::SessionState::get().standInTime;
+  standIns.count(true);
   const unsigned long long begun = __rdtsc();
   work();
   const unsigned long long all = __rdtsc() - begun;
-  const Ticks found = {static_cast<double>(all), static_cast<double>(wb::StandInTime::ticks()),
-                       static_cast<double>(wb::StandInTime::entries())};
-  wb::StandInTime::count(false);
+  const Ticks found = {static_cast<double>(all), static_cast<double>(standIns.ticks()),
+                       static_cast<double>(standIns.entries())};
+  standIns.count(false);
   return found;
 }
 

@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "core/Accounts.h"
+#include "core/Program.h"
 #include "core/Text.h"
 #include "core/Transcript.h"
 #include "editor/CommandStack.h"
@@ -20,8 +21,8 @@ namespace bench {
 namespace {
 
 wb::SessionOptions options() {
-  wb::leaveMemoryOut();
   wb::SessionOptions options;
+  options.accountForMemory = false;
   options.module = (Workshop::binFolder() / L"TessaroAcad.arx").wstring();
   options.client = (Workshop::binFolder() / L"TessaroClient.dll").wstring();
   options.workFolder = Workshop::view().parent_path().wstring();
@@ -68,11 +69,7 @@ void Workshop::run(const std::string& script) {
   if (!session.run(script)) throw std::runtime_error(wb::toUtf8(session.text()));
 }
 
-std::filesystem::path Workshop::binFolder() {
-  wchar_t path[MAX_PATH];
-  GetModuleFileNameW(nullptr, path, MAX_PATH);
-  return std::filesystem::path(path).parent_path();
-}
+std::filesystem::path Workshop::binFolder() { return wb::programFolder(); }
 
 std::filesystem::path Workshop::view() {
   // Asked for once: the C++ library looks at the disk for it, which is no part of what is measured.

@@ -8,12 +8,12 @@
 #include "Measure.h"
 #include "ModuleMemory.h"
 #include "Rows.h"
+#include "ui/resource.h"
 
 namespace bench {
 
 namespace {
 
-constexpr int xrefBox = 1005;
 constexpr int repetitions = 9;
 
 /// What no check of the files' times can do without.
@@ -31,7 +31,7 @@ void readTimes(int count) {
 
 /// A check that finds everything current.
 double ownTimeOfCheck(Workshop& workshop) {
-  const double own = spent([&] { workshop.click(xrefBox); }).own;
+  const double own = spent([&] { workshop.click(IDC_XREFS_LATEST); }).own;
   workshop.forget();
   return own;
 }
@@ -89,9 +89,9 @@ void batchAgainstFileByFile(Workshop& workshop) {
   std::vector<Row> times, memory;
   for (const int count : {10, 100, 1000, 10000}) {
     workshop.openSheet(count);
-    workshop.click(xrefBox);
+    workshop.click(IDC_XREFS_LATEST);
     peakSinceLastQuestion();
-    const Cost batch = costOf(workshop, [&] { workshop.click(xrefBox); });
+    const Cost batch = costOf(workshop, [&] { workshop.click(IDC_XREFS_LATEST); });
     const double peak = static_cast<double>(peakSinceLastQuestion());
     const Cost single = costOf(workshop, [&] {
       for (int number = 0; number < count; ++number) queryStatus(workshop, number);

@@ -25,7 +25,7 @@ class Apartments : public XrefSession {
     EXPECT_GT(calls, 0) << script << "asked nothing";
   }
 
-  // A command that an error has ended keeps its level for the life of the process.
+  // A command that an error has ended keeps its level for the life of the session.
   const int before = wb::apartmentBalance();
 };
 

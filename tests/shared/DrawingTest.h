@@ -12,10 +12,11 @@
 #include <string>
 #include <vector>
 
-#include "core/Accounts.h"
+#include "core/SessionState.h"
 #include "core/Text.h"
 #include "core/Transcript.h"
 #include "database/Drawing.h"
+#include "gate/HostError.h"
 
 namespace fs = std::filesystem;
 
@@ -61,13 +62,23 @@ inline std::string dxf(const std::string& groups, const char* release = "AC1009"
   return result;
 }
 
+/// Why the host can't do it; empty if it can.
+template <class Work>
+std::wstring refusal(const Work& work) {
+  try {
+    work();
+    return {};
+  } catch (const wb::HostError& error) {
+    return error.reason;
+  }
+}
+
 /// An empty folder for drawings; afterwards everything that was handed out has to be back.
 class DrawingTest : public testing::Test {
  protected:
   DrawingTest() {
     fs::remove_all(folder);
     fs::create_directories(folder);
-    wb::Transcript::instance().clear();
   }
   ~DrawingTest() override {
     use(nullptr);
@@ -79,10 +90,8 @@ class DrawingTest : public testing::Test {
   }
 
   std::unique_ptr<wb::Drawing> open(const fs::path& path) {
-    std::wstring error;
-    auto drawing = wb::Drawing::load(path, error);
-    EXPECT_TRUE(drawing) << wb::toUtf8(path.wstring() + L": " + error);
-    if (drawing) use(drawing->database());
+    auto drawing = wb::Drawing::load(path);
+    use(drawing->database());
     return drawing;
   }
   std::unique_ptr<wb::Drawing> openText(const std::string& bytes) {
@@ -100,5 +109,6 @@ class DrawingTest : public testing::Test {
   }
 
   fs::path folder = fs::temp_directory_path() / L"drawing_tests";
+  wb::SessionState state;
   wb::Ticket firstTicket = wb::nextTicket();
 };

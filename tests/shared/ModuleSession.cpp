@@ -6,6 +6,7 @@
 #include <iterator>
 #include <stdexcept>
 
+#include "core/Program.h"
 #include "core/Text.h"
 #include "watch/ImportWatch.h"
 
@@ -102,11 +103,7 @@ const wb::StoredFile& ModuleSession::stored(const std::wstring& file) {
   return *found;
 }
 
-std::filesystem::path ModuleSession::binFolder() {
-  wchar_t path[MAX_PATH];
-  GetModuleFileNameW(nullptr, path, MAX_PATH);
-  return std::filesystem::path(path).parent_path();
-}
+std::filesystem::path ModuleSession::binFolder() { return wb::programFolder(); }
 
 std::wstring ModuleSession::workbenchFile(const std::wstring& relative) {
   return wb::fromUtf8(PROJECT_FOLDER) + L"/workbench/" + relative;

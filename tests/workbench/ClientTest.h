@@ -8,7 +8,9 @@
 #include <string>
 
 #include "core/Accounts.h"
-#include "core/Condition.h"
+#include "core/Program.h"
+#include "core/ResultCodes.h"
+#include "core/SessionState.h"
 #include "core/Transcript.h"
 #include "faults/Faults.h"
 #include "store/Store.h"
@@ -29,20 +31,11 @@ using namespace tessaro;
 /// that the client handed out has to be back.
 class ClientTest : public testing::Test {
  protected:
-  static constexpr HRESULT permissionDenied = static_cast<HRESULT>(0x80040203);
-  static constexpr HRESULT notLoggedIn = static_cast<HRESULT>(0x80040204);
-  static constexpr HRESULT fileNotFound = static_cast<HRESULT>(0x80040213);
-  static constexpr HRESULT keyNotFound = static_cast<HRESULT>(0x8004022B);
-  static constexpr HRESULT invalidQuery = static_cast<HRESULT>(0x80040230);
-
   void SetUp() override {
     ASSERT_TRUE(library) << "TessaroClient.dll lies beside the program";
     CoInitialize(nullptr);
     removeFolder();
     std::filesystem::create_directories(view / L"Sub");
-    wb::Transcript::instance().clear();
-    wb::clearFaults();
-    wb::clientCondition() = {};
     ASSERT_EQ(call("DllRegisterServer"), S_OK);
     wb::store().open(folder / L"store");
     wb::store().createVault(L"Plant", view.wstring());
@@ -57,8 +50,6 @@ class ClientTest : public testing::Test {
       ADD_FAILURE() << "not given back: " << std::string(left.label.begin(), left.label.end());
     }
     EXPECT_EQ(call("DllCanUnloadNow"), S_OK);
-    wb::clearFaults();
-    wb::clientCondition() = {};
     wb::store().close();
     EXPECT_EQ(call("DllUnregisterServer"), S_OK);
     CoUninitialize();
@@ -122,14 +113,12 @@ class ClientTest : public testing::Test {
       std::filesystem::temp_directory_path() / L"workbench-tests" / L"client";
   const std::filesystem::path view = folder / L"view";
 
+  wb::SessionState state;
   wb::Ticket firstTicket = 0;
 
  private:
   static HMODULE loadLibrary() {
-    wchar_t file[MAX_PATH];
-    GetModuleFileNameW(nullptr, file, MAX_PATH);
-    const auto client = std::filesystem::path(file).replace_filename(L"TessaroClient.dll");
-    return LoadLibraryW(client.c_str());
+    return LoadLibraryW((wb::programFolder() / L"TessaroClient.dll").c_str());
   }
 
   /// What the vault put into the view is read-only, which Windows doesn't remove.

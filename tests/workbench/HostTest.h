@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "core/Program.h"
+#include "core/SessionState.h"
 #include "core/Text.h"
 #include "core/Transcript.h"
 #include "dialogs/Answers.h"
@@ -26,16 +27,13 @@ class HostTest : public testing::Test {
   HostTest() {
     fs::remove_all(folder);
     fs::create_directories(folder);
-    wb::Transcript::instance().clear();
     wb::Answers::instance().start(false);
     wb::clearLoadRecord();
-    EXPECT_TRUE(host.start());
+    host.start();
   }
   ~HostTest() override {
     host.stop();
-    host.needInput = nullptr;
     wb::Answers::instance().stop();
-    wb::Answers::instance().clear();
     std::error_code ignored;
     fs::remove_all(folder, ignored);
   }
@@ -71,6 +69,7 @@ class HostTest : public testing::Test {
   }
   void forget() { wb::Transcript::instance().clear(); }
 
+  wb::SessionState state;
   wb::Host& host = wb::Host::instance();
   fs::path folder = fs::temp_directory_path() / L"host_tests";
   std::wstring module = (wb::programFolder() / L"testmodule.arx").wstring();

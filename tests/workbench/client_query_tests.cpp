@@ -10,11 +10,11 @@ TEST_F(ClientTest, GateOpensForTheThreeCodesInOrderOnly) {
   const auto queryIsGiven = [&] { return static_cast<bool>(VaultQueryPtr(client)); };
   EXPECT_FALSE(queryIsGiven());
   EXPECT_EQ(gate->presentCode(3176520), S_OK);
-  EXPECT_EQ(gate->presentCode(5201874), permissionDenied);
-  EXPECT_EQ(gate->presentCode(19980117), permissionDenied) << "the code starts again";
+  EXPECT_EQ(gate->presentCode(5201874), wb::E_QVT_PERMISSION_DENIED);
+  EXPECT_EQ(gate->presentCode(19980117), wb::E_QVT_PERMISSION_DENIED) << "the code starts again";
   for (const long code : {3176520, 19980117, 5201874}) EXPECT_EQ(gate->presentCode(code), S_OK);
   EXPECT_TRUE(queryIsGiven());
-  EXPECT_EQ(gate->presentCode(3176520), permissionDenied);
+  EXPECT_EQ(gate->presentCode(3176520), wb::E_QVT_PERMISSION_DENIED);
   EXPECT_FALSE(queryIsGiven());
 }
 
@@ -97,7 +97,7 @@ TEST_F(QueryTest, MalformedBatchIsRefusedWithAReason) {
   const auto object = query();
   for (const std::wstring& statements : malformed) {
     IUnknownPtr result;
-    EXPECT_EQ(object->execute(_bstr_t(statements.c_str()), &result), invalidQuery);
+    EXPECT_EQ(object->execute(_bstr_t(statements.c_str()), &result), wb::E_QVT_INVALID_QUERY);
     EXPECT_FALSE(result);
     IErrorInfoPtr reason;
     ASSERT_EQ(GetErrorInfo(0, &reason), S_OK);

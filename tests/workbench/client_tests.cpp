@@ -9,19 +9,20 @@ TEST_F(ClientTest, LookupTellsWhyAFileIsNotGiven) {
   const _bstr_t plan(path(L"plan.DXF").c_str());
   VaultFolderPtr inFolder;
   VaultFilePtr file;
-  EXPECT_EQ(client->fileFromPath(plan, &inFolder, &file), notLoggedIn);
+  EXPECT_EQ(client->fileFromPath(plan, &inFolder, &file), wb::E_QVT_NOT_LOGGED_IN);
   EXPECT_EQ(client->login(_bstr_t(L"Elsewhere"), 0), static_cast<HRESULT>(0x800404CD));
 
   const _bstr_t vault = text([&](BSTR* out) { return client->vaultNameFromPath(plan, out); });
   EXPECT_EQ(std::wstring(vault), L"Plant");
   BSTR none = nullptr;
-  EXPECT_EQ(client->vaultNameFromPath(_bstr_t(L"C:\\elsewhere.dxf"), &none), keyNotFound);
+  EXPECT_EQ(client->vaultNameFromPath(_bstr_t(L"C:\\elsewhere.dxf"), &none),
+            wb::E_QVT_KEY_NOT_FOUND);
 
   ASSERT_EQ(client->login(vault, 0), S_OK);
   EXPECT_EQ(client->fileFromPath(_bstr_t(path(L"New.dxf").c_str()), &inFolder, &file),
-            fileNotFound);
+            wb::E_QVT_FILE_NOT_FOUND);
   wb::store().setDenied(path(L"Plan.dxf"), true);
-  EXPECT_EQ(client->fileFromPath(plan, &inFolder, &file), permissionDenied);
+  EXPECT_EQ(client->fileFromPath(plan, &inFolder, &file), wb::E_QVT_PERMISSION_DENIED);
   EXPECT_FALSE(inFolder || file);
 
   ASSERT_EQ(client->fileFromPath(_bstr_t(path(L"Sub").c_str()), &inFolder, &file), S_OK);
@@ -140,11 +141,11 @@ TEST_F(ClientTest, CardGivesValuesAndMappings) {
 
 TEST_F(ClientTest, FaultsLeaveOutsEmptyAndChangeNothing) {
   const auto client = loggedIn();
-  wb::failOperation(L"VaultClient.fileFromPath", fileNotFound);
+  wb::failOperation(L"VaultClient.fileFromPath", wb::E_QVT_FILE_NOT_FOUND);
   VaultFolder* noFolder = reinterpret_cast<VaultFolder*>(1);
   VaultFile* noFile = reinterpret_cast<VaultFile*>(1);
   EXPECT_EQ(client->fileFromPath(_bstr_t(path(L"Plan.dxf").c_str()), &noFolder, &noFile),
-            fileNotFound);
+            wb::E_QVT_FILE_NOT_FOUND);
   EXPECT_TRUE(noFolder == nullptr && noFile == nullptr);
 
   VaultFolderPtr inFolder;
@@ -235,7 +236,7 @@ TEST_F(ClientTest, TextsComeInTheLanguageThatTheClientIsSetTo) {
     EXPECT_EQ(other->open(product, _bstr_t(L"Unheard of")), S_FALSE);
   }
   EXPECT_EQ(number(50), L"Select Xref: ");
-  EXPECT_EQ(service->text(999, &none), keyNotFound);
+  EXPECT_EQ(service->text(999, &none), wb::E_QVT_KEY_NOT_FOUND);
 
   const auto language = folder / L"language.txt";
   std::ofstream(language, std::ios::binary)
@@ -253,7 +254,8 @@ TEST_F(ClientTest, TextsComeInTheLanguageThatTheClientIsSetTo) {
   EXPECT_EQ(service->sectionText(999, key, &none), S_OK);
   EXPECT_EQ(none, nullptr);
   const auto client = create<VaultClientPtr>();
-  EXPECT_EQ(std::wstring(text([&](BSTR* out) { return client->errorText(fileNotFound, 0, out); })),
+  EXPECT_EQ(std::wstring(text(
+                [&](BSTR* out) { return client->errorText(wb::E_QVT_FILE_NOT_FOUND, 0, out); })),
             L"Datei \x00FC"
             L"ber Bord.");
 

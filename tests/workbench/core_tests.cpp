@@ -7,8 +7,8 @@
 #include <filesystem>
 #include <fstream>
 
-#include "core/Accounts.h"
 #include "core/ResultNames.h"
+#include "core/SessionState.h"
 #include "core/Text.h"
 #include "core/Transcript.h"
 #include "faults/DiskFaults.h"
@@ -27,7 +27,12 @@ std::wstring labelsSince(wb::Ticket since) {
   return labels;
 }
 
-TEST(Accounts, StringsAndTaskMemoryAreBackWhenTheirReceiverFreesThem) {
+class Accounts : public testing::Test {
+ protected:
+  const wb::SessionState session;
+};
+
+TEST_F(Accounts, StringsAndTaskMemoryAreBackWhenTheirReceiverFreesThem) {
   const wb::Ticket since = wb::nextTicket();
   const BSTR freed = SysAllocString(L"freed");
   BSTR grown = SysAllocString(L"grown");
@@ -50,7 +55,7 @@ TEST(Accounts, StringsAndTaskMemoryAreBackWhenTheirReceiverFreesThem) {
   EXPECT_EQ(L"", labelsSince(since));
 }
 
-TEST(Accounts, WhatIsKeptStaysOutstandingUntilItIsBack) {
+TEST_F(Accounts, WhatIsKeptStaysOutstandingUntilItIsBack) {
   const wb::Ticket since = wb::nextTicket();
   const wb::Ticket service = wb::handOut(L"com", L"service");
   wb::keepBeyondCommand(service);
@@ -64,12 +69,7 @@ TEST(Accounts, WhatIsKeptStaysOutstandingUntilItIsBack) {
 
 class Faults : public testing::Test {
  protected:
-  Faults() { reset(); }
-  ~Faults() override { reset(); }
-  static void reset() {
-    wb::clearFaults();
-    wb::resetCalls();
-  }
+  const wb::SessionState session;
 };
 
 TEST_F(Faults, OneFaultHitsOneCallAfterThoseItLetsThrough) {
@@ -127,13 +127,12 @@ TEST_F(Faults, AnotherProgramWaitsForAFileAndGivesItBack) {
 
 class TranscriptTest : public testing::Test {
  protected:
-  TranscriptTest() { transcript.clear(); }
-  ~TranscriptTest() override { transcript.clear(); }
   std::wstring told(const std::wstring& detail) {
     wb::tell(wb::Event::file, detail);
     return transcript.lines().back();
   }
-  wb::Transcript& transcript = wb::Transcript::instance();
+  wb::SessionState session;
+  wb::Transcript& transcript = session.transcript;
 };
 
 TEST_F(TranscriptTest, FoldersAreWrittenByTheLongestNameThatStandsThere) {

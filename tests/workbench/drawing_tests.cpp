@@ -91,8 +91,7 @@ TEST_F(DatabaseTest, AChangedAttributeChangesItsGroupAlone) {
   writeAttribute(sheet, L"DRAWING_NO", L"\u00C4-7\n^");
   EXPECT_NE(0, drawing->dbmod());
 
-  std::wstring error;
-  ASSERT_TRUE(drawing->save(folder / L"new.dxf", error)) << wb::toUtf8(error);
+  drawing->save(folder / L"new.dxf");
   std::string expected = bytesOf(plan);
   const size_t tag = expected.find("\nDRAWING_NO\n", expected.find("\nATTRIB\n"));
   const size_t value = expected.rfind("\n  1\n-\n", tag) + 5;
@@ -121,8 +120,7 @@ TEST_F(DatabaseTest, ReadsR12WithoutHandlesAndClasses) {
   writeAttribute(reference(*drawing, L"TITLE", 2), L"NO", L"first");
   writeAttribute(reference(*drawing, L"TITLE", 2), L"NO", L"second");
   writeAttribute(reference(*drawing, L"TITLE", 1), L"NO", L"A\u00DC");
-  std::wstring error;
-  ASSERT_TRUE(drawing->save(folder / L"new.dxf", error));
+  drawing->save(folder / L"new.dxf");
   std::string expected = dxf(titleBlock);
   expected.insert(expected.rfind("0\r\nSEQEND"), "  1\r\nsecond\r\n");
   EXPECT_EQ(expected, bytesOf(folder / L"new.dxf"));
@@ -223,8 +221,7 @@ TEST_F(DatabaseTest, ErasedObjectsOpenOnRequestAndLeaveTheFile) {
   EXPECT_TRUE(iterator->done());
   block->close();
   ASSERT_TRUE(drawing->erase(drawing->entities(L"#2")[0]));  // the polyline with its vertex
-  std::wstring error;
-  ASSERT_TRUE(drawing->save(folder / L"new.dxf", error));
+  drawing->save(folder / L"new.dxf");
   std::string expected = dxf(titleBlock);
   const auto cut = [&](const std::string& from, const std::string& to) {
     const size_t begin = expected.find(from, expected.find("ENTITIES"));
@@ -267,22 +264,20 @@ TEST_F(DatabaseTest, AFailedSaveLeavesTheOldFileAndNothingElse) {
   const auto drawing = openText(dxf(titleBlock));
   const fs::path target = folder / L"target.dxf";
   write(target, "old");
-  std::wstring error;
+  const auto saved = [&](const fs::path& path) { return refusal([&] { drawing->save(path); }); };
   SetFileAttributesW(target.c_str(), FILE_ATTRIBUTE_READONLY);
-  EXPECT_FALSE(drawing->save(target, error));
-  EXPECT_EQ(L"the file is write-protected", error);
+  EXPECT_EQ(L"the file is write-protected", saved(target));
   SetFileAttributesW(target.c_str(), FILE_ATTRIBUTE_NORMAL);
   {
     const HANDLE alone = CreateFileW(target.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
                                      OPEN_EXISTING, 0, nullptr);
-    EXPECT_FALSE(drawing->save(target, error));
+    EXPECT_NE(L"", saved(target));
     CloseHandle(alone);
   }
-  EXPECT_FALSE(drawing->save(folder / L"none" / L"a.dxf", error));
-  EXPECT_EQ(L"the folder doesn't exist", error);
+  EXPECT_EQ(L"the folder doesn't exist", saved(folder / L"none" / L"a.dxf"));
   EXPECT_EQ("old", bytesOf(target));
   EXPECT_EQ(2, std::distance(fs::directory_iterator(folder), {}));
-  EXPECT_TRUE(drawing->save(target, error));
+  EXPECT_EQ(L"", saved(target));
   EXPECT_EQ(target, drawing->path());
 }
 

@@ -36,8 +36,7 @@ class DxfTest : public DrawingTest {
   // Changes the drawing as a user does, saves and opens it: nothing but the remark is new.
   void changeSaveAndOpen(wb::Drawing& drawing, const std::string& before) {
     drawing.edit();
-    std::wstring error;
-    ASSERT_TRUE(drawing.save(folder / L"changed.dxf", error)) << wb::toUtf8(error);
+    drawing.save(folder / L"changed.dxf");
     std::vector<std::string> after = linesOf(bytesOf(folder / L"changed.dxf"));
     ASSERT_LT(4u, after.size());
     const auto remark = after.end() - 4;
@@ -51,8 +50,8 @@ class DxfTest : public DrawingTest {
   bool survives(const std::string& bytes) {
     const fs::path file = folder / L"variant.dxf";
     write(file, bytes);
-    std::wstring error;
-    const auto drawing = wb::Drawing::load(file, error);
+    std::unique_ptr<wb::Drawing> drawing;
+    const std::wstring error = refusal([&] { drawing = wb::Drawing::load(file); });
     EXPECT_NE(drawing == nullptr, error.empty());
     EXPECT_EQ(bytes, bytesOf(file));
     if (drawing) changeSaveAndOpen(*drawing, bytes);
@@ -66,8 +65,7 @@ TEST_F(DxfTest, AnUntouchedDrawingIsWrittenByteForByte) {
   for (const fs::path& sample : samples) {
     const auto drawing = open(sample);
     ASSERT_TRUE(drawing);
-    std::wstring error;
-    ASSERT_TRUE(drawing->save(folder / L"copy.dxf", error)) << wb::toUtf8(error);
+    drawing->save(folder / L"copy.dxf");
     EXPECT_EQ(bytesOf(sample), bytesOf(folder / L"copy.dxf")) << sample;
     EXPECT_EQ(0, drawing->dbmod());
   }
@@ -90,8 +88,7 @@ TEST_F(DxfTest, OddlyWrittenFilesKeepTheirBytes) {
   for (const std::string& file : files) {
     const auto drawing = openText(file);
     ASSERT_TRUE(drawing);
-    std::wstring error;
-    ASSERT_TRUE(drawing->save(folder / L"copy.dxf", error));
+    drawing->save(folder / L"copy.dxf");
     EXPECT_EQ(file, bytesOf(folder / L"copy.dxf"));
   }
 }
@@ -126,14 +123,12 @@ TEST_F(DxfTest, WhatIsNoCompleteAsciiDxfIsRefusedWithItsReason) {
   const fs::path path = folder / L"bad.dxf";
   for (const auto& one : cases) {
     write(path, one.bytes);
-    std::wstring error;
-    EXPECT_FALSE(wb::Drawing::load(path, error)) << one.bytes;
+    const std::wstring error = refusal([&] { wb::Drawing::load(path); });
+    EXPECT_NE(L"", error) << one.bytes;
     EXPECT_NE(std::wstring::npos, error.find(one.reason)) << wb::toUtf8(error);
     EXPECT_EQ(one.bytes, bytesOf(path));
   }
-  std::wstring error;
-  EXPECT_FALSE(wb::Drawing::load(folder / L"none.dxf", error));
-  EXPECT_EQ(L"the file doesn't exist", error);
+  EXPECT_EQ(L"the file doesn't exist", refusal([&] { wb::Drawing::load(folder / L"none.dxf"); }));
 }
 
 // Cut anywhere, a drawing must never open as if it were whole.
@@ -143,9 +138,7 @@ TEST_F(DxfTest, ACutDrawingNeverOpens) {
     const size_t end = whole.rfind("EOF") + 3;
     for (size_t length = 0; length < end; length += length < end - 100 ? end / 50 : 1) {
       wb::DxfGroups groups;
-      std::wstring error;
-      EXPECT_FALSE(groups.parse(whole.substr(0, length), error)) << sample << length;
-      EXPECT_FALSE(error.empty()) << length;
+      EXPECT_NE(L"", refusal([&] { groups.parse(whole.substr(0, length)); })) << sample << length;
     }
   }
 }
@@ -187,8 +180,7 @@ TEST_F(DxfTest, WhatWouldNotBeTheDrawingIsNotSaved) {
   const std::string before = bytesOf(folder / L"text.dxf");
   for (const char* remark : {"one\ntwo", "one\r\n  0\r\nEOF", "a\n999\nb"}) {
     drawing->content().addRemark(remark);
-    std::wstring error;
-    EXPECT_FALSE(drawing->save(folder / L"text.dxf", error)) << remark;
+    const std::wstring error = refusal([&] { drawing->save(folder / L"text.dxf"); });
     EXPECT_EQ(0u, error.find(L"the file wouldn't be this drawing any more: line ")) << remark;
     EXPECT_EQ(before, bytesOf(folder / L"text.dxf"));
     EXPECT_EQ(1, std::distance(fs::directory_iterator(folder), {}));
@@ -197,14 +189,13 @@ TEST_F(DxfTest, WhatWouldNotBeTheDrawingIsNotSaved) {
 
 TEST_F(DxfTest, AnAddedGroupStaysAndGoesWithTheObjectBeforeIt) {
   wb::DxfGroups groups;
-  std::wstring error;
-  ASSERT_TRUE(groups.parse("0\nTEXT\n8\nA\n0\nTEXT\n8\nB\n0\nEOF", error));
+  groups.parse("0\nTEXT\n8\nA\n0\nTEXT\n8\nB\n0\nEOF");
   groups.addBefore(2, 1, "a");
   groups.addBefore(4, 1, "b");
   groups.remove(2, 4);
   EXPECT_EQ("0\nTEXT\n8\nA\n  1\na\n0\nEOF", groups.bytes());
-  EXPECT_TRUE(groups.areReadFrom(groups.bytes(), error));
-  EXPECT_FALSE(groups.areReadFrom("0\nTEXT\n8\nA\n0\nEOF", error));
+  EXPECT_EQ(L"", refusal([&] { groups.requireReadFrom(groups.bytes()); }));
+  EXPECT_NE(L"", refusal([&] { groups.requireReadFrom("0\nTEXT\n8\nA\n0\nEOF"); }));
 }
 
 TEST(DxfTextTest, TextSurvivesInEveryEncoding) {

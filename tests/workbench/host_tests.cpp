@@ -221,13 +221,17 @@ TEST_F(HostTest, TheLoadRecordIsHonouredAtTheNextStart) {
   run(L"T_INSTALL");
   EXPECT_TRUE(said(L"writeToRegistry 0"));
   host.stop();
-  forget();
-  ASSERT_TRUE(host.start());
+  const wb::SessionState nextSession;
+  wb::Host& next = wb::Host::instance();
+  next.start();
   EXPECT_TRUE(said(L"message 1\""));
-  host.newDrawing();
-  run(L"T_UNINSTALL");
-  run(L"T_UNINSTALL");
+  next.newDrawing();
+  for (int time = 0; time < 2; ++time) {
+    next.type(L"T_UNINSTALL");
+    next.runUntilIdle();
+  }
   EXPECT_TRUE(inOrder({L"unregister 0", L"unregister 3"}));
+  next.stop();
 }
 
 }  // namespace

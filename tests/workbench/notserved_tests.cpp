@@ -9,12 +9,11 @@
 #include <string>
 #include <vector>
 
-#include "core/Transcript.h"
+#include "core/SessionState.h"
 
 // What the host doesn't serve fails in its own type, and is told.
 TEST(NotServed, AnswersAFailureAndIsTold) {
-  wb::Transcript& transcript = wb::Transcript::instance();
-  transcript.clear();
+  const wb::SessionState session;
   AcApDocManager* documents = acDocManagerPtr();
   EXPECT_EQ(Acad::eNotImplementedYet, documents->newDocument());
   EXPECT_EQ(0, documents->documentCount());
@@ -37,16 +36,15 @@ TEST(NotServed, AnswersAFailureAndIsTold) {
       L"error: AcDbHostApplicationServices::getEnv isn't served by this host",
       L"error: AcRxDictionary::numEntries isn't served by this host",
       L"error: AcRxClass::create isn't served by this host"};
-  EXPECT_EQ(expected, transcript.lines());
-  transcript.clear();
+  EXPECT_EQ(expected, session.transcript.lines());
 }
 
 // A reactor's own bodies do nothing, so they are no failure.
 TEST(NotServed, AReactorMayLeaveEventsAlone) {
   class Reactor : public AcApDocManagerReactor {
   } reactor;
-  wb::Transcript::instance().clear();
+  const wb::SessionState session;
   reactor.documentActivated(nullptr);
-  EXPECT_TRUE(wb::Transcript::instance().lines().empty());
+  EXPECT_TRUE(session.transcript.lines().empty());
   EXPECT_EQ(AcApDocManagerReactor::desc(), reactor.isA());
 }

@@ -143,7 +143,6 @@ class SelectionTest : public XrefTest {
                            "0 ENDSEC\n0 SECTION\n2 ENTITIES\n0 INSERT\n2 X\n0 LINE\n0 INSERT\n2 X\n"
                            "0 INSERT\n67 1\n2 X\n0 ENDSEC\n"));
   }
-  ~SelectionTest() override { selection.clear(); }
 
   std::unique_ptr<wb::Drawing> drawing;
   wb::Selection& selection = wb::Selection::instance();
@@ -151,11 +150,11 @@ class SelectionTest : public XrefTest {
 };
 
 TEST_F(SelectionTest, APickSetAnswersTheImpliedAndTheOpenQuestion) {
-  std::wstring error;
   EXPECT_EQ(RTERROR, acedSSGet(L"I", nullptr, nullptr, nullptr, set));
-  EXPECT_FALSE(selection.pick({L"X", L"X", L"X"}, error));  // the third one is on the other tab
-  EXPECT_FALSE(selection.pick({L"#2"}, error));
-  ASSERT_TRUE(selection.pick({L"x", L"#1", L"X"}, error));
+  // The third one is on the other tab.
+  EXPECT_NE(L"", refusal([&] { selection.pick({L"X", L"X", L"X"}); }));
+  EXPECT_NE(L"", refusal([&] { selection.pick({L"#2"}); }));
+  selection.pick({L"x", L"#1", L"X"});
   ads_name entity = {0, 0};
   for (const wchar_t* mode : {L"I", static_cast<const wchar_t*>(nullptr)}) {
     ASSERT_EQ(RTNORM, acedSSGet(mode, nullptr, nullptr, nullptr, set));
@@ -172,9 +171,9 @@ TEST_F(SelectionTest, APickSetAnswersTheImpliedAndTheOpenQuestion) {
   EXPECT_EQ(Acad::eOk, acdbGetObjectId(id, entity));
   EXPECT_TRUE(id == drawing->entities(L"#1")[0]);
   selection.commandBegins(ACRX_CMD_REDRAW);
-  EXPECT_EQ(3, selection.picked().length());
+  EXPECT_EQ(3u, selection.picked().size());
   selection.commandBegins(ACRX_CMD_MODAL);
-  EXPECT_EQ(0, selection.picked().length());
+  EXPECT_TRUE(selection.picked().empty());
   EXPECT_EQ(RTERROR, acedSSFree(set));
 }
 

@@ -8,7 +8,7 @@
 #include "client/NamedObject.h"
 #include "client/Results.h"
 #include "client/TextTable.h"
-#include "core/Condition.h"
+#include "core/SessionState.h"
 #include "core/Transcript.h"
 
 namespace wb {

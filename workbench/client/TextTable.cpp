@@ -9,7 +9,7 @@
 
 #include "client/resource.h"
 #include "client/TypeLibrary.h"
-#include "core/Condition.h"
+#include "core/SessionState.h"
 #include "core/Text.h"
 
 namespace wb {

@@ -4,10 +4,9 @@
 
 #include <objidl.h>
 
-#include <map>
-#include <mutex>
-#include <unordered_map>
+#include <utility>
 
+#include "core/SessionState.h"
 #include "core/StandInTime.h"
 #include "core/Transcript.h"
 
@@ -15,36 +14,19 @@ namespace wb {
 
 namespace {
 
-struct Entry {
-  std::wstring kind;
-  std::wstring label;
-  bool kept = false;
-  bool isMemory = false;  ///< it may come back on any thread
-};
-
-// The allocator's spy is called on any thread.
-std::recursive_mutex accountsMutex;
-std::map<Ticket, Entry> entries;
-std::unordered_map<const void*, Ticket> memory;
-Ticket following = 1;
-
-void memoryIsFreed(const void* block) {
-  // A BSTR's block begins with its length, 8 bytes ahead of the text.
-  constexpr size_t bstrHeader = 8;
-  const InStandIn inside;
-  const std::lock_guard lock(accountsMutex);
-  for (const size_t offset : {size_t{0}, bstrHeader}) {
-    const auto found = memory.find(static_cast<const char*>(block) + offset);
-    if (found == memory.end()) continue;
-    const Ticket ticket = found->second;
-    memory.erase(found);
-    giveBack(ticket);
-  }
-}
-
-/// Sees what COM's task allocator frees (IMallocSpy), in this library for the process's life.
+/// Sees what COM's task allocator frees (IMallocSpy), and reports it to the accounts of the current
+/// session. Windows has one spy in a process, for good.
 class FreeSpy : public IMallocSpy {
  public:
+  void reportTo(Accounts* accounts) {
+    const std::lock_guard lock(mutex);
+    receiver = accounts;
+  }
+  void forget(const Accounts* accounts) {
+    const std::lock_guard lock(mutex);
+    if (receiver == accounts) receiver = nullptr;
+  }
+
   STDMETHOD(QueryInterface)(REFIID iid, void** result) override {
     const bool known = IsEqualIID(iid, IID_IUnknown) || IsEqualIID(iid, IID_IMallocSpy);
     *result = known ? this : nullptr;
@@ -72,7 +54,22 @@ class FreeSpy : public IMallocSpy {
   STDMETHOD_(int, PostDidAlloc)(void*, BOOL, int actual) override { return actual; }
   STDMETHOD_(void, PreHeapMinimize)() override {}
   STDMETHOD_(void, PostHeapMinimize)() override {}
+
+ private:
+  void memoryIsFreed(const void* block) {
+    const std::lock_guard lock(mutex);
+    if (receiver) receiver->memoryIsFreed(block);
+  }
+
+  std::recursive_mutex mutex;
+  Accounts* receiver = nullptr;
 };
+
+FreeSpy& freeSpy() {
+  // Never destroyed: Windows calls it while the process ends.
+  static auto* const spy = new FreeSpy;
+  return *spy;
+}
 
 /// Automation keeps freed strings in a cache of its own, where the allocator doesn't see them. This
 /// switches it off, as the environment variable OANOCACHE does; oleaut32 declares it in no header.
@@ -88,62 +85,88 @@ bool switchStringCacheOff() {
   return true;
 }
 
-bool startWatchingFrees() {
-  static FreeSpy spy;
-  if (SUCCEEDED(CoRegisterMallocSpy(&spy)) && switchStringCacheOff()) {
-    // Wine makes its table of blocks with the first one allocated under the spy, and can't free an
-    // older one before that.
-    CoTaskMemFree(CoTaskMemAlloc(1));
-    return true;
-  }
-  tell(Event::error,
-       L"freed memory can't be watched: the allocator's spy or the string cache refuses");
-  return false;
+bool registerFreeSpy() {
+  if (FAILED(CoRegisterMallocSpy(&freeSpy())) || !switchStringCacheOff()) return false;
+  // Wine makes its table of blocks with the first one allocated under the spy, and can't free an
+  // older one before that.
+  CoTaskMemFree(CoTaskMemAlloc(1));
+  return true;
 }
 
-bool leftOut = false;
-
-bool watchesFrees() {
-  static const bool watches = !leftOut && startWatchingFrees();
-  return watches;
+Accounts* currentAccounts() {
+  SessionState* const session = SessionState::current();
+  return session ? &session->accounts : nullptr;
 }
 
 }  // namespace
 
-Ticket handOut(std::wstring kind, std::wstring label) {
-  const std::lock_guard lock(accountsMutex);
+// Tickets of earlier sessions are smaller: the counter makes 10 million steps a second.
+Ticket Accounts::firstTicket() {
+  LARGE_INTEGER counter;
+  QueryPerformanceCounter(&counter);
+  return static_cast<Ticket>(counter.QuadPart);
+}
+
+Accounts::~Accounts() { freeSpy().forget(this); }
+
+bool Accounts::watchesFrees() {
+  static const bool registered = !memoryLeftOut && registerFreeSpy();
+  if (memoryLeftOut) return false;
+  if (!watches) {
+    watches = registered;
+    freeSpy().reportTo(this);
+    if (!registered) {
+      tell(Event::error,
+           L"freed memory can't be watched: the allocator's spy or the string cache refuses");
+    }
+  }
+  return *watches;
+}
+
+Ticket Accounts::handOut(std::wstring kind, std::wstring label) {
+  const std::lock_guard lock(mutex);
   entries[following] = {std::move(kind), std::move(label)};
   return following++;
 }
 
-void giveBack(Ticket ticket) {
-  const std::lock_guard lock(accountsMutex);
+void Accounts::giveBack(Ticket ticket) {
+  const std::lock_guard lock(mutex);
   const auto found = entries.find(ticket);
   if (found == entries.end()) return;
   if (!found->second.isMemory) note(L"back", found->second.kind + L" " + found->second.label);
   entries.erase(found);
 }
 
-Ticket handOutMemory(const void* block, std::wstring kind, std::wstring label) {
+Ticket Accounts::handOutMemory(const void* block, std::wstring kind, std::wstring label) {
   if (!block || !watchesFrees()) return 0;
-  const std::lock_guard lock(accountsMutex);
+  const std::lock_guard lock(mutex);
   const Ticket ticket = handOut(std::move(kind), std::move(label));
   entries[ticket].isMemory = true;
   return memory[block] = ticket;
 }
 
-void leaveMemoryOut() { leftOut = true; }
+void Accounts::memoryIsFreed(const void* block) {
+  // A BSTR's block begins with its length, 8 bytes ahead of the text.
+  constexpr size_t bstrHeader = 8;
+  const InStandIn inside;
+  const std::lock_guard lock(mutex);
+  for (const size_t offset : {size_t{0}, bstrHeader}) {
+    const auto found = memory.find(static_cast<const char*>(block) + offset);
+    if (found == memory.end()) continue;
+    const Ticket ticket = found->second;
+    memory.erase(found);
+    giveBack(ticket);
+  }
+}
 
-bool memoryIsLeftOut() { return leftOut; }
-
-void keepBeyondCommand(Ticket ticket) {
-  const std::lock_guard lock(accountsMutex);
+void Accounts::keepBeyondCommand(Ticket ticket) {
+  const std::lock_guard lock(mutex);
   const auto found = entries.find(ticket);
   if (found != entries.end()) found->second.kept = true;
 }
 
-std::vector<Outstanding> outstanding(Ticket since) {
-  const std::lock_guard lock(accountsMutex);
+std::vector<Outstanding> Accounts::outstanding(Ticket since) const {
+  const std::lock_guard lock(mutex);
   std::vector<Outstanding> result;
   for (auto entry = entries.lower_bound(since); entry != entries.end(); ++entry) {
     result.push_back({entry->first, entry->second.kind, entry->second.label, entry->second.kept});
@@ -151,9 +174,37 @@ std::vector<Outstanding> outstanding(Ticket since) {
   return result;
 }
 
-Ticket nextTicket() {
-  const std::lock_guard lock(accountsMutex);
+Ticket Accounts::nextTicket() const {
+  const std::lock_guard lock(mutex);
   return following;
+}
+
+Ticket handOut(std::wstring kind, std::wstring label) {
+  Accounts* const accounts = currentAccounts();
+  return accounts ? accounts->handOut(std::move(kind), std::move(label)) : 0;
+}
+
+void giveBack(Ticket ticket) {
+  if (Accounts* const accounts = currentAccounts()) accounts->giveBack(ticket);
+}
+
+Ticket handOutMemory(const void* block, std::wstring kind, std::wstring label) {
+  Accounts* const accounts = currentAccounts();
+  return accounts ? accounts->handOutMemory(block, std::move(kind), std::move(label)) : 0;
+}
+
+void keepBeyondCommand(Ticket ticket) {
+  if (Accounts* const accounts = currentAccounts()) accounts->keepBeyondCommand(ticket);
+}
+
+std::vector<Outstanding> outstanding(Ticket since) {
+  Accounts* const accounts = currentAccounts();
+  return accounts ? accounts->outstanding(since) : std::vector<Outstanding>();
+}
+
+Ticket nextTicket() {
+  Accounts* const accounts = currentAccounts();
+  return accounts ? accounts->nextTicket() : 0;
 }
 
 }  // namespace wb

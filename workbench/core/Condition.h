@@ -1,7 +1,5 @@
 #pragma once
 
-#include <windows.h>
-
 #include <filesystem>
 #include <optional>
 
@@ -13,11 +11,5 @@ struct ClientCondition {
   int minor = 3;
   std::optional<std::filesystem::path> language;  ///< texts of a second language
 };
-
-ClientCondition& clientCondition();
-
-/// The host's main window, which the client's events call "main".
-void setMainWindow(HWND window);
-HWND mainWindow();
 
 }  // namespace wb

@@ -2,31 +2,23 @@
 
 #include <intrin.h>
 
-#include <utility>
+#include "core/SessionState.h"
 
 namespace wb {
 
 namespace {
 
-using Ticks = unsigned long long;
-
-bool counting = false;
-int depth = 0;
-Ticks begun = 0;
-Ticks sum = 0;
-Ticks entered = 0;
+StandInTime* currentTime() {
+  SessionState* const session = SessionState::current();
+  return session ? &session->standInTime : nullptr;
+}
 
 }  // namespace
 
 void StandInTime::count(bool on) {
+  *this = StandInTime();
   counting = on;
-  depth = 0;
-  sum = entered = 0;
 }
-
-unsigned long long StandInTime::ticks() { return sum; }
-
-unsigned long long StandInTime::entries() { return entered; }
 
 void StandInTime::enter() {
   if (!counting || depth++ != 0) return;
@@ -38,13 +30,24 @@ void StandInTime::leave() {
   if (counting && --depth == 0) sum += __rdtsc() - begun;
 }
 
-InModule::InModule() : depth(std::exchange(wb::depth, 0)) {
-  if (depth > 0) sum += __rdtsc() - begun;
+InStandIn::InStandIn() : time(currentTime()) {
+  if (time) time->enter();
+}
+
+InStandIn::~InStandIn() {
+  if (time) time->leave();
+}
+
+InModule::InModule() : time(currentTime()) {
+  if (!time) return;
+  depth = std::exchange(time->depth, 0);
+  if (depth > 0) time->sum += __rdtsc() - time->begun;
 }
 
 InModule::~InModule() {
-  wb::depth = depth;
-  if (depth > 0) begun = __rdtsc();
+  if (!time) return;
+  time->depth = depth;
+  if (depth > 0) time->begun = __rdtsc();
 }
 
 }  // namespace wb

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <utility>
+
 namespace wb {
 
 /// The time spent inside the stand-ins, so that a measurement can take it out and is left with the
@@ -7,25 +9,35 @@ namespace wb {
 class StandInTime {
  public:
   /// From here on the time is counted, beginning at 0; or it isn't counted any more.
-  static void count(bool on);
+  void count(bool on);
   /// What was counted so far, in ticks of the processor's time stamp.
-  static unsigned long long ticks();
+  unsigned long long ticks() const { return sum; }
   /// How often the stand-ins were entered.
-  static unsigned long long entries();
+  unsigned long long entries() const { return entered; }
 
  private:
   friend class InStandIn;
-  static void enter();
-  static void leave();
+  friend class InModule;
+  void enter();
+  void leave();
+
+  bool counting = false;
+  int depth = 0;
+  unsigned long long begun = 0;
+  unsigned long long sum = 0;
+  unsigned long long entered = 0;
 };
 
-/// Stands in every call of the stand-ins that a measurement is to take out; nested ones count once.
+/// Stands in every call of the stand-ins; nested ones count once.
 class InStandIn {
  public:
-  InStandIn() { StandInTime::enter(); }
+  InStandIn();
   InStandIn(const InStandIn&) = delete;
   InStandIn& operator=(const InStandIn&) = delete;
-  ~InStandIn() { StandInTime::leave(); }
+  ~InStandIn();
+
+ private:
+  StandInTime* const time;  ///< null outside a session
 };
 
 /// The counterpart: the module at work, called back by a stand-in that is being counted.
@@ -37,7 +49,8 @@ class InModule {
   ~InModule();
 
  private:
-  int depth;
+  StandInTime* const time;
+  int depth = 0;
 };
 
 }  // namespace wb

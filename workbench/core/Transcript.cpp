@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "core/SessionState.h"
 #include "core/Text.h"
 
 namespace wb {
@@ -112,10 +113,7 @@ struct Transcript::State {
 Transcript::Transcript() : state(std::make_unique<State>()) {}
 Transcript::~Transcript() = default;
 
-Transcript& Transcript::instance() {
-  static Transcript transcript;
-  return transcript;
-}
+Transcript& Transcript::instance() { return SessionState::get().transcript; }
 
 const std::vector<std::wstring>& Transcript::lines() const { return state->lines; }
 
@@ -162,6 +160,10 @@ const std::vector<Transcript::Detail>& Transcript::details() const { return stat
 size_t Transcript::problems() const { return state->problems; }
 
 void tell(Event event) {
+  if (!SessionState::current()) {
+    std::fprintf(stderr, "outside a session: %s\n", toUtf8(event.text).c_str());
+    return;
+  }
   Transcript::State& state = *Transcript::instance().state;
   std::wstring line = state.lineOf(nameOf(event.kind), event.text);
   if (event.kind == Event::error || event.kind == Event::leak) ++state.problems;
@@ -177,6 +179,7 @@ void tell(Event event) {
 void tell(Event::Kind kind, std::wstring text) { tell({kind, Event::other, {}, std::move(text)}); }
 
 void note(std::wstring_view kind, std::wstring_view detail) {
+  if (!SessionState::current()) return;
   Transcript::State& state = *Transcript::instance().state;
   if (state.apartments) state.details.push_back({state.lineOf(kind, detail), state.apartments()});
 }

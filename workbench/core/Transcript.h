@@ -40,6 +40,7 @@ struct Event {
     xrefLoaded,         ///< `subject` is its name
     xrefUnloaded,       ///< `subject` is its name
     documentDestroyed,  ///< `subject` is its file or its title
+    documentSaved,      ///< `subject` is its file
   };
 
   Kind kind;
@@ -49,8 +50,8 @@ struct Event {
   long code = 0;  ///< the HRESULT of an uncaught COM error, else 0
 };
 
-/// Reports an event: its line is kept in the transcript and echoed if asked for. Line ends in it
-/// are written as \n and \r.
+/// Reports an event to the current session's transcript: its line is kept in the transcript and
+/// echoed if asked for. Line ends in it are written as \n and \r.
 void tell(Event event);
 /// Reports one that nobody judges.
 void tell(Event::Kind kind, std::wstring text);
@@ -65,6 +66,11 @@ std::wstring quoted(std::wstring_view text);
 /// What happened in a run, one line an event, in the order in which it happened.
 class Transcript {
  public:
+  Transcript();
+  ~Transcript();
+
+  /// The current session's.
+  /// @throws std::logic_error outside a session
   static Transcript& instance();
 
   const std::vector<std::wstring>& lines() const;
@@ -103,8 +109,6 @@ class Transcript {
  private:
   friend void tell(Event event);
   friend void note(std::wstring_view kind, std::wstring_view detail);
-  Transcript();
-  ~Transcript();
   struct State;
   std::unique_ptr<State> state;
 };

@@ -2,8 +2,8 @@
 
 #include <windows.h>
 
-#include "database/Classes.h"
 #include "database/Drawing.h"
+#include "gate/HostError.h"
 
 /// What leads from the interface to the content.
 class AcDbDatabaseImp {
@@ -16,17 +16,14 @@ class AcDbDatabaseImp {
     return database;
   }
 
+  static wb::DrawingDatabase& contentOf(const AcDbDatabase& database) {
+    return database.imp->content;
+  }
+
   wb::DrawingDatabase& content;
 };
 
-WB_DEFINE_RX_CLASS(AcDbDatabase, AcRxObject)
-
-AcDbDatabase::AcDbDatabase() = default;
 AcDbDatabase::~AcDbDatabase() { delete imp; }
-
-Acad::ErrorStatus AcDbDatabase::getSymbolTable(AcDbBlockTable*& pTable, AcDb::OpenMode mode) {
-  return acdbOpenObject(pTable, imp->content.blockTable().id, mode);
-}
 
 namespace wb {
 
@@ -37,11 +34,16 @@ DrawingDatabase::DrawingDatabase(Drawing& drawing)
 
 DrawingDatabase::~DrawingDatabase() = default;
 
-bool DrawingDatabase::isReadFrom(const std::string& bytes, std::wstring& error) const {
-  std::wstring difference;
-  if (groups.areReadFrom(bytes, difference)) return true;
-  error = L"the file wouldn't be this drawing any more: " + difference;
-  return false;
+DrawingDatabase& DrawingDatabase::of(const AcDbDatabase& database) {
+  return AcDbDatabaseImp::contentOf(database);
+}
+
+void DrawingDatabase::requireReadFrom(const std::string& bytes) const {
+  try {
+    groups.requireReadFrom(bytes);
+  } catch (const HostError& error) {
+    throw HostError(L"the file wouldn't be this drawing any more: " + error.reason);
+  }
 }
 
 BlockRecordImp* DrawingDatabase::findRecord(std::wstring_view name) const {

@@ -30,11 +30,13 @@ class DrawingDatabase {
   DrawingDatabase(const DrawingDatabase&) = delete;
   DrawingDatabase& operator=(const DrawingDatabase&) = delete;
 
-  /// False, with the reason, if the bytes are no complete ASCII DXF.
-  bool read(std::string bytes, std::wstring& error);
+  static DrawingDatabase& of(const AcDbDatabase& database);
+
+  /// @throws HostError if the bytes are no complete ASCII DXF
+  void read(std::string bytes);
   std::string bytes() const { return groups.bytes(); }
-  /// True if a reader of `bytes` finds this drawing in them, group by group; else the reason.
-  bool isReadFrom(const std::string& bytes, std::wstring& error) const;
+  /// @throws HostError unless a reader of `bytes` finds this drawing in them, group by group
+  void requireReadFrom(const std::string& bytes) const;
 
   AcDbDatabase* database() const { return database_.get(); }
   Drawing& drawing() const { return drawing_; }

@@ -5,17 +5,13 @@
 
 #include "core/Text.h"
 #include "database/Database.h"
+#include "database/DatabaseState.h"
 #include "database/File.h"
 #include "database/Xrefs.h"
 
 namespace wb {
 
 namespace {
-
-std::vector<Drawing*>& inMemory() {
-  static std::vector<Drawing*> all;
-  return all;
-}
 
 // Every CAD program reads this much of R12.
 constexpr char blankFile[] =
@@ -35,54 +31,39 @@ T& as(AcDbObjectId id) {
 
 Drawing::Drawing()
     : database_(std::make_unique<DrawingDatabase>(*this)), xrefs_(std::make_unique<Xrefs>(*this)) {
-  inMemory().push_back(this);
+  databaseState().drawings.push_back(this);
 }
 
 Drawing::~Drawing() {
-  std::vector<Drawing*>& all = inMemory();
+  std::vector<Drawing*>& all = databaseState().drawings;
   all.erase(std::remove(all.begin(), all.end(), this), all.end());
 }
 
-std::unique_ptr<Drawing> Drawing::read(std::string bytes, std::wstring& error) {
+std::unique_ptr<Drawing> Drawing::read(std::string bytes) {
   std::unique_ptr<Drawing> drawing(new Drawing);
   DrawingDatabase& content = *drawing->database_;
-  if (!content.read(std::move(bytes), error)) return nullptr;
+  content.read(std::move(bytes));
   drawing->currentSheet_ = layoutOf(content.paperSpace()).layoutName;
   drawing->currentLayout_ = content.startsInModelSpace() ? layoutOf(content.modelSpace()).layoutName
                                                          : drawing->currentSheet_;
   return drawing;
 }
 
-std::unique_ptr<Drawing> Drawing::load(const std::filesystem::path& path, std::wstring& error) {
-  DWORD failure = NO_ERROR;
-  std::string bytes;
-  {
-    // Whoever has the file open for writing lets others read it, or nobody gets in.
-    const OpenFile file = openToRead(path, FILE_SHARE_READ | FILE_SHARE_WRITE, failure);
-    if (!file || !readAll(file.get(), bytes, failure)) {
-      error = fileErrorText(failure);
-      return nullptr;
-    }
-  }
-  std::unique_ptr<Drawing> drawing = read(std::move(bytes), error);
-  if (!drawing) return nullptr;
+std::unique_ptr<Drawing> Drawing::load(const std::filesystem::path& path) {
+  // Whoever has the file open for writing lets others read it, or nobody gets in.
+  std::unique_ptr<Drawing> drawing =
+      read(readAll(openToRead(path, FILE_SHARE_READ | FILE_SHARE_WRITE).get()));
   drawing->path_ = path;
   drawing->xrefs_->loadAll();
   return drawing;
 }
 
-std::unique_ptr<Drawing> Drawing::blank() {
-  std::wstring error;
-  return read(blankFile, error);
-}
+std::unique_ptr<Drawing> Drawing::blank() { return read(blankFile); }
 
-bool Drawing::save(const std::filesystem::path& path, std::wstring& error) {
-  const auto isDrawing = [this](const std::string& written, std::wstring& reason) {
-    return database_->isReadFrom(written, reason);
-  };
-  if (!replaceDrawing(path, database_->bytes(), isDrawing, error)) return false;
+void Drawing::save(const std::filesystem::path& path) {
+  replaceDrawing(path, database_->bytes(),
+                 [this](const std::string& written) { database_->requireReadFrom(written); });
   path_ = path;
-  return true;
 }
 
 void Drawing::close() {
@@ -93,7 +74,7 @@ void Drawing::close() {
 AcDbDatabase* Drawing::database() const { return database_->database(); }
 
 Drawing* Drawing::of(const AcDbDatabase* database) {
-  for (Drawing* drawing : inMemory()) {
+  for (Drawing* drawing : databaseState().drawings) {
     if (drawing->database() == database && !drawing->closed()) return drawing;
   }
   return nullptr;
@@ -157,8 +138,7 @@ std::vector<AcDbObjectId> Drawing::entities(std::wstring_view name) const {
 }
 
 void Drawing::edit() {
-  static unsigned edits = 0;
-  database_->addRemark("edit " + std::to_string(++edits));
+  database_->addRemark("edit " + std::to_string(++databaseState().edits));
   touch();
 }
 
@@ -177,11 +157,3 @@ bool Drawing::erase(AcDbObjectId id) {
 }
 
 }  // namespace wb
-
-long acdbSetDbmod(AcDbDatabase* pDb, long value) {
-  wb::Drawing* drawing = wb::Drawing::of(pDb);
-  if (!drawing) return 0;
-  const short before = drawing->dbmod();
-  drawing->setDbmod(static_cast<short>(value));
-  return before;
-}

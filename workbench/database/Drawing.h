@@ -19,9 +19,9 @@ class Xrefs;
 /// The content behind an `AcDbDatabase`: a DXF file in memory.
 class Drawing {
  public:
-  /// Reads ASCII DXF of any release from R12 on, and the xrefs that it names. Null with a clear
-  /// `error` for anything else; the file is left as it is.
-  static std::unique_ptr<Drawing> load(const std::filesystem::path& path, std::wstring& error);
+  /// Reads ASCII DXF of any release from R12 on, and the xrefs that it names.
+  /// @throws HostError for anything else; the file is left as it is
+  static std::unique_ptr<Drawing> load(const std::filesystem::path& path);
   /// An empty drawing without a name.
   static std::unique_ptr<Drawing> blank();
   ~Drawing();
@@ -29,9 +29,9 @@ class Drawing {
   Drawing& operator=(const Drawing&) = delete;
 
   /// Writes the drawing; what wasn't changed keeps its bytes. The file is the old one or the new
-  /// one at any moment. False with a clear `error` if it can't be written, or wouldn't be read as
-  /// this drawing again.
-  bool save(const std::filesystem::path& path, std::wstring& error);
+  /// one at any moment.
+  /// @throws HostError if it can't be written, or wouldn't be read as this drawing again
+  void save(const std::filesystem::path& path);
   const std::filesystem::path& path() const { return path_; }
 
   AcDbDatabase* database() const;
@@ -84,7 +84,7 @@ class Drawing {
 
  private:
   Drawing();
-  static std::unique_ptr<Drawing> read(std::string bytes, std::wstring& error);
+  static std::unique_ptr<Drawing> read(std::string bytes);
 
   std::filesystem::path path_;
   std::unique_ptr<DrawingDatabase> database_;
@@ -97,6 +97,3 @@ class Drawing {
 };
 
 }  // namespace wb
-
-/// Sets what the variable DBMOD gives, and returns what it was. Not in the host's headers.
-long acdbSetDbmod(AcDbDatabase* pDb, long value);

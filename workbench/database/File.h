@@ -7,6 +7,8 @@
 #include <memory>
 #include <string>
 
+#include "gate/HostError.h"
+
 namespace wb {
 
 struct HandleCloser {
@@ -15,22 +17,29 @@ struct HandleCloser {
 };
 using OpenFile = std::unique_ptr<HANDLE, HandleCloser>;
 
-/// Opens a file for reading, with the others' rights as in CreateFileW; null with the Windows error
-/// in `failure`.
-OpenFile openToRead(const std::filesystem::path& path, DWORD share, DWORD& failure);
+/// Windows refuses something about a file.
+class FileError : public HostError {
+ public:
+  explicit FileError(DWORD windowsError);
+  const DWORD windowsError;
+};
 
-/// Reads all of a file. False with the Windows error in `failure`.
-bool readAll(HANDLE file, std::string& bytes, DWORD& failure);
+/// Opens a file for reading, with the others' rights as in CreateFileW.
+/// @throws FileError
+OpenFile openToRead(const std::filesystem::path& path, DWORD share);
 
-/// Judges what was written; false with the reason.
-using ReadBack = std::function<bool(const std::string& written, std::wstring& error)>;
+/// Reads all of a file.
+/// @throws FileError
+std::string readAll(HANDLE file);
+
+/// Judges what was written.
+/// @throws HostError if it isn't what it should be
+using ReadBack = std::function<void(const std::string& written)>;
 
 /// Puts `bytes` in the file's place: written beside it, to the disk, read back and judged, and then
-/// renamed. False with a clear `error`; the old file is as it was then.
-bool replaceDrawing(const std::filesystem::path& path, const std::string& bytes,
-                    const ReadBack& isGood, std::wstring& error);
-
-/// What a Windows error on a file means.
-std::wstring fileErrorText(DWORD code);
+/// renamed.
+/// @throws HostError if that can't be done; the old file is as it was then
+void replaceDrawing(const std::filesystem::path& path, const std::string& bytes,
+                    const ReadBack& judge);
 
 }  // namespace wb

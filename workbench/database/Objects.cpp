@@ -1,30 +1,26 @@
 #include "database/Objects.h"
 
-#include <functional>
-#include <unordered_map>
-
-#include "core/StandInTime.h"
 #include "core/Transcript.h"
-#include "database/Classes.h"
 #include "database/Database.h"
+#include "database/DatabaseState.h"
 #include "database/Drawing.h"
-#include "faults/Faults.h"
+#include "gate/HostError.h"
 
 namespace {
 
 // Published as Acad::eWasOpenForNotify.
 constexpr auto wasOpenForNotify = static_cast<Acad::ErrorStatus>(86);
 
-std::unordered_map<Adesk::IntPtr, AcDbObjectImp*>& objects() {
-  static std::unordered_map<Adesk::IntPtr, AcDbObjectImp*> all;
-  return all;
-}
-
-// Never given twice, so that an id of a closed drawing finds nothing.
 AcDbObjectId freshId() {
-  static Adesk::IntPtr last = 0x1000;
+  Adesk::IntPtr& last = wb::databaseState().lastId;
   last += 8;
   return AcDbObjectId().setFromOldId(last);
+}
+
+/// The use of an object that isn't open is an error of the application's.
+[[noreturn]] void refuse(const std::wstring& use, Acad::ErrorStatus code) {
+  wb::tell(wb::Event::error, use);
+  throw wb::HostError(use, code);
 }
 
 const wchar_t* modeName(AcDb::OpenMode mode) {
@@ -43,14 +39,15 @@ const wchar_t* modeName(AcDb::OpenMode mode) {
 AcDbObjectImp::AcDbObjectImp(wb::DrawingDatabase& database, std::unique_ptr<AcDbObject> object)
     : database(database), id(freshId()), object_(std::move(object)) {
   object_->imp = this;
-  objects()[id.asOldId()] = this;
+  wb::databaseState().objects[id.asOldId()] = this;
 }
 
-AcDbObjectImp::~AcDbObjectImp() { objects().erase(id.asOldId()); }
+AcDbObjectImp::~AcDbObjectImp() { wb::databaseState().objects.erase(id.asOldId()); }
 
 AcDbObjectImp* AcDbObjectImp::find(AcDbObjectId id) {
-  const auto found = objects().find(id.asOldId());
-  return found == objects().end() ? nullptr : found->second;
+  const auto& objects = wb::databaseState().objects;
+  const auto found = objects.find(id.asOldId());
+  return found == objects.end() ? nullptr : found->second;
 }
 
 std::wstring AcDbObjectImp::label() const {
@@ -58,27 +55,32 @@ std::wstring AcDbObjectImp::label() const {
   return object_->isA()->name() + (own.empty() ? std::wstring() : L" " + own);
 }
 
-Acad::ErrorStatus AcDbObjectImp::open(AcDb::OpenMode mode, bool openErased) {
-  if (database.drawing().closed()) return Acad::ePermanentlyErased;
-  if (erased && !openErased) return Acad::eWasErased;
-  if (mode == AcDb::kForNotify) {
-    if (watcher_) return wasOpenForNotify;
-    watcher_ = wb::handOut(L"object", label() + modeName(mode));
-    return Acad::eOk;
+void AcDbObjectImp::open(AcDb::OpenMode mode, bool openErased) {
+  const auto fail = [this](Acad::ErrorStatus code) {
+    throw wb::HostError(label() + L" can't be opened", code);
+  };
+  if (database.drawing().closed()) fail(Acad::ePermanentlyErased);
+  if (erased && !openErased) fail(Acad::eWasErased);
+  if (watcher_ && (mode == AcDb::kForNotify || !writer_)) fail(wasOpenForNotify);
+  if (writer_ && mode != AcDb::kForNotify) fail(Acad::eWasOpenForWrite);
+  if (mode == AcDb::kForWrite) {
+    if (!readers_.empty()) fail(Acad::eWasOpenForRead);
+    if (!database.drawing().mayBeWritten()) fail(Acad::eLockViolation);
   }
-  if (writer_) return Acad::eWasOpenForWrite;
-  if (watcher_) return wasOpenForNotify;
-  if (mode == AcDb::kForRead) {
-    readers_.push_back(wb::handOut(L"object", label() + modeName(mode)));
-    return Acad::eOk;
+  const wb::Ticket ticket = wb::handOut(L"object", label() + modeName(mode));
+  switch (mode) {
+    case AcDb::kForRead:
+      readers_.push_back(ticket);
+      break;
+    case AcDb::kForWrite:
+      writer_ = ticket;
+      break;
+    default:
+      watcher_ = ticket;
   }
-  if (!readers_.empty()) return Acad::eWasOpenForRead;
-  if (!database.drawing().mayBeWritten()) return Acad::eLockViolation;
-  writer_ = wb::handOut(L"object", label() + modeName(mode));
-  return Acad::eOk;
 }
 
-Acad::ErrorStatus AcDbObjectImp::close() {
+void AcDbObjectImp::close() {
   if (watcher_) {
     wb::giveBack(*watcher_);
     watcher_.reset();
@@ -89,83 +91,34 @@ Acad::ErrorStatus AcDbObjectImp::close() {
     wb::giveBack(readers_.back());
     readers_.pop_back();
   } else {
-    wb::tell(wb::Event::error, L"AcDbObject::close of " + label() + L", which isn't open");
-    return Acad::eNotOpenForRead;
+    refuse(L"AcDbObject::close of " + label() + L", which isn't open", Acad::eNotOpenForRead);
   }
-  return Acad::eOk;
 }
 
-AcDbObjectImp* AcDbObjectImp::read(const AcDbObject* object, const wchar_t* operation) {
-  AcDbObjectImp* imp = of(object);
-  if (imp->openForRead()) return imp;
-  wb::tell(wb::Event::error, operation + (L" of " + imp->label()) + L", which isn't open");
-  return nullptr;
+AcDbObjectImp& AcDbObjectImp::readAny(const AcDbObject* object, const wchar_t* operation) {
+  AcDbObjectImp& imp = *of(object);
+  if (imp.openForRead()) return imp;
+  refuse(operation + (L" of " + imp.label()) + L", which isn't open", Acad::eNotOpenForRead);
 }
 
-AcDbObjectImp* AcDbObjectImp::write(const AcDbObject* object, const wchar_t* operation) {
-  AcDbObjectImp* imp = of(object);
-  if (imp->openForWrite()) return imp;
-  wb::tell(wb::Event::error,
-           operation + (L" of " + imp->label()) + L", which isn't open for write");
-  return nullptr;
+AcDbObjectImp& AcDbObjectImp::writeAny(const AcDbObject* object, const wchar_t* operation) {
+  AcDbObjectImp& imp = *of(object);
+  if (imp.openForWrite()) return imp;
+  refuse(operation + (L" of " + imp.label()) + L", which isn't open for write",
+         Acad::eNotOpenForWrite);
 }
 
-WB_DEFINE_RX_CLASS(AcGiDrawable, AcRxObject)
-WB_DEFINE_RX_CLASS(AcDbObject, AcGiDrawable)
-WB_DEFINE_RX_CLASS(AcDbEntity, AcDbObject)
-WB_DEFINE_RX_CLASS(AcDbObjectIterator, AcRxObject)
+namespace wb {
 
-AcGiDrawable::AcGiDrawable() = default;
-AcDbObject::AcDbObject() = default;
-AcDbObject::~AcDbObject() = default;
-AcDbEntity::AcDbEntity() = default;
-AcDbEntity::~AcDbEntity() = default;
+namespace {
 
-bool c5ObjIdIsLessThan(const AcDbStub* first, const AcDbStub* second) {
-  return std::less<>()(first, second);
-}
+// Texts of R13 and later have the group behind the mark of their class.
+constexpr std::string_view textClass = "AcDbText";
 
-// The host gives both ids of an object that isn't open as well.
-AcDbObjectId AcDbObject::objectId() const { return imp->id; }
+}  // namespace
 
-AcDbObjectId AcDbObject::ownerId() const {
-  const wb::InStandIn inside;
-  return AcDbObjectImp::read(this, L"AcDbObject::ownerId") ? imp->owner : AcDbObjectId();
-}
+std::wstring TextImp::text() const { return database.textOf(entry, 1, textClass); }
 
-Acad::ErrorStatus AcDbObject::close() {
-  const wb::InStandIn inside;
-  return imp->close();
-}
+void TextImp::setText(std::wstring_view text) { database.setText(entry, 1, textClass, text); }
 
-Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& pObj, AcDbObjectId id, AcDb::OpenMode mode,
-                                     bool openErased) {
-  const wb::InStandIn inside;
-  pObj = nullptr;
-  if (id.isNull()) return Acad::eNullObjectId;
-  if (FAILED(wb::takeFault(L"host.acdbOpenAcDbObject"))) return Acad::eWasErased;
-  AcDbObjectImp* imp = AcDbObjectImp::find(id);
-  if (!imp) return Acad::ePermanentlyErased;
-  const Acad::ErrorStatus status = imp->open(mode, openErased);
-  if (status == Acad::eOk) pObj = imp->object();
-  return status;
-}
-
-Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& pObj, AcDbObjectId id, AcDb::OpenMode mode,
-                                     const AcRxClass* pClass, bool openErased) {
-  const wb::InStandIn inside;
-  pObj = nullptr;
-  const AcDbObjectImp* imp = AcDbObjectImp::find(id);
-  if (imp && pClass && !imp->object()->isKindOf(pClass)) return Acad::eNotThatKindOfClass;
-  return acdbOpenAcDbObject(pObj, id, mode, openErased);
-}
-
-Acad::ErrorStatus acdbGetObjectId(AcDbObjectId& objId, const ads_name objName) {
-  objId.setNull();
-  AcDbObjectId id;
-  id.setFromOldId(objName[0]);
-  const AcDbObjectImp* imp = objName[1] == 0 ? AcDbObjectImp::find(id) : nullptr;
-  if (!imp || !imp->object()->isKindOf(AcDbEntity::desc())) return Acad::eInvalidAdsName;
-  objId = id;
-  return Acad::eOk;
-}
+}  // namespace wb

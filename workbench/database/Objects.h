@@ -30,17 +30,25 @@ class AcDbObjectImp {
   /// For the transcript: the class, and what names the object among its like.
   std::wstring label() const;
 
-  Acad::ErrorStatus open(AcDb::OpenMode mode, bool openErased);
-  Acad::ErrorStatus close();
+  /// @throws HostError with the host's code for what keeps the object from being opened
+  void open(AcDb::OpenMode mode, bool openErased);
+  /// @throws HostError if it isn't open
+  void close();
   bool openForRead() const { return !readers_.empty() || writer_.has_value(); }
   bool openForWrite() const { return writer_.has_value(); }
 
   /// The object behind an id, null if its database is gone or the id is null.
   static AcDbObjectImp* find(AcDbObjectId id);
-  /// The object behind the interface, which must be open, as the host insists: a use of a closed
-  /// object is told as an `error`, and gives null.
-  static AcDbObjectImp* read(const AcDbObject* object, const wchar_t* operation);
-  static AcDbObjectImp* write(const AcDbObject* object, const wchar_t* operation);
+  /// The object behind the interface, which must be open, as the host insists.
+  /// @throws HostError for a closed one; it is reported as an `error`
+  template <class Imp = AcDbObjectImp>
+  static Imp& read(const AcDbObject* object, const wchar_t* operation) {
+    return static_cast<Imp&>(readAny(object, operation));
+  }
+  template <class Imp = AcDbObjectImp>
+  static Imp& write(const AcDbObject* object, const wchar_t* operation) {
+    return static_cast<Imp&>(writeAny(object, operation));
+  }
   static AcDbObjectImp* of(const AcDbObject* object) { return object->imp; }
 
   /// Makes an object of a class that only the host may make.
@@ -59,6 +67,9 @@ class AcDbObjectImp {
   virtual std::wstring name() const { return {}; }
 
  private:
+  static AcDbObjectImp& readAny(const AcDbObject* object, const wchar_t* operation);
+  static AcDbObjectImp& writeAny(const AcDbObject* object, const wchar_t* operation);
+
   std::unique_ptr<AcDbObject> object_;
   std::vector<wb::Ticket> readers_;
   std::optional<wb::Ticket> writer_;

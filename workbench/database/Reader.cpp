@@ -34,8 +34,9 @@ bool isSheet(const BlockRecordImp& record) {
 
 }  // namespace
 
-bool DrawingDatabase::read(std::string bytes, std::wstring& error) {
-  if (!groups.parse(std::move(bytes), error) || !outline.read(groups, error)) return false;
+void DrawingDatabase::read(std::string bytes) {
+  groups.parse(std::move(bytes));
+  outline.read(groups);
   text = DxfText(outline.variable(groups, "$ACADVER"), outline.variable(groups, "$DWGCODEPAGE"));
   modelOnTop = outline.variable(groups, "$TILEMODE") != "0";
   readRecords();
@@ -46,7 +47,6 @@ bool DrawingDatabase::read(std::string bytes, std::wstring& error) {
   readLayouts();
   completeLayouts();
   linkReferences();
-  return true;
 }
 
 void DrawingDatabase::readRecords() {

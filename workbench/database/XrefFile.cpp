@@ -1,5 +1,7 @@
 #include "database/XrefFile.h"
 
+#include <optional>
+
 namespace wb {
 
 namespace {
@@ -16,46 +18,50 @@ std::vector<path> places(const std::wstring& storedPath, const path& folder,
 
 // The host lets others read a loaded xref, not write it. One that somebody has open for writing is
 // read and not held: it can be saved while it is in use.
-OpenFile openShared(const path& file, bool& hold, DWORD& failure) {
+OpenFile openShared(const path& file, bool& hold) {
   hold = true;
-  OpenFile handle = openToRead(file, FILE_SHARE_READ, failure);
-  if (handle || failure != ERROR_SHARING_VIOLATION) return handle;
+  try {
+    return openToRead(file, FILE_SHARE_READ);
+  } catch (const FileError& error) {
+    if (error.windowsError != ERROR_SHARING_VIOLATION) throw;
+  }
   hold = false;
-  return openToRead(file, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, failure);
+  return openToRead(file, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE);
 }
 
 }  // namespace
 
-bool XrefFile::open(const std::wstring& storedPath, const std::filesystem::path& folder,
-                    const std::filesystem::path& mainFolder, std::wstring& error) {
+void XrefFile::open(const std::wstring& storedPath, const std::filesystem::path& folder,
+                    const std::filesystem::path& mainFolder) {
   close();
   attached_.clear();
   bool hold = false;
-  DWORD firstFailure = NO_ERROR;
+  std::optional<FileError> first;
   for (const std::filesystem::path& place : places(storedPath, folder, mainFolder)) {
-    DWORD failure = NO_ERROR;
-    file = openShared(place, hold, failure);
-    if (firstFailure == NO_ERROR) firstFailure = failure;
-    if (!file) continue;
+    try {
+      file = openShared(place, hold);
+    } catch (const FileError& error) {
+      if (!first) first.emplace(error);
+      continue;
+    }
     path_ = place;
-    const bool good = read(error);
-    if (!good || !hold) close();
-    return good;
+    try {
+      read();
+    } catch (const HostError&) {
+      close();
+      throw;
+    }
+    if (!hold) close();
+    return;
   }
-  error = fileErrorText(firstFailure);
-  return false;
+  throw FileError(*first);
 }
 
-bool XrefFile::read(std::wstring& error) {
-  std::string bytes;
-  DWORD failure = NO_ERROR;
-  if (!readAll(file.get(), bytes, failure)) {
-    error = fileErrorText(failure);
-    return false;
-  }
+void XrefFile::read() {
   DxfGroups groups;
   DxfOutline outline;
-  if (!groups.parse(std::move(bytes), error) || !outline.read(groups, error)) return false;
+  groups.parse(readAll(file.get()));
+  outline.read(groups);
   const DxfText text(outline.variable(groups, "$ACADVER"),
                      outline.variable(groups, "$DWGCODEPAGE"));
   for (const DxfEntry& entry : outline.entries("BLOCKS")) {
@@ -64,7 +70,6 @@ bool XrefFile::read(std::wstring& error) {
     // An overlay is for the drawing that it stands in, not for those that refer to that one.
     if (block.isXref() && !block.isOverlay()) attached_.push_back(std::move(block));
   }
-  return true;
 }
 
 }  // namespace wb

@@ -14,16 +14,17 @@ class XrefFile {
  public:
   /// Finds the file and reads which attached xrefs it names itself. The stored path counts from
   /// `folder`, that of the drawing that names it; a file that isn't there is looked for under its
-  /// bare name there and in `mainFolder`. False with the reason.
-  bool open(const std::wstring& storedPath, const std::filesystem::path& folder,
-            const std::filesystem::path& mainFolder, std::wstring& error);
+  /// bare name there and in `mainFolder`.
+  /// @throws HostError if it can't be read
+  void open(const std::wstring& storedPath, const std::filesystem::path& folder,
+            const std::filesystem::path& mainFolder);
   void close() { file.reset(); }
 
   const std::filesystem::path& path() const { return path_; }
   const std::vector<DxfBlock>& attached() const { return attached_; }
 
  private:
-  bool read(std::wstring& error);
+  void read();
 
   std::filesystem::path path_;
   OpenFile file;

@@ -2,10 +2,11 @@
 
 #include <algorithm>
 
-#include "core/Names.h"
+#include "core/Text.h"
 #include "core/Transcript.h"
 #include "database/Database.h"
 #include "database/Drawing.h"
+#include "gate/HostError.h"
 
 namespace wb {
 
@@ -56,17 +57,18 @@ bool Xrefs::load(Xref& xref) {
   const std::wstring& name = xref.record->blockName;
   // Saved elsewhere, the drawing counts its own paths from there.
   if (xref.direct) xref.folder = drawing.path().parent_path();
-  std::wstring error;
-  xref.loaded = xref.file.open(xref.record->path, xref.folder, drawing.path().parent_path(), error);
-  if (xref.loaded && sameName(xref.file.path().wstring(), drawing.path().wstring())) {
-    xref.loaded = false;
-    xref.file.close();
-    error = L"it is the drawing itself";
-  }
-  if (!xref.loaded) {
-    say(L"unresolved", name, L" (" + xref.record->path + L"): " + error);
+  xref.loaded = false;
+  try {
+    xref.file.open(xref.record->path, xref.folder, drawing.path().parent_path());
+    if (sameName(xref.file.path().wstring(), drawing.path().wstring())) {
+      xref.file.close();
+      throw HostError(L"it is the drawing itself");
+    }
+  } catch (const HostError& error) {
+    say(L"unresolved", name, L" (" + xref.record->path + L"): " + error.reason);
     return false;
   }
+  xref.loaded = true;
   say(L"loaded", name, L" from " + xref.file.path().wstring(), Event::xrefLoaded);
   readNested(xref, xref.file.attached());
   return true;
@@ -146,37 +148,35 @@ void Xrefs::dropUnnamed() {
               xrefs.end());
 }
 
-Acad::ErrorStatus Xrefs::unload(std::wstring_view name) {
+void Xrefs::unload(std::wstring_view name) {
   Xref* xref = find(name);
   if (!xref) {
     say(L"unknown", std::wstring(name), L", not unloaded");
-    return Acad::eKeyNotFound;
+    throw HostError(L"there is no such xref", Acad::eKeyNotFound);
   }
-  if (!xref->loaded) return Acad::eOk;
+  if (!xref->loaded) return;
   release(*xref);
   say(L"unloaded", xref->record->blockName, {}, Event::xrefUnloaded);
   releaseUnreached();
   drawing.touch();
-  return Acad::eOk;
 }
 
-Acad::ErrorStatus Xrefs::reload(std::wstring_view name) {
+void Xrefs::reload(std::wstring_view name) {
   Xref* xref = find(name);
   if (!xref) {
     say(L"unknown", std::wstring(name), L", not reloaded");
-    return Acad::eKeyNotFound;
+    throw HostError(L"there is no such xref", Acad::eKeyNotFound);
   }
   if (!reached(*xref)) {
     say(L"not reloaded", xref->record->blockName, L": what it is nested in isn't loaded");
-    return Acad::eNotApplicable;
+    throw HostError(L"what it is nested in isn't loaded", Acad::eNotApplicable);
   }
   drawing.touch();
   // What is nested only here is read again with it.
   release(*xref);
   releaseUnreached();
-  const bool loaded = load(*xref);
-  if (loaded) dropUnnamed();
-  return loaded ? Acad::eOk : Acad::eFileNotFound;
+  if (!load(*xref)) throw HostError(L"its file can't be read", Acad::eFileNotFound);
+  dropUnnamed();
 }
 
 void Xrefs::letGo() {

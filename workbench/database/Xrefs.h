@@ -1,7 +1,5 @@
 #pragma once
 
-#include <acadstrc.h>
-
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -26,11 +24,11 @@ class Xrefs {
 
   /// Reads the files of all xrefs; those that can't be had stay, unresolved.
   void loadAll();
-  /// `eKeyNotFound` for a name that no xref has.
-  Acad::ErrorStatus unload(std::wstring_view name);
-  /// `eFileNotFound` if the file can't be read, `eNotApplicable` for an xref that is nested only in
-  /// unloaded ones.
-  Acad::ErrorStatus reload(std::wstring_view name);
+  /// @throws HostError with `eKeyNotFound` for a name that no xref has
+  void unload(std::wstring_view name);
+  /// @throws HostError with `eKeyNotFound` for a name that no xref has, `eFileNotFound` if the file
+  /// can't be read, `eNotApplicable` for an xref that is nested only in unloaded ones
+  void reload(std::wstring_view name);
   /// Lets go of all files, without a word.
   void letGo();
 

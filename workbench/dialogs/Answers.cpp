@@ -6,6 +6,7 @@
 #include <optional>
 #include <stdexcept>
 
+#include "core/SessionState.h"
 #include "core/Text.h"
 #include "core/Transcript.h"
 #include "dialogs/Actions.h"
@@ -51,7 +52,6 @@ std::wstring describe(const OpenDialog& dialog) {
 struct Answers::State {
   HHOOK hook = nullptr;
   HWND listener = nullptr;
-  HWND mainWindow = nullptr;
   bool leaveToPerson = false;
   unsigned unanswered = 0;
   std::vector<AnswerStep> prepared;
@@ -89,14 +89,9 @@ struct Answers::State {
 };
 
 Answers::Answers() : state(std::make_unique<State>()) {}
-Answers::~Answers() = default;
+Answers::~Answers() { stop(); }
 
-Answers& Answers::instance() {
-  static Answers answers;
-  return answers;
-}
-
-void Answers::setMainWindow(HWND window) { state->mainWindow = window; }
+Answers& Answers::instance() { return sessionPart<Answers>(); }
 
 void Answers::start(bool leaveToPerson) {
   stop();
@@ -213,7 +208,7 @@ void Answers::State::inspect(HWND window) {
   if (!looksModal(window)) return forget(window);
   const HWND owner = GetWindow(window, GW_OWNER);
   note(L"owner", wb::quoted(windowTitle(window)) + L" of " +
-                     (owner == mainWindow ? L"the main window"
+                     (owner && owner == SessionState::get().mainWindow ? L"the main window"
                       : owner             ? wb::quoted(windowTitle(owner))
                                           : L"nobody"));
   if (hasControls(window)) {

@@ -46,13 +46,16 @@ struct Answer {
 /// the way that changes least, and counted as unanswered.
 class Answers {
  public:
+  Answers();
+  /// stop()
+  ~Answers();
+
+  /// The current session's.
   static Answers& instance();
 
   /// Installs the hook on the calling thread. With leaveToPerson, what has no answer stays open.
   void start(bool leaveToPerson);
   void stop();
-  /// The owner that the transcript calls the main window.
-  void setMainWindow(HWND window);
 
   /// A step of the answer that the next queue() completes.
   void prepare(AnswerStep step);
@@ -77,8 +80,6 @@ class Answers {
   void boxClosed();
 
  private:
-  Answers();
-  ~Answers();
   struct State;
   std::unique_ptr<State> state;
 };

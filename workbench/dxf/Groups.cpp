@@ -4,6 +4,7 @@
 #include <charconv>
 
 #include "core/Text.h"
+#include "gate/HostError.h"
 
 namespace wb {
 
@@ -59,11 +60,8 @@ DxfGroups::Line DxfGroups::lineAt(size_t position) const {
   return {position, textEnd, end + 1};
 }
 
-bool DxfGroups::parse(std::string bytes, std::wstring& error) {
-  if (const wchar_t* other = otherFormat(bytes)) {
-    error = other;
-    return false;
-  }
+void DxfGroups::parse(std::string bytes) {
+  if (const wchar_t* other = otherFormat(bytes)) throw HostError(other);
   original = std::move(bytes);
   groups.clear();
   replaced.clear();
@@ -73,46 +71,43 @@ bool DxfGroups::parse(std::string bytes, std::wstring& error) {
   const size_t first = original.find_first_of("\r\n");
   const size_t behind = original.find_first_not_of('\r', first);
   lineEnd = behind == std::string::npos || original[behind] != '\n' ? '\r' : '\n';
-  return readGroups(startsWith(original, byteOrderMark) ? byteOrderMark.size() : 0, error);
+  readGroups(startsWith(original, byteOrderMark) ? byteOrderMark.size() : 0);
 }
 
 // Programs differ in whether a carriage return among line feeds ends a line, and so in what the
 // groups are.
-bool DxfGroups::isMixed(const Line& line, std::wstring& error) const {
+void DxfGroups::requireUnmixed(const Line& line) const {
   const auto text = std::string_view(original).substr(line.begin, line.textEnd - line.begin);
-  if (text.find(lineEnd == '\n' ? '\r' : '\n') == std::string_view::npos) return false;
-  error = atLine(groups.size() * 2 + 1, L"carriage returns and line feeds end lines by turns");
-  return true;
+  if (text.find(lineEnd == '\n' ? '\r' : '\n') == std::string_view::npos) return;
+  throw HostError(
+      atLine(groups.size() * 2 + 1, L"carriage returns and line feeds end lines by turns"));
 }
 
-bool DxfGroups::readGroups(size_t position, std::wstring& error) {
+void DxfGroups::readGroups(size_t position) {
   while (position < original.size()) {
     const size_t line = groups.size() * 2 + 1;
     const Line codeLine = lineAt(position);
-    if (isMixed(codeLine, error)) return false;
+    requireUnmixed(codeLine);
     const std::string_view text = trimmed(
         std::string_view(original).substr(codeLine.begin, codeLine.textEnd - codeLine.begin));
     int code = 0;
     if (!parseNumber(text, code) || code < lowestCode || code > highestCode) {
-      error = atLine(line, L"\"" + fromUtf8(text.substr(0, 40)) + L"\" is no group code");
-      return false;
+      throw HostError(atLine(line, L"\"" + fromUtf8(text.substr(0, 40)) + L"\" is no group code"));
     }
     if (codeLine.end >= original.size()) {
-      error = atLine(line, L"the file is cut off behind a group code");
-      return false;
+      throw HostError(atLine(line, L"the file is cut off behind a group code"));
     }
     const Line valueLine = lineAt(codeLine.end);
-    if (isMixed(valueLine, error)) return false;
+    requireUnmixed(valueLine);
     groups.push_back({code, position, valueLine.begin, valueLine.textEnd, valueLine.end});
     position = valueLine.end;
     // What follows the end mark, such as a Ctrl-Z of old, belongs to nobody and is kept.
     if (is(groups.size() - 1, 0, "EOF")) {
       removed.resize(groups.size());
-      return true;
+      return;
     }
   }
-  error = L"the file is cut off: it has no EOF";
-  return false;
+  throw HostError(L"the file is cut off: it has no EOF");
 }
 
 std::string_view DxfGroups::value(size_t index) const {
@@ -183,9 +178,9 @@ std::string DxfGroups::bytes() const {
   return result.append(original, groups.back().end, std::string::npos);
 }
 
-bool DxfGroups::areReadFrom(std::string bytes, std::wstring& error) const {
+void DxfGroups::requireReadFrom(std::string bytes) const {
   DxfGroups read;
-  if (!read.parse(std::move(bytes), error)) return false;
+  read.parse(std::move(bytes));
   size_t at = 0;
   bool same = true;
   const auto compare = [&](int code, std::string_view value) {
@@ -196,9 +191,8 @@ bool DxfGroups::areReadFrom(std::string bytes, std::wstring& error) const {
     additionsBefore(index, compare);
     if (!removed[index]) compare(groups[index].code, value(index));
   }
-  if (same && at == read.size()) return true;
-  error = atLine(read.lineOf(at), L"another group was expected");
-  return false;
+  if (same && at == read.size()) return;
+  throw HostError(atLine(read.lineOf(at), L"another group was expected"));
 }
 
 }  // namespace wb

@@ -13,9 +13,10 @@ namespace wb {
 /// What isn't changed keeps its bytes, down to blanks and line ends.
 class DxfGroups {
  public:
-  /// Takes the file's bytes. False, with the reason and the line, if they aren't a complete ASCII
-  /// DXF file: binary, cut off, without group codes.
-  bool parse(std::string bytes, std::wstring& error);
+  /// Takes the file's bytes.
+  /// @throws HostError if they aren't a complete ASCII DXF file: binary, cut off, without group
+  /// codes
+  void parse(std::string bytes);
 
   size_t size() const { return groups.size(); }
   int code(size_t index) const { return groups[index].code; }
@@ -43,9 +44,9 @@ class DxfGroups {
 
   /// The whole file as it is now.
   std::string bytes() const;
-  /// True if `bytes` read as just these groups, those added with them and those removed without.
-  /// False with the first difference in `error`.
-  bool areReadFrom(std::string bytes, std::wstring& error) const;
+  /// @throws HostError with the first difference unless `bytes` read as just these groups, those
+  /// added with them and those removed without
+  void requireReadFrom(std::string bytes) const;
 
  private:
   struct Group {
@@ -61,8 +62,8 @@ class DxfGroups {
     size_t end;
   };
   Line lineAt(size_t position) const;
-  bool readGroups(size_t position, std::wstring& error);
-  bool isMixed(const Line& line, std::wstring& error) const;
+  void readGroups(size_t position);
+  void requireUnmixed(const Line& line) const;
   std::string_view lineEndOfCode(size_t index) const;
   /// Calls `take(code, value)` for what was added before a group and still belongs to the file.
   template <class Take>

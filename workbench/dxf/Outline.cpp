@@ -1,6 +1,7 @@
 #include "dxf/Outline.h"
 
 #include "core/Text.h"
+#include "gate/HostError.h"
 
 namespace wb {
 
@@ -78,29 +79,26 @@ const std::vector<DxfEntry>& DxfOutline::entries(std::string_view name) const {
   return none;
 }
 
-bool DxfOutline::read(const DxfGroups& groups, std::wstring& error) {
+void DxfOutline::read(const DxfGroups& groups) {
   sections.clear();
   for (size_t index = 0; index < groups.size();) {
     if (groups.code(index) == commentCode) {
       ++index;
     } else if (groups.is(index, 0, "EOF")) {
-      return true;
+      return;
     } else if (!groups.is(index, 0, "SECTION")) {
-      error = atLine(groups, index, L"a section is expected here");
-      return false;
-    } else if (!readSection(groups, index, error)) {
-      return false;
+      throw HostError(atLine(groups, index, L"a section is expected here"));
+    } else {
+      readSection(groups, index);
     }
   }
-  return true;
 }
 
 // `index` goes from the section's begin to behind its end.
-bool DxfOutline::readSection(const DxfGroups& groups, size_t& index, std::wstring& error) {
+void DxfOutline::readSection(const DxfGroups& groups, size_t& index) {
   const size_t start = index++;
   if (groups.code(index) != 2) {
-    error = atLine(groups, index, L"a section without a name");
-    return false;
+    throw HostError(atLine(groups, index, L"a section without a name"));
   }
   const std::string name(groups.word(index++));
   const Pairing* pairing = nullptr;
@@ -115,23 +113,20 @@ bool DxfOutline::readSection(const DxfGroups& groups, size_t& index, std::wstrin
     if (!into.entries.empty() && into.entries.back().end == 0) into.entries.back().end = index;
     const std::string_view type = groups.word(index);
     if (type == "EOF" || type == "SECTION") {
-      error = atLine(groups, start, L"the section " + fromUtf8(name) + L" doesn't end");
-      return false;
+      throw HostError(atLine(groups, start, L"the section " + fromUtf8(name) + L" doesn't end"));
     }
     const bool begins = pairing && type == pairing->begin;
     const bool ends = pairing && type == pairing->end;
     if ((begins && open) || (ends && !open) || (type == "ENDSEC" && open)) {
-      error = atLine(groups, index,
-                     L"in " + fromUtf8(name) + L" " + fromUtf8(type) +
-                         L" is out of place: something before it doesn't end");
-      return false;
+      throw HostError(atLine(groups, index,
+                             L"in " + fromUtf8(name) + L" " + fromUtf8(type) +
+                                 L" is out of place: something before it doesn't end"));
     }
     if (begins || ends) open = begins;
     if (type == "ENDSEC") break;
     into.entries.push_back({index, 0});
   }
   into.range.end = index++;
-  return true;
 }
 
 std::vector<DxfEntry> DxfOutline::table(const DxfGroups& groups, std::string_view name) const {

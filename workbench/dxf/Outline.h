@@ -39,8 +39,8 @@ class DxfFields {
 /// Where the parts of a DXF file stand.
 class DxfOutline {
  public:
-  /// False, with the reason, if sections, tables or blocks don't end.
-  bool read(const DxfGroups& groups, std::wstring& error);
+  /// @throws HostError if sections, tables or blocks don't end
+  void read(const DxfGroups& groups);
 
   /// The objects of a section, or of all sections of that name.
   const std::vector<DxfEntry>& entries(std::string_view section) const;
@@ -55,7 +55,7 @@ class DxfOutline {
     DxfEntry range;
     std::vector<DxfEntry> entries;
   };
-  bool readSection(const DxfGroups& groups, size_t& index, std::wstring& error);
+  void readSection(const DxfGroups& groups, size_t& index);
   Section& section(std::string_view name);
 
   std::vector<Section> sections;

@@ -5,6 +5,7 @@
 #include "editor/DocumentManager.h"
 #include "editor/FileSelection.h"
 #include "editor/Host.h"
+#include "gate/HostError.h"
 
 namespace wb {
 
@@ -20,15 +21,19 @@ void open() {
   bool readOnly = false;
   const auto path =
       FileSelection::instance().choose(FileSelection::openFlags, L"Select File", readOnly);
-  std::wstring reason;
-  if (path && !documents().open(*path, readOnly, reason)) {
-    commandLineSays(*path + L" can't be opened: " + reason + L".");
+  try {
+    if (path) documents().open(*path, readOnly);
+  } catch (const HostError& error) {
+    commandLineSays(*path + L" can't be opened: " + error.reason + L".");
   }
 }
 
 void newDrawing() {
-  std::wstring reason;
-  if (!documents().create(reason)) commandLineSays(L"No new drawing: " + reason + L".");
+  try {
+    documents().create();
+  } catch (const HostError& error) {
+    commandLineSays(L"No new drawing: " + error.reason + L".");
+  }
 }
 
 void saveAs() {
@@ -36,10 +41,7 @@ void saveAs() {
   bool readOnly = false;
   const auto path =
       FileSelection::instance().choose(FileSelection::saveFlags, L"Save Drawing As", readOnly);
-  std::wstring reason;
-  if (path && !documents().save(document, *path, reason)) {
-    commandLineSays(document->title() + L" was not saved: " + reason + L".");
-  }
+  if (path) documents().saveForUserAs(document, *path);
 }
 
 void quickSave() { documents().saveForUser(documents().context()); }

@@ -1,20 +1,8 @@
 #include "editor/CommandLine.h"
 
-#include <acedads.h>
-#include <adscodes.h>
-
-#include <cstdarg>
-#include <cstring>
-#include <cwchar>
-#include <vector>
-
-#include "core/Text.h"
 #include "core/Transcript.h"
-#include "editor/CommandRunner.h"
-#include "editor/DocumentManager.h"
 #include "editor/Host.h"
 #include "editor/MainWindow.h"
-#include "faults/Faults.h"
 
 namespace wb {
 
@@ -23,87 +11,4 @@ void commandLineSays(std::wstring_view text) {
   tell(Event::prompt, quoted(text));
 }
 
-namespace {
-
-// An application may hand narrow text where wide text is expected. A wide text that begins with
-// a character of ASCII, as every command does, has a zero as its second byte.
-std::wstring textArgument(const void* argument) {
-  const char* bytes = static_cast<const char*>(argument);
-  if (!bytes || !bytes[0]) return {};
-  const bool narrow = bytes[1] != 0;
-  std::wstring text = narrow ? std::wstring(bytes, bytes + std::strlen(bytes))
-                             : static_cast<const wchar_t*>(argument);
-  note(L"argument", wb::quoted(text) + (narrow ? L" of 8 bits" : L" of 16 bits"));
-  return text;
-}
-
-bool parseInteger(const std::wstring& text, int& value) {
-  wchar_t* end = nullptr;
-  const long parsed = std::wcstol(text.c_str(), &end, 10);
-  if (text.empty() || *end || parsed < -32768 || parsed > 32767) return false;
-  value = static_cast<int>(parsed);
-  return true;
-}
-
-bool readArguments(int type, va_list list, std::vector<std::wstring>& words) {
-  for (; type != 0 && type != RTNONE; type = va_arg(list, int)) {
-    switch (type) {
-      case RTSTR:
-        words.push_back(textArgument(va_arg(list, const void*)));
-        break;
-      case RTSHORT:
-        words.push_back(std::to_wstring(va_arg(list, int)));
-        break;
-      case RTLONG:
-        words.push_back(std::to_wstring(va_arg(list, long)));
-        break;
-      default:
-        return false;
-    }
-  }
-  return true;
-}
-
-}  // namespace
 }  // namespace wb
-
-extern "C" {
-
-int acedPrompt(const ACHAR* text) {
-  if (!text) return RTERROR;
-  wb::commandLineSays(text);
-  return RTNORM;
-}
-
-int acedGetInt(const ACHAR* prompt, int* result) {
-  if (!result || FAILED(wb::takeFault(L"host.acedGetInt"))) return RTERROR;
-  for (;;) {
-    wb::commandLineSays(prompt ? prompt : L"");
-    std::wstring token;
-    if (wb::Host::instance().runner().ask(token) == wb::InputQueue::Read::Cancel) return RTCAN;
-    if (token.empty()) return RTNONE;
-    if (wb::parseInteger(token, *result)) return RTNORM;
-    wb::commandLineSays(L"\nRequires an integer between -32768 and 32767.");
-  }
-}
-
-int acedCommand(int rtype, ...) {
-  wb::Host& host = wb::Host::instance();
-  std::vector<std::wstring> words;
-  va_list list;
-  va_start(list, rtype);
-  const bool read = wb::readArguments(rtype, list, words);
-  va_end(list);
-  if (!read) return RTERROR;
-  if (words.empty()) return RTNORM;
-  wb::Document* document = host.documents().context();
-  if (!document || document->gone()) {
-    wb::tell(wb::Event::command,
-             words.front() + L" refused: acedCommand outside a document's context");
-    return RTERROR;
-  }
-  const std::wstring name = words.front();
-  words.erase(words.begin());
-  return host.runner().runInside(document, name, words) ? RTNORM : RTERROR;
-}
-}

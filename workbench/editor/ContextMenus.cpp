@@ -11,15 +11,6 @@
 #include "editor/Guarded.h"
 #include "editor/Host.h"
 
-Adesk::Boolean acedAddObjectContextMenu(const AcRxClass* pClass, AcEdUIContext* pContext,
-                                        const void* /*appId*/) {
-  return wb::Host::instance().menus().add(pClass, pContext) ? Adesk::kTrue : Adesk::kFalse;
-}
-
-Adesk::Boolean acedRemoveObjectContextMenu(const AcRxClass* pClass, AcEdUIContext* pContext) {
-  return wb::Host::instance().menus().remove(pClass, pContext) ? Adesk::kTrue : Adesk::kFalse;
-}
-
 namespace wb {
 namespace {
 
@@ -90,13 +81,13 @@ void ContextMenus::closeMenuOf(const AcEdUIContext* context) {
              open.end());
 }
 
-std::vector<AcEdUIContext*> ContextMenus::contextsForAll(const AcDbObjectIdArray& ids) const {
+std::vector<AcEdUIContext*> ContextMenus::contextsForAll(const Selection::Ids& ids) const {
   std::vector<AcEdUIContext*> common;
-  for (int index = 0; index < ids.length(); ++index) {
-    const AcDbObjectImp* entity = AcDbObjectImp::find(ids[index]);
+  for (const AcDbObjectId id : ids) {
+    const AcDbObjectImp* entity = AcDbObjectImp::find(id);
     const auto contexts =
         entity ? contextsFor(entity->object()->isA()) : std::vector<AcEdUIContext*>();
-    if (index == 0) common = contexts;
+    if (id == ids.front()) common = contexts;
     common.erase(std::remove_if(common.begin(), common.end(),
                                 [&](AcEdUIContext* one) {
                                   return std::find(contexts.begin(), contexts.end(), one) ==
@@ -107,15 +98,17 @@ std::vector<AcEdUIContext*> ContextMenus::contextsForAll(const AcDbObjectIdArray
   return common;
 }
 
-void ContextMenus::rightClick(const AcDbObjectIdArray& ids) {
+void ContextMenus::rightClick(const Selection::Ids& ids) {
   open.clear();
   clicked_ = ids;
-  if (ids.length() == 0) return;
-  const AcRxClass* entityClass = AcDbObjectImp::find(ids[0])->object()->isA();
+  if (ids.empty()) return;
+  AcDbObjectIdArray clicked;
+  for (const AcDbObjectId id : ids) clicked.append(id);
+  const AcRxClass* entityClass = AcDbObjectImp::find(ids.front())->object()->isA();
   const Ticket since = nextTicket();
   for (AcEdUIContext* context : contextsForAll(ids)) {
     runGuarded(L"a right-click menu", [&] {
-      const auto* menu = static_cast<HMENU*>(context->getMenuContext(entityClass, ids));
+      const auto* menu = static_cast<HMENU*>(context->getMenuContext(entityClass, clicked));
       if (!menu) return;
       context->OnUpdateMenu();
       readMenu(*menu, {}, context, open);

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/Accounts.h"
+#include "editor/Selection.h"
 
 namespace wb {
 
@@ -35,11 +36,11 @@ class ContextMenus {
 
   /// The user right-clicks these entities: each context for all of them is asked for its menu, in
   /// the order they were added, and told that the menu is about to be shown.
-  void rightClick(const AcDbObjectIdArray& ids);
+  void rightClick(const Selection::Ids& ids);
   /// The items of the menu that was opened last, until one of them was chosen.
   const std::vector<MenuItem>& items() const { return open; }
   /// The entities it was opened for.
-  const AcDbObjectIdArray& clicked() const { return clicked_; }
+  const Selection::Ids& clicked() const { return clicked_; }
   /// The menu that was opened last, as the user sees it among the host's own items. Gives an empty
   /// text, or why there is no picture.
   std::wstring picture(const std::wstring& submenu, const std::wstring& file) const;
@@ -52,12 +53,12 @@ class ContextMenus {
     AcEdUIContext* context;
     Ticket ticket;
   };
-  std::vector<AcEdUIContext*> contextsForAll(const AcDbObjectIdArray& ids) const;
+  std::vector<AcEdUIContext*> contextsForAll(const Selection::Ids& ids) const;
   void closeMenuOf(const AcEdUIContext* context);
 
   std::vector<Entry> entries;
   std::vector<MenuItem> open;
-  AcDbObjectIdArray clicked_;
+  Selection::Ids clicked_;
 };
 
 }  // namespace wb

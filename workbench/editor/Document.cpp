@@ -6,6 +6,7 @@
 #include "database/Drawing.h"
 #include "editor/DocumentManager.h"
 #include "editor/Host.h"
+#include "gate/HostCall.h"
 
 namespace wb {
 
@@ -38,18 +39,24 @@ std::wstring Document::title() const { return path_.empty() ? caption_ : path_; 
 AcDbDatabase* Document::databaseOf() const { return drawing_ ? drawing_->database() : nullptr; }
 
 const ACHAR* Document::fileName() const {
-  checkAlive(L"fileName");
-  return path_.c_str();
+  return HostCall(L"AcApDocument.fileName").run(L"", [&] {
+    checkAlive(L"fileName");
+    return path_.c_str();
+  });
 }
 
 AcDbDatabase* Document::database() const {
-  checkAlive(L"database");
-  return databaseOf();
+  return HostCall(L"AcApDocument.database").run<AcDbDatabase*>(nullptr, [&] {
+    checkAlive(L"database");
+    return databaseOf();
+  });
 }
 
 bool Document::isReadOnly() const {
-  checkAlive(L"isReadOnly");
-  return readOnly_;
+  return HostCall(L"AcApDocument.isReadOnly").run(false, [&] {
+    checkAlive(L"isReadOnly");
+    return readOnly_;
+  });
 }
 
 bool Document::isWriteLocked() const {
@@ -58,11 +65,13 @@ bool Document::isWriteLocked() const {
 }
 
 AcAp::DocLockMode Document::lockMode(bool includeMine) const {
-  checkAlive(L"lockMode");
-  // In a document's context its locks are the asker's own.
-  const bool mine = Host::instance().documents().context() == this;
-  if (locks_.empty() || (mine && !includeMine)) return AcAp::kNotLocked;
-  return *std::max_element(locks_.begin(), locks_.end());
+  return HostCall(L"AcApDocument.lockMode").run(AcAp::kNotLocked, [&] {
+    checkAlive(L"lockMode");
+    // In a document's context its locks are the asker's own.
+    const bool mine = Host::instance().documents().context() == this;
+    if (locks_.empty() || (mine && !includeMine)) return AcAp::kNotLocked;
+    return *std::max_element(locks_.begin(), locks_.end());
+  });
 }
 
 }  // namespace wb

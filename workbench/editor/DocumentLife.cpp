@@ -14,6 +14,7 @@
 #include "editor/LispFunctions.h"
 #include "editor/MainWindow.h"
 #include "editor/ModuleLoader.h"
+#include "gate/HostError.h"
 
 namespace wb {
 
@@ -30,22 +31,23 @@ bool isCompletePath(const std::filesystem::path& path) {
 
 }  // namespace
 
-bool DocumentManager::mayOpenAnother(std::wstring& reason) const {
-  if (open_.empty() || Host::instance().modules().allAwareOfDocuments()) return true;
-  reason = L"an application that isn't registered for several documents is loaded";
-  return false;
+void DocumentManager::requireRoomForAnother() const {
+  if (open_.empty() || Host::instance().modules().allAwareOfDocuments()) return;
+  throw HostError(L"an application that isn't registered for several documents is loaded");
 }
 
 // The events of an opening; `fill` gets the drawing in between.
-Document* DocumentManager::adopt(std::unique_ptr<Document> document,
-                                 const std::function<bool()>& fill) {
+void DocumentManager::adopt(std::unique_ptr<Document> document, const std::function<void()>& fill) {
   Document* fresh = document.get();
   fire(L"documentCreateStarted", [&](auto& reactor) { reactor.documentCreateStarted(fresh); });
-  if (!fill()) {
+  try {
+    fill();
+  } catch (const HostError&) {
     fire(L"documentCreateCanceled", [&](auto& reactor) { reactor.documentCreateCanceled(fresh); });
     fresh->gone_ = true;
+    fresh->hold_.release();
     tombstones_.push_back(std::move(document));
-    return nullptr;
+    throw;
   }
   open_.push_back(std::move(document));
   fresh->drawing_->setWriteCheck(
@@ -54,7 +56,6 @@ Document* DocumentManager::adopt(std::unique_ptr<Document> document,
                        (fresh->readOnly_ ? L" read-only" : L""));
   fire(L"documentCreated", [&](auto& reactor) { reactor.documentCreated(fresh); });
   bringToTop(fresh, true);
-  return fresh;
 }
 
 std::unique_ptr<Document> DocumentManager::make(const std::wstring& path, bool readOnly) {
@@ -65,46 +66,43 @@ std::unique_ptr<Document> DocumentManager::make(const std::wstring& path, bool r
   return std::unique_ptr<Document>(new (place) Document(path, readOnly));
 }
 
-Document* DocumentManager::open(const std::wstring& path, bool readOnly, std::wstring& reason) {
+void DocumentManager::open(const std::wstring& path, bool readOnly) {
   auto document = make(path, readOnly || isWriteProtected(path));
   Document& fresh = *document;
   const auto fill = [&] {
-    if (!isCompletePath(path)) {
-      reason = L"the path isn't complete";
-      return false;
-    }
-    if (!mayOpenAnother(reason)) return false;
+    if (!isCompletePath(path)) throw HostError(L"the path isn't complete");
+    requireRoomForAnother();
     // Held before it is read, so that nobody can write it in between.
     if (!fresh.readOnly_ && !fresh.hold_.take(path)) {
       const DWORD error = GetLastError();
       if (error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND) {
-        reason = L"the file doesn't exist";
-        return false;
+        throw HostError(L"the file doesn't exist");
       }
       fresh.readOnly_ = true;
     }
-    fresh.drawing_ = Drawing::load(path, reason);
-    return fresh.drawing_ != nullptr;
+    fresh.drawing_ = Drawing::load(path);
   };
-  Document* opened = adopt(std::move(document), fill);
-  if (!opened) {
-    fresh.hold_.release();
-    tell(Event::doc, L"refused: opening " + path + L": " + reason);
+  try {
+    adopt(std::move(document), fill);
+  } catch (const HostError& error) {
+    tell(Event::doc, L"refused: opening " + path + L": " + error.reason);
+    throw;
   }
-  return opened;
 }
 
-Document* DocumentManager::create(std::wstring& reason) {
+void DocumentManager::create() {
   auto document = make(L"", false);
   Document& fresh = *document;
   fresh.caption_ = L"Drawing" + std::to_wstring(++unnamed_);
-  Document* created = adopt(std::move(document), [&] {
-    if (!mayOpenAnother(reason)) return false;
-    fresh.drawing_ = Drawing::blank();
-    return true;
-  });
-  if (!created) tell(Event::doc, L"refused: a new drawing: " + reason);
-  return created;
+  try {
+    adopt(std::move(document), [&] {
+      requireRoomForAnother();
+      fresh.drawing_ = Drawing::blank();
+    });
+  } catch (const HostError& error) {
+    tell(Event::doc, L"refused: a new drawing: " + error.reason);
+    throw;
+  }
 }
 
 void DocumentManager::activate(Document* document) {
@@ -128,35 +126,35 @@ void DocumentManager::bringToTop(Document* document, bool fresh) {
   fire(L"documentActivated", [&](auto& reactor) { reactor.documentActivated(document); });
 }
 
-bool DocumentManager::save(Document* document, const std::wstring& path, std::wstring& reason) {
+void DocumentManager::save(Document* document, const std::wstring& path) {
   const std::wstring target = path.empty() ? document->path_ : path;
-  if (target.empty()) {
-    reason = L"the drawing has no name";
-  } else if (!isCompletePath(target)) {
-    reason = L"the path isn't complete";
-  } else if (path.empty() && document->readOnly_) {
-    reason = L"the drawing is read-only";
-  } else if (isWriteProtected(target)) {
-    reason = L"the file is write-protected";
-  }
-  if (!reason.empty()) return false;
+  if (target.empty()) throw HostError(L"the drawing has no name");
+  if (!isCompletePath(target)) throw HostError(L"the path isn't complete");
+  if (path.empty() && document->readOnly_) throw HostError(L"the drawing is read-only");
+  if (isWriteProtected(target)) throw HostError(L"the file is write-protected");
   Host::instance().modules().sendToAll(AcRx::kSaveMsg);
   Host::instance().editor().beginSave(document->databaseOf(), target);
   document->hold_.release();
-  const bool saved = document->drawing_->save(target, reason);
-  if (saved) {
-    document->path_ = target;
-    document->readOnly_ = false;
-    document->drawing_->setDbmod(0);
+  try {
+    document->drawing_->save(target);
+  } catch (const HostError&) {
+    holdAgain(document);
+    throw;
   }
-  if (!document->readOnly_ && !document->path_.empty() && !document->hold_.take(document->path_)) {
-    document->readOnly_ = true;
-    tell(Event::doc, L"held by somebody else after the saving, now read-only: " + document->path_);
-  }
-  if (!saved) return false;
-  tell(Event::doc, L"saved " + target);
+  document->path_ = target;
+  document->readOnly_ = false;
+  document->drawing_->setDbmod(0);
+  holdAgain(document);
+  tell({Event::doc, Event::documentSaved, target, L"saved " + target});
   Host::instance().editor().saveComplete(document->databaseOf(), target.c_str());
-  return true;
+}
+
+void DocumentManager::holdAgain(Document* document) {
+  if (document->readOnly_ || document->path_.empty() || document->hold_.take(document->path_)) {
+    return;
+  }
+  document->readOnly_ = true;
+  tell(Event::doc, L"held by somebody else after the saving, now read-only: " + document->path_);
 }
 
 bool DocumentManager::saveForUser(Document* document) {
@@ -167,10 +165,17 @@ bool DocumentManager::saveForUser(Document* document) {
     path = selection.choose(FileSelection::saveFlags, L"Save Drawing As", readOnly).value_or(L"");
     if (path.empty()) return false;
   }
-  std::wstring reason;
-  if (save(document, path, reason)) return true;
-  commandLineSays(document->title() + L" was not saved: " + reason + L".");
-  return false;
+  return saveForUserAs(document, path);
+}
+
+bool DocumentManager::saveForUserAs(Document* document, const std::wstring& path) {
+  try {
+    save(document, path);
+    return true;
+  } catch (const HostError& error) {
+    commandLineSays(document->title() + L" was not saved: " + error.reason + L".");
+    return false;
+  }
 }
 
 // Asks what to do with unsaved changes. `refused` if the drawing has to stay open.
@@ -233,14 +238,6 @@ void DocumentManager::destroy(Document* document) {
 
 void DocumentManager::closeAll() {
   while (!open_.empty()) destroy(open_.back().get());
-}
-
-void DocumentManager::forgetClosed() {
-  tombstones_.clear();
-  deferred_.clear();
-  reusesAddresses_ = false;
-  unnamed_ = 0;
-  refusals_ = 0;
 }
 
 // The events of a lock come in the context of the command that locks.

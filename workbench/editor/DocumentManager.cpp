@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "core/Names.h"
-#include "core/StandInTime.h"
 #include "core/Transcript.h"
 #include "database/Drawing.h"
 #include "editor/CommandRunner.h"
@@ -11,8 +10,7 @@
 #include "editor/Host.h"
 #include "editor/InputQueue.h"
 #include "faults/Faults.h"
-
-AcApDocManager* acDocManagerPtr() { return &wb::Host::instance().documents(); }
+#include "gate/HostCall.h"
 
 namespace wb {
 
@@ -23,13 +21,26 @@ class DocumentManager::Iterator : public AcApDocumentIterator {
       : manager_(manager),
         documents_(manager.all()),
         ticket_(handOut(L"iterator", L"AcApDocumentIterator")) {}
-  ~Iterator() override { giveBack(ticket_); }
+  ~Iterator() override {
+    const HostCall call(L"host.~AcApDocumentIterator");
+    giveBack(ticket_);
+  }
 
-  bool done() const override { return skipClosed() == documents_.size(); }
-  void step() override { index_ = std::min(skipClosed() + 1, documents_.size()); }
+  bool done() const override {
+    return HostCall(L"AcApDocumentIterator.done").run(true, [&] {
+      return skipClosed() == documents_.size();
+    });
+  }
+  void step() override {
+    HostCall(L"AcApDocumentIterator.step").run([&] {
+      index_ = std::min(skipClosed() + 1, documents_.size());
+    });
+  }
   AcApDocument* document() override {
-    const size_t at = skipClosed();
-    return at < documents_.size() ? documents_[at] : nullptr;
+    return HostCall(L"AcApDocumentIterator.document").run<AcApDocument*>(nullptr, [&] {
+      const size_t at = skipClosed();
+      return at < documents_.size() ? documents_[at] : nullptr;
+    });
   }
 
  private:
@@ -48,69 +59,98 @@ DocumentManager::DocumentManager() = default;
 DocumentManager::~DocumentManager() = default;
 
 AcApDocument* DocumentManager::curDocument() const {
-  return context_ && !context_->gone() ? context_ : active_;
+  return HostCall(L"AcApDocManager.curDocument").run<AcApDocument*>(nullptr, [&] {
+    return context_ && !context_->gone() ? context_ : active_;
+  });
 }
 
-AcApDocument* DocumentManager::mdiActiveDocument() const { return active_; }
+AcApDocument* DocumentManager::mdiActiveDocument() const {
+  return HostCall(L"AcApDocManager.mdiActiveDocument").run<AcApDocument*>(nullptr, [&] {
+    return active_;
+  });
+}
 
-AcApDocument* DocumentManager::document(const AcDbDatabase* pDb) const { return find(pDb); }
+AcApDocument* DocumentManager::document(const AcDbDatabase* pDb) const {
+  return HostCall(L"AcApDocManager.document").run<AcApDocument*>(nullptr, [&] {
+    return find(pDb);
+  });
+}
 
-AcApDocumentIterator* DocumentManager::newAcApDocumentIterator() { return new Iterator(*this); }
+AcApDocumentIterator* DocumentManager::newAcApDocumentIterator() {
+  const HostCall call(L"AcApDocManager.newAcApDocumentIterator");
+  return call.run<AcApDocumentIterator*>(nullptr, [&] { return new Iterator(*this); });
+}
+
+void DocumentManager::addReactor(AcApDocManagerReactor* reactor) {
+  HostCall(L"AcApDocManager.addReactor").run([&] { reactors_.add(reactor); });
+}
+
+void DocumentManager::removeReactor(AcApDocManagerReactor* reactor) {
+  HostCall(L"AcApDocManager.removeReactor").run([&] { reactors_.remove(reactor); });
+}
 
 Acad::ErrorStatus DocumentManager::sendStringToExecute(AcApDocument* pAcTargetDocument,
                                                        const ACHAR* pszExecute, bool bActivate,
                                                        bool bWrapUpInactiveDoc, bool bEchoString) {
-  const InStandIn inside;
-  if (!pszExecute || !isOpen(pAcTargetDocument)) {
-    tell(Event::send, L"refused: " + (pszExecute ? quoted(pszExecute) : L"no text"));
-    return pszExecute ? Acad::eNoDocument : Acad::eInvalidInput;
-  }
-  auto* target = static_cast<Document*>(pAcTargetDocument);
-  tell(Event::send, quoted(pszExecute) + (target == active_ ? L"" : L" to " + target->title()));
-  note(L"sent", std::wstring(bActivate ? L"activate" : L"stay") +
-                    (bWrapUpInactiveDoc ? L", wrap up" : L"") + (bEchoString ? L", echo" : L""));
-  Host::instance().input().add(target, pszExecute, bActivate, InputQueue::Origin::Sent);
-  return Acad::eOk;
+  return HostCall(L"AcApDocManager.sendStringToExecute").run(Acad::eInvalidInput, [&] {
+    if (!pszExecute || !isOpen(pAcTargetDocument)) {
+      tell(Event::send, L"refused: " + (pszExecute ? quoted(pszExecute) : L"no text"));
+      return pszExecute ? Acad::eNoDocument : Acad::eInvalidInput;
+    }
+    auto* target = static_cast<Document*>(pAcTargetDocument);
+    tell(Event::send, quoted(pszExecute) + (target == active_ ? L"" : L" to " + target->title()));
+    note(L"sent", std::wstring(bActivate ? L"activate" : L"stay") +
+                      (bWrapUpInactiveDoc ? L", wrap up" : L"") + (bEchoString ? L", echo" : L""));
+    Host::instance().input().add(target, pszExecute, bActivate, InputQueue::Origin::Sent);
+    return Acad::eOk;
+  });
 }
 
 Acad::ErrorStatus DocumentManager::appContextNewDocument(const ACHAR*) {
-  if (!isApplicationContext()) {
-    tell(Event::doc, L"refused: a new drawing from a document's context");
-    return Acad::eInvalidContext;
-  }
-  Host::instance().runner().runQueued();
-  std::wstring reason;
-  return create(reason) ? Acad::eOk : Acad::eFilerError;
+  return HostCall(L"AcApDocManager.appContextNewDocument").run(Acad::eFilerError, [&] {
+    if (!isApplicationContext()) {
+      tell(Event::doc, L"refused: a new drawing from a document's context");
+      return Acad::eInvalidContext;
+    }
+    Host::instance().runner().runQueued();
+    create();
+    return Acad::eOk;
+  });
 }
 
 Acad::ErrorStatus DocumentManager::appContextOpenDocument(const ACHAR* pszDrawingName) {
-  const InStandIn inside;
-  if (!pszDrawingName || !*pszDrawingName) return Acad::eInvalidInput;
-  // The caller's text may belong to a document that the queued input closes.
-  const std::wstring path = pszDrawingName;
-  if (!isApplicationContext()) {
-    tell(Event::doc, L"refused: opening " + path + L" from a document's context");
-    return Acad::eInvalidContext;
-  }
-  // Drawings change only while nothing is pending at the command line.
-  Host::instance().runner().runQueued();
-  std::wstring reason;
-  if (FAILED(takeFault(L"host.appContextOpenDocument"))) {
-    tell(Event::doc, L"refused: opening " + path + L": the disk fails");
-    return Acad::eFileSystemErr;
-  }
-  return open(path, false, reason) ? Acad::eOk : Acad::eFilerError;
+  return HostCall(L"AcApDocManager.appContextOpenDocument").run(Acad::eFilerError, [&] {
+    if (!pszDrawingName || !*pszDrawingName) return Acad::eInvalidInput;
+    // The caller's text may belong to a document that the queued input closes.
+    const std::wstring path = pszDrawingName;
+    if (!isApplicationContext()) {
+      tell(Event::doc, L"refused: opening " + path + L" from a document's context");
+      return Acad::eInvalidContext;
+    }
+    // Drawings change only while nothing is pending at the command line.
+    Host::instance().runner().runQueued();
+    // The fault is the disk's: what was pending has been run by then.
+    if (FAILED(takeFault(L"host.appContextOpenDocument"))) {
+      tell(Event::doc, L"refused: opening " + path + L": the disk fails");
+      return Acad::eFileSystemErr;
+    }
+    open(path, false);
+    return Acad::eOk;
+  });
 }
 
 Acad::ErrorStatus DocumentManager::closeDocument(AcApDocument* pAcTargetDocument) {
-  const InStandIn inside;
-  if (!isOpen(pAcTargetDocument)) return Acad::eNoDocument;
-  return close(static_cast<Document*>(pAcTargetDocument), true) ? Acad::eOk : Acad::eUserBreak;
+  return HostCall(L"AcApDocManager.closeDocument").run(Acad::eUserBreak, [&] {
+    if (!isOpen(pAcTargetDocument)) return Acad::eNoDocument;
+    return close(static_cast<Document*>(pAcTargetDocument), true) ? Acad::eOk : Acad::eUserBreak;
+  });
 }
 
 void DocumentManager::executeInApplicationContext(void (*procAddr)(void*), void* pData) const {
-  if (!procAddr) return;
-  if (isApplicationContext()) {
+  const HostCall call(L"AcApDocManager.executeInApplicationContext");
+  if (!procAddr || call.refused()) return;
+  if (context_ == nullptr) {
+    const InModule outside;
     procAddr(pData);
   } else {
     // The running command's context isn't left before the command is over.
@@ -122,11 +162,16 @@ void DocumentManager::runDeferred() {
   while (!deferred_.empty() && isApplicationContext()) {
     const auto call = deferred_.front();
     deferred_.pop_front();
+    const InModule outside;
     runGuarded(L"executeInApplicationContext", [&] { call.first(call.second); });
   }
 }
 
-bool DocumentManager::isApplicationContext() const { return context_ == nullptr; }
+bool DocumentManager::isApplicationContext() const {
+  return HostCall(L"AcApDocManager.isApplicationContext").run(false, [&] {
+    return context_ == nullptr;
+  });
+}
 
 Document* DocumentManager::find(std::wstring_view path) const {
   for (const auto& one : open_) {

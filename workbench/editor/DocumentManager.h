@@ -23,8 +23,8 @@ class DocumentManager : public NotServedDocManager {
   AcApDocument* mdiActiveDocument() const override;
   AcApDocument* document(const AcDbDatabase* pDb) const override;
   AcApDocumentIterator* newAcApDocumentIterator() override;
-  void addReactor(AcApDocManagerReactor* reactor) override { reactors_.add(reactor); }
-  void removeReactor(AcApDocManagerReactor* reactor) override { reactors_.remove(reactor); }
+  void addReactor(AcApDocManagerReactor* reactor) override;
+  void removeReactor(AcApDocManagerReactor* reactor) override;
   Acad::ErrorStatus sendStringToExecute(AcApDocument* pAcTargetDocument, const ACHAR* pszExecute,
                                         bool bActivate, bool bWrapUpInactiveDoc,
                                         bool bEchoString) override;
@@ -34,25 +34,27 @@ class DocumentManager : public NotServedDocManager {
   void executeInApplicationContext(void (*procAddr)(void*), void* pData) const override;
   bool isApplicationContext() const override;
 
-  /// Opens and activates; null with `reason` filled if it can't be. A file that is
-  /// write-protected, or held for writing by anybody, opens read-only.
-  Document* open(const std::wstring& path, bool readOnly, std::wstring& reason);
-  Document* create(std::wstring& reason);
+  /// Opens and activates. A file that is write-protected, or held for writing by anybody, opens
+  /// read-only.
+  /// @throws HostError if it can't be opened, which is reported
+  void open(const std::wstring& path, bool readOnly);
+  /// @throws HostError if there can be no further drawing, which is reported
+  void create();
   void activate(Document* document);
-  /// Saves under the document's own name, or as `path`; false with `reason` filled.
-  bool save(Document* document, const std::wstring& path, std::wstring& reason);
+  /// Saves under the document's own name, or as `path`.
+  /// @throws HostError if it can't be saved
+  void save(Document* document, const std::wstring& path);
   /// The same, but the user is asked for the name that a drawing lacks, and told what went wrong.
+  /// @return whether it was saved
   bool saveForUser(Document* document);
+  /// The same under another name.
+  bool saveForUserAs(Document* document, const std::wstring& path);
   /// Asks about unsaved changes if `ask`. False if the user keeps the document.
   bool close(Document* document, bool ask);
   /// Closes everything without asking.
   void closeAll();
-  /// Frees what was closed; nobody may use it any more.
-  void forgetClosed();
-
   /// A new document takes the address of the one closed last, as memory is used again in the host:
-  /// what an application still remembers of the old one then shows on the new one. Until
-  /// forgetClosed().
+  /// what an application still remembers of the old one then shows on the new one.
   void reuseAddresses() { reusesAddresses_ = true; }
 
   Document* active() const { return active_; }
@@ -99,9 +101,10 @@ class DocumentManager : public NotServedDocManager {
   void fireLock(bool before, Document* document, AcAp::DocLockMode mine, AcAp::DocLockMode next,
                 const std::wstring& name);
   std::unique_ptr<Document> make(const std::wstring& path, bool readOnly);
-  Document* adopt(std::unique_ptr<Document> document, const std::function<bool()>& fill);
+  void adopt(std::unique_ptr<Document> document, const std::function<void()>& fill);
   void bringToTop(Document* document, bool fresh);
-  bool mayOpenAnother(std::wstring& reason) const;
+  void holdAgain(Document* document);
+  void requireRoomForAnother() const;
   bool keepChanges(Document* document, bool& refused);
   void destroy(Document* document);
 

@@ -5,14 +5,19 @@
 #include <string>
 
 #include "editor/ReactorList.h"
+#include "gate/HostCall.h"
 
 namespace wb {
 
 /// The source of the editor's events.
 class Editor : public AcEditor {
  public:
-  void addReactor(AcRxEventReactor* reactor) override { reactors.add(reactor); }
-  void removeReactor(AcRxEventReactor* reactor) override { reactors.remove(reactor); }
+  void addReactor(AcRxEventReactor* reactor) override {
+    HostCall(L"AcEditor.addReactor").run([&] { reactors.add(reactor); });
+  }
+  void removeReactor(AcRxEventReactor* reactor) override {
+    HostCall(L"AcEditor.removeReactor").run([&] { reactors.remove(reactor); });
+  }
 
   void beginSave(AcDbDatabase* database, const std::wstring& name) {
     reactors.each(L"beginSave", [&](auto& reactor) { reactor.beginSave(database, name.c_str()); });

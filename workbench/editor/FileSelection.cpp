@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "core/Names.h"
+#include "core/SessionState.h"
 #include "core/Transcript.h"
 #include "dialogs/Answers.h"
 #include "editor/Guarded.h"
@@ -12,10 +13,7 @@
 
 namespace wb {
 
-FileSelection& FileSelection::instance() {
-  static FileSelection selection;
-  return selection;
-}
+FileSelection& FileSelection::instance() { return sessionPart<FileSelection>(); }
 
 bool FileSelection::addCallback(const ACHAR* name, SELECTFILEPROC proc, bool asPrimary) {
   const bool there = std::any_of(registered.begin(), registered.end(), [&](const Callback& one) {
@@ -84,11 +82,6 @@ void FileSelection::dropOf(HMODULE module) {
                                                       reinterpret_cast<const void*>(one.proc));
                                   }),
                    registered.end());
-}
-
-void FileSelection::clear() {
-  registered.clear();
-  picks.clear();
 }
 
 }  // namespace wb

@@ -17,6 +17,7 @@ namespace wb {
 /// dialog itself isn't shown, its answers are queued beforehand.
 class FileSelection {
  public:
+  /// The current session's.
   static FileSelection& instance();
 
   /// The flags that the editor passes for its own dialogs.
@@ -35,7 +36,6 @@ class FileSelection {
   Acad::ErrorStatus pick(short* userCancel, ACHAR*& chosenPath, int flags);
 
   void dropOf(HMODULE module);
-  void clear();
 
  private:
   struct Callback {

@@ -2,8 +2,11 @@
 
 #include <ole2.h>
 
-#include "core/Condition.h"
+#include <stdexcept>
+
+#include "core/SessionState.h"
 #include "core/Transcript.h"
+#include "database/DatabaseState.h"
 #include "database/Drawing.h"
 #include "editor/BuiltInCommands.h"
 #include "editor/CommandRunner.h"
@@ -17,8 +20,7 @@
 #include "editor/LoadRecord.h"
 #include "editor/MainWindow.h"
 #include "editor/ModuleLoader.h"
-#include "editor/Selection.h"
-#include "editor/SysRegistry.h"
+#include "gate/HostError.h"
 
 namespace wb {
 
@@ -36,15 +38,11 @@ struct Host::Parts {
   Editor editor;
 };
 
-Host::Host() : parts(std::make_unique<Parts>()) {}
+// The drawings go before what the session has of them.
+Host::Host() : parts((databaseState(), std::make_unique<Parts>())) {}
 Host::~Host() = default;
 
-Host& Host::instance() {
-  // Never destroyed: a library that stays loaded may still ask for a service while the process
-  // ends.
-  static Host* const host = new Host;
-  return *host;
-}
+Host& Host::instance() { return sessionPart<Host>(); }
 
 bool Host::running() const { return parts->running; }
 bool Host::quitRequested() const { return parts->quitRequested; }
@@ -60,20 +58,17 @@ ModuleLoader& Host::modules() { return parts->modules; }
 ContextMenus& Host::menus() { return parts->menus; }
 Editor& Host::editor() { return parts->editor; }
 
-bool Host::start() {
-  if (parts->running) return true;
-  if (FAILED(OleInitialize(nullptr))) return false;
+void Host::start() {
+  if (FAILED(OleInitialize(nullptr))) throw std::runtime_error("the host can't start COM");
   if (!parts->window.create()) {
     parts->window.destroy();
     OleUninitialize();
-    return false;
+    throw std::runtime_error("the stand-in host can't start: it needs a display");
   }
   parts->running = true;
-  parts->quitRequested = false;
-  setMainWindow(parts->window.handle());
+  SessionState::get().mainWindow = parts->window.handle();
   addBuiltInCommands(parts->commands);
   for (const std::wstring& file : filesToLoadAtStart()) loadModule(file);
-  return true;
 }
 
 void Host::stop() {
@@ -82,29 +77,30 @@ void Host::stop() {
   parts->input.clear();
   parts->documents.closeAll();
   parts->modules.unloadAll();
-  parts->documents.forgetClosed();
-  parts->commands.clear();
-  FileSelection::instance().clear();
-  Selection::instance().clear();
-  clearServices();
-  setMainWindow(nullptr);
+  SessionState::get().mainWindow = nullptr;
   parts->window.destroy();
   parts->running = false;
   OleUninitialize();
 }
 
 bool Host::loadModule(const std::wstring& file) {
-  std::wstring reason;
-  if (parts->modules.load(file, reason)) return true;
-  tell(Event::error, file + L" can't be loaded: " + reason);
-  return false;
+  try {
+    parts->modules.load(file);
+    return true;
+  } catch (const HostError& error) {
+    tell(Event::error, file + L" can't be loaded: " + error.reason);
+    return false;
+  }
 }
 
 bool Host::unloadModule(const std::wstring& file) {
-  std::wstring reason;
-  if (parts->modules.unload(file, reason)) return true;
-  tell(Event::doc, L"refused: unloading " + file + L": " + reason);
-  return false;
+  try {
+    parts->modules.unload(file);
+    return true;
+  } catch (const HostError& error) {
+    tell(Event::doc, L"refused: unloading " + file + L": " + error.reason);
+    return false;
+  }
 }
 
 void Host::type(std::wstring_view text) {
@@ -130,11 +126,21 @@ void Host::runUntilIdle() {
   pumpMessages();
 }
 
-bool Host::open(const std::wstring& path, bool readOnly) {
-  std::wstring reason;
-  const bool opened = parts->documents.open(path, readOnly, reason) != nullptr;
+// Runs what the user wants, and what follows from it. False if it can't be, which is reported.
+bool Host::userDoes(const std::function<void()>& work) {
+  bool done = false;
+  try {
+    work();
+    done = true;
+  } catch (const HostError&) {
+    // Whoever raised it has told why.
+  }
   runUntilIdle();
-  return opened;
+  return done;
+}
+
+bool Host::open(const std::wstring& path, bool readOnly) {
+  return userDoes([&] { parts->documents.open(path, readOnly); });
 }
 
 bool Host::openDialog(std::optional<std::wstring> pick) {
@@ -146,10 +152,7 @@ bool Host::openDialog(std::optional<std::wstring> pick) {
 }
 
 bool Host::newDrawing() {
-  std::wstring reason;
-  const bool created = parts->documents.create(reason) != nullptr;
-  runUntilIdle();
-  return created;
+  return userDoes([&] { parts->documents.create(); });
 }
 
 bool Host::activate(const std::wstring& path) {
@@ -173,7 +176,14 @@ bool Host::save(const std::wstring& path) {
   bool saved = false;
   Command command;
   command.global = L"QSAVE";
-  command.work = [&] { saved = parts->documents.save(document, {}, reason); };
+  command.work = [&] {
+    try {
+      parts->documents.save(document, {});
+      saved = true;
+    } catch (const HostError& error) {
+      reason = error.reason;
+    }
+  };
   if (document == parts->documents.active()) {
     parts->runner.run(command, document);
   } else {

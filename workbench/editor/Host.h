@@ -24,11 +24,17 @@ class ModuleLoader;
 /// thread. Everything that runs in it is told to the transcript.
 class Host {
  public:
+  Host();
+  ~Host();
+
+  /// The current session's.
+  /// @throws std::logic_error outside a session
   static Host& instance();
 
   /// Makes the main window, the services and their registry, starts COM as the editor does, and
-  /// loads what the load record names for the start. False if Windows refuses one of them.
-  bool start();
+  /// loads what the load record names for the start. Once in a session.
+  /// @throws std::runtime_error if Windows refuses one of them
+  void start();
   /// Quits: tells the modules, closes every document without saving, unloads the modules.
   void stop();
   bool running() const;
@@ -91,8 +97,7 @@ class Host {
   Editor& editor();
 
  private:
-  Host();
-  ~Host();
+  bool userDoes(const std::function<void()>& work);
   struct Parts;
   std::unique_ptr<Parts> parts;
 };

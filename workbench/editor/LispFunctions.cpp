@@ -1,26 +1,17 @@
 #include "editor/LispFunctions.h"
 
-#include <acedads.h>
 #include <adscodes.h>
 
 #include <algorithm>
 
 #include "core/Names.h"
+#include "core/StandInTime.h"
 #include "editor/CommandLine.h"
 #include "editor/CommandRunner.h"
 #include "editor/CommandStack.h"
 #include "editor/DocumentManager.h"
 #include "editor/Host.h"
 #include "editor/ModuleLoader.h"
-
-extern "C" int acedDefun(const ACHAR* name, short functionCode) {
-  return name && *name && wb::Host::instance().lisp().define(name, functionCode) ? RTNORM : RTERROR;
-}
-
-extern "C" int acedRegFunc(int (*function)(void), int functionCode) {
-  return function && wb::Host::instance().lisp().setFunction(function, functionCode) ? RTNORM
-                                                                                     : RTERROR;
-}
 
 namespace wb {
 
@@ -65,6 +56,7 @@ bool LispFunctions::runTyped(const std::wstring& token, Document* document) {
   command.global = L"(" + function.name + L")";
   command.work = [function] {
     // Without a function of its own the application gets a message.
+    const InModule outside;
     const int result =
         function.call ? function.call() : Host::instance().modules().invoke(function.module);
     if (result != RTNORM && result != AcRx::kRetOK) commandLineSays(L"; error: ADS request error");

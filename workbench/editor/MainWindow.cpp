@@ -7,8 +7,6 @@
 
 #include "editor/Host.h"
 
-extern "C" HWND adsw_acadMainWnd() { return wb::Host::instance().mainWindow(); }
-
 namespace wb {
 
 namespace {

@@ -5,6 +5,7 @@
 
 #include "core/Names.h"
 #include "core/Program.h"
+#include "core/StandInTime.h"
 #include "core/Transcript.h"
 #include "editor/CommandRunner.h"
 #include "editor/CommandStack.h"
@@ -15,6 +16,7 @@
 #include "editor/Guarded.h"
 #include "editor/Host.h"
 #include "editor/LispFunctions.h"
+#include "gate/HostError.h"
 #include "watch/ImportWatch.h"
 
 namespace wb {
@@ -89,19 +91,16 @@ static void loadHostFiles() {
   }
 }
 
-bool ModuleLoader::map(Module& module, std::wstring& reason) const {
+void ModuleLoader::map(Module& module) {
   loadHostFiles();
   if (GetFileAttributesW(module.file.c_str()) == INVALID_FILE_ATTRIBUTES) {
-    reason = whyNotMapped(ERROR_FILE_NOT_FOUND);
-    return false;
+    throw HostError(whyNotMapped(ERROR_FILE_NOT_FOUND));
   }
   module.handle = LoadLibraryExW(module.file.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
-  if (!module.handle) {
-    reason = whyNotMapped(GetLastError());
-    return false;
-  }
+  if (!module.handle) throw HostError(whyNotMapped(GetLastError()));
   const auto version = exported<int (*)()>(module.handle, "acrxGetApiVersion");
   module.entry = exported<decltype(module.entry)>(module.handle, "acrxEntryPoint");
+  std::wstring reason;
   if (!module.entry || !version) {
     reason = std::wstring(L"it doesn't export ") +
              (module.entry ? L"acrxGetApiVersion" : L"acrxEntryPoint");
@@ -109,55 +108,42 @@ bool ModuleLoader::map(Module& module, std::wstring& reason) const {
     reason = L"it was built for the API level " + std::to_wstring(version() >> 16) + L", not " +
              std::to_wstring(apiLevel);
   }
-  if (reason.empty()) return true;
+  if (reason.empty()) return;
   FreeLibrary(module.handle);
   afterUnmapping();
-  return false;
+  throw HostError(reason);
 }
 
-bool ModuleLoader::load(const std::wstring& file, std::wstring& reason) {
-  if (findFile(file)) {
-    reason = L"it is loaded already";
-    return false;
-  }
+void ModuleLoader::load(const std::wstring& file) {
+  if (findFile(file)) throw HostError(L"it is loaded already");
   auto owner = std::make_unique<Module>();
   Module& module = *owner;
   module.file = file;
-  if (!map(module, reason)) return false;
+  map(module);
   tell(Event::doc, L"application loaded " + module.name());
   modules.push_back(std::move(owner));
   if (Host::instance().onModuleMapped) Host::instance().onModuleMapped(module.handle);
   if (send(module, AcRx::kInitAppMsg) != AcRx::kRetOK) {
-    reason = L"it refused to start";
-    std::wstring ignored;
-    end(module, true, ignored);
-    return false;
+    end(module, true);
+    throw HostError(L"it refused to start");
   }
   for (Document* one : Host::instance().documents().all()) send(module, AcRx::kLoadDwgMsg, one);
-  return true;
 }
 
-bool ModuleLoader::unload(const std::wstring& file, std::wstring& reason) {
+void ModuleLoader::unload(const std::wstring& file) {
   Module* module = findFile(file);
-  if (!module) {
-    reason = L"it isn't loaded";
-  } else if (module->locked) {
-    reason = L"it hasn't unlocked itself with the dynamic linker";
-  } else if (current || Host::instance().runner().commandRuns()) {
-    reason = L"a command runs";
-  } else {
-    return end(*module, false, reason);
-  }
-  return false;
+  if (!module) throw HostError(L"it isn't loaded");
+  if (module->locked) throw HostError(L"it hasn't unlocked itself with the dynamic linker");
+  if (current || Host::instance().runner().commandRuns()) throw HostError(L"a command runs");
+  end(*module, false);
 }
 
-bool ModuleLoader::end(Module& module, bool force, std::wstring& reason) {
+void ModuleLoader::end(Module& module, bool force) {
   Host& host = Host::instance();
   for (Document* one : host.documents().all()) send(module, AcRx::kUnloadDwgMsg, one);
   if (send(module, AcRx::kUnloadAppMsg) == AcRx::kRetError && !force) {
-    reason = L"it refuses";
     for (Document* one : host.documents().all()) send(module, AcRx::kLoadDwgMsg, one);
-    return false;
+    throw HostError(L"it refuses");
   }
   host.commands().dropOf(module.handle);
   host.documents().dropOf(module.handle);
@@ -175,18 +161,17 @@ bool ModuleLoader::end(Module& module, bool force, std::wstring& reason) {
                              [&](const auto& one) { return one.get() == &module; }));
   tell(Event::doc, L"application unloaded " + name);
   host.runner().tellLeaks(since, true);
-  return true;
 }
 
 void ModuleLoader::unloadAll() {
-  std::wstring ignored;
-  while (!modules.empty()) end(*modules.back(), true, ignored);
+  while (!modules.empty()) end(*modules.back(), true);
 }
 
 AcRx::AppRetCode ModuleLoader::send(Module& module, AcRx::AppMsgCode message, Document* about) {
   Module* const before = std::exchange(current, &module);
   Document* const aboutBefore = std::exchange(document, about);
   AcRx::AppRetCode result = AcRx::kRetError;
+  const InModule outside;
   runGuarded(messageName(message), [&] { result = module.entry(message, &module); });
   current = before;
   document = aboutBefore;

@@ -25,11 +25,12 @@ class ModuleLoader {
   ModuleLoader();
   ~ModuleLoader();
 
-  /// Loads by full path: kInitAppMsg, then kLoadDwgMsg for each open document. False, with
-  /// `reason` filled, if it can't be; nothing of it stays then.
-  bool load(const std::wstring& file, std::wstring& reason);
+  /// Loads by full path: kInitAppMsg, then kLoadDwgMsg for each open document.
+  /// @throws HostError if it can't be loaded; nothing of it stays then
+  void load(const std::wstring& file);
   /// kUnloadDwgMsg for each document, kUnloadAppMsg, then the library goes.
-  bool unload(const std::wstring& file, std::wstring& reason);
+  /// @throws HostError if it isn't loaded or can't be unloaded now
+  void unload(const std::wstring& file);
   /// Unloads all, last loaded first, whether they allow it or not: the editor ends.
   void unloadAll();
 
@@ -54,8 +55,8 @@ class ModuleLoader {
   Module* find(const void* packet) const;
   Module* findFile(const std::wstring& file) const;
   AcRx::AppRetCode send(Module& module, AcRx::AppMsgCode message, Document* about = nullptr);
-  bool map(Module& module, std::wstring& reason) const;
-  bool end(Module& module, bool force, std::wstring& reason);
+  static void map(Module& module);
+  void end(Module& module, bool force);
 
   std::vector<std::unique_ptr<Module>> modules;
   Module* current = nullptr;

@@ -1,9 +1,9 @@
 #pragma once
 
 #include <dbid.h>
-#include <dbidar.h>
 
 #include <deque>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -15,15 +15,24 @@ namespace wb {
 /// that block's next references; "#N" is the N-th entity on the tab that is no block reference.
 class Selection {
  public:
+  using Ids = std::vector<AcDbObjectId>;
+
+  /// The current session's.
   static Selection& instance();
 
   /// Picks entities of the working drawing's current tab, before any command; no names pick
-  /// nothing. False, with the reason, if one isn't there.
-  bool pick(const std::vector<std::wstring>& names, std::wstring& error);
+  /// nothing.
+  /// @throws HostError if one isn't there
+  void pick(const std::vector<std::wstring>& names);
+  /// Adds the first entity of that name that isn't in `ids`.
+  /// @throws HostError if there is none
+  static void addNamed(const std::wstring& name, Ids& ids);
   /// Answers the next prompt that isn't answered yet; the single name "none" cancels it.
   void answer(std::vector<std::wstring> names) { answers.push_back(std::move(names)); }
   /// The entities picked in the working drawing that are still there.
-  AcDbObjectIdArray picked() const;
+  Ids picked() const;
+  /// The answer to a prompt, nothing if the user is to be asked.
+  std::optional<std::vector<std::wstring>> takeAnswer();
   /// A command with these flags begins: the pick set is gone unless it can use it.
   void commandBegins(int flags);
   /// Forgets picks and answers.
@@ -32,9 +41,8 @@ class Selection {
   std::vector<std::wstring> unused() const;
 
  private:
-  friend class SelectionPrompt;
   AcDbDatabase* database = nullptr;
-  std::vector<AcDbObjectId> picks;
+  Ids picks;
   std::deque<std::vector<std::wstring>> answers;
 };
 

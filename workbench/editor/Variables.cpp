@@ -1,17 +1,19 @@
-#include <acedads.h>
+#include "editor/Variables.h"
+
 #include <acutmem.h>
 #include <adscodes.h>
 
 #include <string>
 
-#include "core/Names.h"
+#include "core/Text.h"
 #include "database/Drawing.h"
-#include "editor/DocumentManager.h"
-#include "editor/Host.h"
+#include "editor/Document.h"
+
+namespace wb {
 
 namespace {
 
-using Reader = bool (*)(const wb::Document&, resbuf&);
+using Reader = bool (*)(const Document&, resbuf&);
 
 bool number(resbuf& result, int value) {
   result.restype = RTSHORT;
@@ -24,11 +26,11 @@ bool text(resbuf& result, const std::wstring& value) {
   return acutNewString(value.c_str(), result.resval.rstring) == Acad::eOk;
 }
 
-std::wstring folderOf(const wb::Document& document) {
+std::wstring folderOf(const Document& document) {
   return document.path().substr(0, document.path().rfind(L'\\') + 1);
 }
 
-std::wstring nameOf(const wb::Document& document) {
+std::wstring nameOf(const Document& document) {
   const std::wstring title = document.title();
   return title.substr(title.rfind(L'\\') + 1);
 }
@@ -40,26 +42,22 @@ struct Variable {
 
 const Variable variables[] = {
     {L"DBMOD",
-     [](const wb::Document& d, resbuf& result) { return number(result, d.drawing()->dbmod()); }},
-    {L"DWGNAME", [](const wb::Document& d, resbuf& result) { return text(result, nameOf(d)); }},
-    {L"DWGPREFIX", [](const wb::Document& d, resbuf& result) { return text(result, folderOf(d)); }},
-    {L"DWGTITLED", [](const wb::Document& d,
-                      resbuf& result) { return number(result, d.path().empty() ? 0 : 1); }},
+     [](const Document& d, resbuf& result) { return number(result, d.drawing()->dbmod()); }},
+    {L"DWGNAME", [](const Document& d, resbuf& result) { return text(result, nameOf(d)); }},
+    {L"DWGPREFIX", [](const Document& d, resbuf& result) { return text(result, folderOf(d)); }},
+    {L"DWGTITLED",
+     [](const Document& d, resbuf& result) { return number(result, d.path().empty() ? 0 : 1); }},
     {L"WRITESTAT",
-     [](const wb::Document& d, resbuf& result) { return number(result, d.readOnly() ? 0 : 1); }},
+     [](const Document& d, resbuf& result) { return number(result, d.readOnly() ? 0 : 1); }},
 };
 
 }  // namespace
 
-extern "C" int acedGetVar(const ACHAR* name, resbuf* result) {
-  if (!name || !result) return RTERROR;
-  const auto* document =
-      static_cast<const wb::Document*>(wb::Host::instance().documents().curDocument());
-  if (!document) return RTERROR;
+bool readVariable(const Document& document, std::wstring_view name, resbuf& result) {
   for (const Variable& variable : variables) {
-    if (wb::sameName(variable.name, name)) {
-      return variable.read(*document, *result) ? RTNORM : RTERROR;
-    }
+    if (sameName(variable.name, name)) return variable.read(document, result);
   }
-  return RTERROR;
+  return false;
 }
+
+}  // namespace wb

@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/SessionState.h"
 #include "core/Transcript.h"
 #include "store/Files.h"
 #include "store/Store.h"
@@ -62,23 +63,27 @@ class Disturbance {
   std::unique_ptr<FileHandle> holder;
 };
 
-std::vector<Disturbance> disturbances;
+struct Disturbances {
+  std::vector<Disturbance> all;
+};
+
+std::vector<Disturbance>& disturbances() { return sessionPart<Disturbances>().all; }
 
 }  // namespace
 
 void disturbFile(const std::filesystem::path& file, DiskFault what, std::wstring operation,
                  unsigned after) {
-  disturbances.emplace_back(file, what, std::move(operation), after);
+  disturbances().emplace_back(file, what, std::move(operation), after);
 }
 
 void disturbAt(std::wstring_view operation) {
-  for (Disturbance& disturbance : disturbances) disturbance.at(operation);
+  for (Disturbance& disturbance : disturbances()) disturbance.at(operation);
 }
 
 size_t endDisturbances() {
   size_t missed = 0;
-  for (Disturbance& disturbance : disturbances) missed += disturbance.end() ? 0 : 1;
-  disturbances.clear();
+  for (Disturbance& disturbance : disturbances()) missed += disturbance.end() ? 0 : 1;
+  disturbances().clear();
   return missed;
 }
 

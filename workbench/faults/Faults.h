@@ -8,7 +8,7 @@
 
 namespace wb {
 
-/// Lets an operation of the client fail, or one of the few of the host that count their calls here.
+/// Lets an operation of the client or of the host fail, or a call that a module makes of Windows.
 /// Operations are named "Interface.operation"; the operation alone stands for that of every
 /// interface.
 /// @param code what the call answers.
@@ -21,13 +21,16 @@ void failOperation(std::wstring operation, HRESULT code, unsigned after = 0, boo
 size_t clearFaults();
 
 /// Counts a call of an operation.
+/// @param isSwept whether the call is one that can fail in practice: it is written down for the
+/// sweep, and other programs can get at their files
 /// @return S_OK, or the code that this call has to fail with.
-HRESULT takeFault(std::wstring_view operation);
+HRESULT takeFault(std::wstring_view operation, bool isSwept = true);
 
-/// From here on every call of an operation is written down; gives what was written down so far.
+/// From here on every call of a swept operation is written down.
+/// @return what was written down so far
 std::vector<std::wstring> recordOperations();
 
-/// Calls of an operation since resetCalls().
+/// Calls of an operation since the session's start or resetCalls().
 unsigned callCount(std::wstring_view operation);
 void resetCalls();
 

@@ -7,8 +7,8 @@
 #include <stdexcept>
 
 #include "core/Accounts.h"
-#include "core/Condition.h"
 #include "core/RegistrySettings.h"
+#include "core/SessionState.h"
 #include "core/Text.h"
 #include "core/Transcript.h"
 #include "dialogs/Answers.h"
@@ -46,20 +46,12 @@ SessionOptions complete(SessionOptions options) {
   return options;
 }
 
-void resetTranscript(const SessionOptions& options) {
-  Transcript& transcript = Transcript::instance();
-  transcript.clear();
+void setUp(Transcript& transcript, const SessionOptions& options) {
   transcript.echo(options.echo);
   transcript.alias(options.workFolder, L"<work>");
   if (!options.drawings.empty()) transcript.alias(options.drawings, L"<drawings>");
   const std::filesystem::path programs = std::filesystem::path(options.client).parent_path();
   if (!programs.empty()) transcript.alias(programs.wstring(), L"<bin>");
-}
-
-void resetClient() {
-  clearFaults();
-  resetCalls();
-  clientCondition() = ClientCondition{};
 }
 
 /// What a prompt asks for while it lives.
@@ -80,6 +72,7 @@ struct Session::State {
       : options(complete(std::move(given))), client(options.client), context{options, client, {}} {}
 
   const SessionOptions options;
+  SessionState shared;
   ClientLibrary client;
   ScriptContext context;
   Ticket since = 0;
@@ -98,16 +91,19 @@ void requireWine() {
 
 }  // namespace
 
-Session::Session(SessionOptions options) : state(std::make_unique<State>(std::move(options))) {
-  if (Host::instance().running()) throw std::runtime_error("another session runs");
+Session::Session(SessionOptions options) {
+  if (SessionState::current() && Host::instance().running()) {
+    throw std::runtime_error("another session runs");
+  }
+  state = std::make_unique<State>(std::move(options));
   prepareWorkFolder(state->options.workFolder, state->options.keep);
   if (!state->options.keep) {
     requireWine();
     resetSettings();
     clearLoadRecord();
   }
-  resetTranscript(state->options);
-  resetClient();
+  setUp(state->shared.transcript, state->options);
+  if (!state->options.accountForMemory) state->shared.accounts.leaveMemoryOut();
   store().open(std::filesystem::path(state->options.workFolder) / L"store");
   if (state->client.isThere()) state->client.enter();
   state->since = nextTicket();
@@ -118,12 +114,7 @@ Session::Session(SessionOptions options) : state(std::make_unique<State>(std::mo
     watchMemory(module);
   };
   host.onModuleLeaving = unwatchImports;
-  if (host.start()) {
-    Answers::instance().setMainWindow(host.mainWindow());
-    return;
-  }
-  Answers::instance().stop();
-  throw std::runtime_error("the stand-in host can't start: it needs a display");
+  host.start();
 }
 
 Session::~Session() {
@@ -143,11 +134,8 @@ void Session::end() {
   host.stop();
   clearFaults();
   host.runner().tellLeaks(state->since, true);
-  host.onModuleMapped = nullptr;
-  host.onModuleLeaving = nullptr;
   Answers::instance().stop();
   store().close();
-  resetClient();
   // Nothing of the session stays behind in the registry for programs that come after it.
   if (state->client.isThere()) state->client.remove();
 }
@@ -181,7 +169,7 @@ void Session::interact() {
 }
 
 const std::vector<std::wstring>& Session::transcript() const {
-  return Transcript::instance().lines();
+  return state->shared.transcript.lines();
 }
 
 bool Session::told(std::wstring_view text) const { return count(text) > 0; }

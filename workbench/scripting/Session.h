@@ -17,6 +17,7 @@ struct SessionOptions {
   unsigned timeoutSeconds = 60;  ///< for each script run; 0 for none
   bool interactive = false;      ///< boxes without a queued answer are left to the person
   bool keep = false;             ///< the work folder, the store and the settings stay as they are
+  bool accountForMemory = true;  ///< what the client hands out is watched until it is freed
 };
 
 /// One run of the stand-in host with its store, settings and client, from a clean start to a clean
@@ -25,7 +26,7 @@ struct SessionOptions {
 class Session {
  public:
   /// Deletes the add-in's and the client's settings, empties the work folder, opens a new store in
-  /// its `store` folder, clears transcript and faults, registers the client and starts the host.
+  /// its `store` folder, registers the client and starts the host.
   /// No module is loaded yet. Raises std::runtime_error with a clear text if any of it can't be
   /// done. A work folder that holds something and was not made by a session is never emptied.
   explicit Session(SessionOptions options);

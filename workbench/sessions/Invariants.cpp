@@ -10,9 +10,12 @@
 #include <iterator>
 
 #include "core/Text.h"
+#include "core/Transcript.h"
 #include "dialogs/Reader.h"
+#include "dialogs/StatusWindow.h"
 #include "sessions/Places.h"
 #include "store/Store.h"
+#include "ui/resource.h"
 
 namespace sessions {
 namespace {
@@ -24,15 +27,6 @@ bool heapsAreSound() {
     if (!HeapValidate(heaps[at], 0, nullptr)) return false;
   }
   return count != 0;
-}
-
-constexpr int lockBox = 1006;
-constexpr int versionText = 1007;
-
-BOOL CALLBACK matchStatusWindow(HWND window, LPARAM argument) {
-  if (!GetDlgItem(window, lockBox) || !GetDlgItem(window, versionText)) return TRUE;
-  *reinterpret_cast<HWND*>(argument) = window;
-  return FALSE;
 }
 
 std::wstring versionName(long version) {
@@ -51,37 +45,34 @@ bool isStored(const wb::StoredFile& file, const std::string& content) {
   return false;
 }
 
-/// A check-out, a refresh or a version that was asked for brings the vault's content to the disk,
-/// an undone check-out as well; a saving writes the user's next content.
-bool wasThrownAway(const std::vector<std::wstring>& lines) {
-  constexpr const wchar_t* ways[] = {L".checkOut(", L".getLocalCopy(", L".getVersion(",
-                                     L"doc: saved ", L"@vault undo "};
-  for (const std::wstring& line : lines) {
-    for (const wchar_t* way : ways) {
-      if (line.find(way) != std::wstring::npos) return true;
-    }
-  }
-  return false;
+/// A check-out, a refresh or a version that was asked for brings the vault's content to the disk; a
+/// saving writes the user's next content.
+bool replacesLocalFiles(const wb::Event& event) {
+  if (event.cause == wb::Event::documentSaved) return true;
+  if (event.kind != wb::Event::client) return false;
+  const std::wstring operation = event.subject.substr(event.subject.find(L'.') + 1);
+  return operation == L"checkOut" || operation == L"getLocalCopy" || operation == L"getVersion";
 }
 
 }  // namespace
 
-std::string Invariants::check(bool thorough, const std::vector<std::wstring>& lines) {
+std::string Invariants::check(bool thorough, size_t firstEvent, bool undone) {
   if (!heapsAreSound()) return "a heap is damaged";
   std::string problem = checkVault(thorough);
-  return problem.empty() ? checkSaved(lines) : problem;
+  if (!problem.empty()) return problem;
+  return checkSaved(undone || wb::Transcript::instance().anySince(firstEvent, replacesLocalFiles));
 }
 
 /// What the user saved stays on the disk or becomes a version, unless he has the vault put another
 /// version in its place.
-std::string Invariants::checkSaved(const std::vector<std::wstring>& lines) {
+std::string Invariants::checkSaved(bool mayBeReplaced) {
   const wb::StoredVault* vault = wb::store().vaultNamed(L"Works");
   for (const auto& [name, file] : vault->files) {
     const std::wstring path = wb::Store::localPath(*vault, file);
     const std::string now = contentOf(path);
     const auto before = saved.find(path);
     if (before != saved.end() && before->second != now && !isStored(file, before->second) &&
-        !wasThrownAway(lines)) {
+        !mayBeReplaced) {
       return "what was saved is lost: " + wb::toUtf8(name);
     }
     saved[path] = now;
@@ -116,8 +107,7 @@ std::string Invariants::checkVault(bool thorough) {
 }
 
 std::string checkStatusWindow() {
-  HWND window = nullptr;
-  EnumThreadWindows(GetCurrentThreadId(), matchStatusWindow, reinterpret_cast<LPARAM>(&window));
+  const HWND window = wb::findStatusWindow();
   const AcApDocument* document = acDocManagerPtr()->mdiActiveDocument();
   if (!window || !document) return {};
   const std::wstring path = document->fileName();
@@ -138,12 +128,13 @@ std::string checkStatusWindow() {
   } else if (file) {
     return {};
   }
-  const std::wstring shown = wb::windowTitle(GetDlgItem(window, versionText));
+  const std::wstring shown = wb::windowTitle(GetDlgItem(window, IDC_VERSION));
   // The words in front are the client's.
   if (shown.substr(shown.rfind(L' ') + 1) != versions) {
     return "the status window shows " + wb::toUtf8(shown) + " for " + wb::toUtf8(versions);
   }
-  if (IsDlgButtonChecked(window, lockBox) != lock) return "the status window's lock box is wrong";
+  if (IsDlgButtonChecked(window, IDC_CHECKED_OUT_HERE) != lock)
+    return "the status window's lock box is wrong";
   return {};
 }
 

@@ -2,7 +2,6 @@
 
 #include <map>
 #include <string>
-#include <vector>
 
 namespace sessions {
 
@@ -11,12 +10,13 @@ class Invariants {
  public:
   /// What doesn't hold, or an empty text.
   /// @param thorough also reads every content in the store's archive
-  /// @param lines the step and what was told in it
-  std::string check(bool thorough, const std::vector<std::wstring>& lines);
+  /// @param firstEvent of the step
+  /// @param undone the step undid a check-out, which brings the vault's content to the disk
+  std::string check(bool thorough, size_t firstEvent, bool undone);
 
  private:
   std::string checkVault(bool thorough);
-  std::string checkSaved(const std::vector<std::wstring>& lines);
+  std::string checkSaved(bool mayBeReplaced);
 
   std::map<std::wstring, size_t> versions;       ///< by local path
   std::map<std::wstring, std::string> contents;  ///< by the archive's name for it

@@ -39,8 +39,8 @@ class Run {
  private:
   static wb::SessionOptions options(unsigned patience) {
     wb::SessionOptions options;
-    options.module = wb::programFile().replace_filename(L"TessaroAcad.arx");
-    options.client = wb::programFile().replace_filename(L"TessaroClient.dll");
+    options.module = wb::programFolder() / L"TessaroAcad.arx";
+    options.client = wb::programFolder() / L"TessaroClient.dll";
     options.workFolder = workFolder();
     options.drawings = drawingsFolder();
     options.timeoutSeconds = patience;
@@ -52,9 +52,9 @@ class Run {
     const bool done = session.run(lines);
     wb::clearFaults();
     std::string problem = problemSince(start);
-    std::vector<std::wstring> story = linesSince(start);
-    story.push_back(wb::fromUtf8(lines));
-    if (problem.empty()) problem = invariants.check(thorough, story);
+    if (problem.empty()) {
+      problem = invariants.check(thorough, start, holds(lines, "@vault undo "));
+    }
     const bool possible = !wb::Transcript::instance().anySince(
         start, [](const wb::Event& event) { return event.kind == wb::Event::attempt; });
     // A drawing is new to the window when it is opened, whatever lay at its address before.
@@ -83,11 +83,6 @@ class Run {
       }
     }
     return {};
-  }
-
-  std::vector<std::wstring> linesSince(size_t start) const {
-    const auto& lines = session.transcript();
-    return {lines.begin() + static_cast<std::ptrdiff_t>(start), lines.end()};
   }
 
   std::string told(size_t start) const {

@@ -2,6 +2,7 @@
 
 #include <objbase.h>
 
+#include "core/SessionState.h"
 #include "core/ResultCodes.h"
 #include "core/Text.h"
 #include "store/Content.h"
@@ -41,10 +42,7 @@ StoreError::StoreError(HRESULT code, const std::wstring& what)
 Store::Store() : content(std::make_unique<StoreContent>()) {}
 Store::~Store() = default;
 
-Store& store() {
-  static Store theStore;
-  return theStore;
-}
+Store& store() { return sessionPart<Store>(); }
 
 void Store::open(const std::filesystem::path& folder) {
   close();

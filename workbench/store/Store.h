@@ -133,7 +133,7 @@ class Store {
   std::unique_ptr<StoreContent> content;
 };
 
-/// The process's store.
+/// The current session's store.
 Store& store();
 
 }  // namespace wb

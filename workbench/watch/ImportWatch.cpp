@@ -4,15 +4,19 @@
 #include <string_view>
 #include <vector>
 
+#include "core/SessionState.h"
 #include "faults/Faults.h"
 #include "watch/WatchedCalls.h"
 
 namespace wb {
 namespace {
 
+struct PatchedModules {
+  std::map<HMODULE, std::vector<PatchedSlot>> slots;
+};
+
 std::map<HMODULE, std::vector<PatchedSlot>>& patchedModules() {
-  static std::map<HMODULE, std::vector<PatchedSlot>> modules;
-  return modules;
+  return sessionPart<PatchedModules>().slots;
 }
 
 std::vector<WatchedCall> allCalls() {

@@ -10,7 +10,7 @@
 #include <exception>
 #include <map>
 
-#include "core/Accounts.h"
+#include "core/SessionState.h"
 #include "core/Transcript.h"
 #include "watch/ImportWatch.h"
 #include "watch/WatchedCalls.h"
@@ -19,10 +19,11 @@ namespace wb {
 namespace {
 
 /// The blocks of the runtime's heap that watched modules hold: where each begins and its bytes.
-std::map<const char*, size_t>& blocks() {
-  static std::map<const char*, size_t> held;
-  return held;
-}
+struct WatchedMemory {
+  std::map<const char*, size_t> blocks;
+};
+
+std::map<const char*, size_t>& blocks() { return sessionPart<WatchedMemory>().blocks; }
 
 void* entered(void* block, size_t size) {
   if (block) blocks()[static_cast<const char*>(block)] = size;
@@ -126,7 +127,7 @@ bool heapsAreWatched() {
 }
 
 void watchMemory(HMODULE module) {
-  if (!memoryIsLeftOut()) patchImports(module, memoryCalls());
+  if (!SessionState::get().accounts.memoryIsLeftOut()) patchImports(module, memoryCalls());
 }
 
 void tellMemoryLeft() {

@@ -4,29 +4,27 @@
 
 #include "core/HandleLedger.h"
 #include "core/RegistrySettings.h"
+#include "core/SessionState.h"
 #include "core/Transcript.h"
 #include "watch/WatchedCalls.h"
 
 namespace wb {
 namespace {
 
-/// The full names of the open keys, so that a value can be told with its place.
-std::map<HKEY, std::wstring>& keyNames() {
-  static std::map<HKEY, std::wstring> names;
-  return names;
-}
+struct WatchedKeys {
+  /// The full names of the open keys, so that a value can be told with its place.
+  std::map<HKEY, std::wstring> names;
+  HandleLedger<HKEY> open{L"registry key"};
+};
 
-HandleLedger<HKEY>& openKeys() {
-  static HandleLedger<HKEY> ledger(L"registry key");
-  return ledger;
-}
+WatchedKeys& keys() { return sessionPart<WatchedKeys>(); }
 
 std::wstring nameOf(HKEY key) {
   if (key == HKEY_CURRENT_USER) return L"HKCU";
   if (key == HKEY_LOCAL_MACHINE) return L"HKLM";
   if (key == HKEY_CLASSES_ROOT) return L"HKCR";
-  const auto at = keyNames().find(key);
-  return at == keyNames().end() ? L"(key)" : at->second;
+  const auto at = keys().names.find(key);
+  return at == keys().names.end() ? L"(key)" : at->second;
 }
 
 std::wstring nameOf(HKEY parent, const wchar_t* subKey) {
@@ -42,8 +40,8 @@ std::wstring outcome(LSTATUS result) {
 }
 
 void keyOpened(HKEY key, std::wstring name) {
-  keyNames()[key] = name;
-  openKeys().opened(key, std::move(name));
+  keys().names[key] = name;
+  keys().open.opened(key, std::move(name));
 }
 
 LSTATUS WINAPI seenRegOpenKeyExW(HKEY key, LPCWSTR subKey, DWORD options, REGSAM access,
@@ -73,8 +71,8 @@ LSTATUS WINAPI seenRegCreateKeyExW(HKEY key, LPCWSTR subKey, DWORD reserved, LPW
 LSTATUS WINAPI seenRegCloseKey(HKEY key) {
   const LSTATUS status = RegCloseKey(key);
   if (status == ERROR_SUCCESS) {
-    openKeys().closed(key);
-    keyNames().erase(key);
+    keys().open.closed(key);
+    keys().names.erase(key);
   } else {
     tell(Event::error, L"RegCloseKey of a key that isn't open");
   }
@@ -115,8 +113,8 @@ std::vector<WatchedCall> registryCalls() {
 }
 
 void forgetWatchedKeys() {
-  openKeys().forget();
-  keyNames().clear();
+  keys().open.forget();
+  keys().names.clear();
 }
 
 }  // namespace wb

@@ -4,6 +4,7 @@
 #include <map>
 
 #include "core/HandleLedger.h"
+#include "core/SessionState.h"
 #include "core/Transcript.h"
 #include "watch/ImportWatch.h"
 #include "watch/WatchedCalls.h"
@@ -11,27 +12,20 @@
 namespace wb {
 namespace {
 
-HandleLedger<HANDLE>& openFiles() {
-  static HandleLedger<HANDLE> ledger(L"file");
-  return ledger;
-}
+struct WatchedResources {
+  HandleLedger<HANDLE> files{L"file"};
+  HandleLedger<HANDLE> images{L"image"};
+  HandleLedger<HMENU> menus{L"menu"};
+};
 
-HandleLedger<HANDLE>& images() {
-  static HandleLedger<HANDLE> ledger(L"image");
-  return ledger;
-}
-
-HandleLedger<HMENU>& menus() {
-  static HandleLedger<HMENU> ledger(L"menu");
-  return ledger;
-}
+WatchedResources& watched() { return sessionPart<WatchedResources>(); }
 
 HANDLE WINAPI seenCreateFileW(LPCWSTR name, DWORD access, DWORD share,
                               LPSECURITY_ATTRIBUTES security, DWORD disposition, DWORD flags,
                               HANDLE pattern) {
   const HANDLE file = CreateFileW(name, access, share, security, disposition, flags, pattern);
   const DWORD error = GetLastError();
-  if (file != INVALID_HANDLE_VALUE) openFiles().opened(file, name ? name : L"");
+  if (file != INVALID_HANDLE_VALUE) watched().files.opened(file, name ? name : L"");
   SetLastError(error);
   return file;
 }
@@ -40,7 +34,7 @@ BOOL WINAPI seenCloseHandle(HANDLE handle) {
   const BOOL closed = CloseHandle(handle);
   const DWORD error = GetLastError();
   if (closed) {
-    openFiles().closed(handle);
+    watched().files.closed(handle);
   } else {
     tell(Event::error, L"CloseHandle of a handle that isn't open");
   }
@@ -61,7 +55,7 @@ HANDLE WINAPI seenLoadImageW(HINSTANCE instance, LPCWSTR name, UINT type, int wi
   const HANDLE image = LoadImageW(instance, name, type, width, height, flags);
   const DWORD error = GetLastError();
   // Shared images belong to Windows.
-  if (image && !(flags & LR_SHARED)) images().opened(image, resourceName(name));
+  if (image && !(flags & LR_SHARED)) watched().images.opened(image, resourceName(name));
   SetLastError(error);
   return image;
 }
@@ -69,7 +63,7 @@ HANDLE WINAPI seenLoadImageW(HINSTANCE instance, LPCWSTR name, UINT type, int wi
 BOOL WINAPI seenDeleteObject(HGDIOBJ object) {
   const BOOL deleted = DeleteObject(object);
   if (deleted) {
-    images().closed(object);
+    watched().images.closed(object);
   } else {
     tell(Event::error, L"DeleteObject of an object that is gone");
   }
@@ -85,7 +79,7 @@ HMENU WINAPI seenCreatePopupMenu() {
   const HMENU menu = CreatePopupMenu();
   const DWORD error = GetLastError();
   // A menu is kept for the next time that it is shown.
-  if (menu) menus().opened(menu, L"popup", true);
+  if (menu) watched().menus.opened(menu, L"popup", true);
   SetLastError(error);
   return menu;
 }
@@ -104,7 +98,7 @@ BOOL WINAPI seenDestroyMenu(HMENU menu) {
   const BOOL destroyed = DestroyMenu(menu);
   const DWORD error = GetLastError();
   if (destroyed) {
-    for (const HMENU gone : all) menus().closed(gone);
+    for (const HMENU gone : all) watched().menus.closed(gone);
   } else {
     tell(Event::error, L"DestroyMenu of a menu that is gone");
   }
@@ -127,9 +121,9 @@ std::vector<WatchedCall> resourceCalls() {
 }
 
 void forgetWatchedResources() {
-  openFiles().forget();
-  images().forget();
-  menus().forget();
+  watched().files.forget();
+  watched().images.forget();
+  watched().menus.forget();
 }
 
 }  // namespace wb

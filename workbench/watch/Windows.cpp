@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "core/HandleLedger.h"
+#include "core/SessionState.h"
 #include "dialogs/Answers.h"
 #include "dialogs/Reader.h"
 #include "watch/ImportWatch.h"
@@ -16,22 +17,14 @@ namespace {
 
 using TimerKey = std::pair<HWND, UINT_PTR>;
 
-HandleLedger<TimerKey>& timers() {
-  static HandleLedger<TimerKey> ledger(L"timer");
-  return ledger;
-}
+struct WatchedWindows {
+  HandleLedger<TimerKey> timers{L"timer"};
+  std::map<TimerKey, UINT> periods;
+  HandleLedger<HWND> dialogs{L"window"};
+  int apartments = 0;
+};
 
-HandleLedger<HWND>& dialogs() {
-  static HandleLedger<HWND> ledger(L"window");
-  return ledger;
-}
-
-std::map<TimerKey, UINT>& periods() {
-  static std::map<TimerKey, UINT> all;
-  return all;
-}
-
-int apartments = 0;
+WatchedWindows& watched() { return sessionPart<WatchedWindows>(); }
 
 int WINAPI seenMessageBoxW(HWND owner, LPCWSTR text, LPCWSTR title, UINT flags) {
   if (windowsFails(L"module.MessageBoxW")) return 0;
@@ -45,8 +38,8 @@ UINT_PTR WINAPI seenSetTimer(HWND window, UINT_PTR id, UINT period, TIMERPROC pr
   // A timer that is set again in a command was there before it, and goes on after it.
   if (timer) {
     const TimerKey key{window, window ? id : timer};
-    timers().opened(key, std::to_wstring(period) + L" ms", true);
-    periods()[key] = period;
+    watched().timers.opened(key, std::to_wstring(period) + L" ms", true);
+    watched().periods[key] = period;
   }
   SetLastError(error);
   return timer;
@@ -56,8 +49,8 @@ BOOL WINAPI seenKillTimer(HWND window, UINT_PTR id) {
   const BOOL killed = KillTimer(window, id);
   const DWORD error = GetLastError();
   if (killed) {
-    timers().closed({window, id});
-    periods().erase({window, id});
+    watched().timers.closed({window, id});
+    watched().periods.erase({window, id});
   }
   SetLastError(error);
   return killed;
@@ -70,7 +63,7 @@ HWND WINAPI seenCreateDialogParamW(HINSTANCE instance, LPCWSTR name, HWND owner,
   const DWORD error = GetLastError();
   if (dialog) {
     Answers::instance().noteModeless(dialog);
-    dialogs().opened(dialog, windowTitle(dialog), true);
+    watched().dialogs.opened(dialog, windowTitle(dialog), true);
   }
   SetLastError(error);
   return dialog;
@@ -86,8 +79,8 @@ BOOL WINAPI seenDestroyWindow(HWND window) {
   const BOOL destroyed = DestroyWindow(window);
   const DWORD error = GetLastError();
   if (destroyed) {
-    dialogs().closed(window);
-    timers().closedWhere([&](const TimerKey& timer) { return timer.first == window; });
+    watched().dialogs.closed(window);
+    watched().timers.closedWhere([&](const TimerKey& timer) { return timer.first == window; });
   }
   SetLastError(error);
   return destroyed;
@@ -95,18 +88,18 @@ BOOL WINAPI seenDestroyWindow(HWND window) {
 
 HRESULT WINAPI seenCoInitialize(LPVOID reserved) {
   const HRESULT result = CoInitialize(reserved);
-  if (SUCCEEDED(result)) ++apartments;
+  if (SUCCEEDED(result)) ++watched().apartments;
   return result;
 }
 
 HRESULT WINAPI seenCoInitializeEx(LPVOID reserved, DWORD model) {
   const HRESULT result = CoInitializeEx(reserved, model);
-  if (SUCCEEDED(result)) ++apartments;
+  if (SUCCEEDED(result)) ++watched().apartments;
   return result;
 }
 
 void WINAPI seenCoUninitialize() {
-  --apartments;
+  --watched().apartments;
   CoUninitialize();
 }
 
@@ -127,16 +120,17 @@ std::vector<WatchedCall> windowCalls() {
 }
 
 void forgetWatchedWindows() {
-  timers().forget();
-  dialogs().forget();
-  periods().clear();
+  watched().timers.forget();
+  watched().dialogs.forget();
+  watched().periods.clear();
 }
 
 std::optional<UINT> watchedTimer(HWND window, UINT_PTR id) {
-  const auto at = periods().find({window, id});
-  return at == periods().end() || !IsWindow(window) ? std::nullopt : std::optional(at->second);
+  const auto at = watched().periods.find({window, id});
+  return at == watched().periods.end() || !IsWindow(window) ? std::nullopt
+                                                            : std::optional(at->second);
 }
 
-int apartmentBalance() { return apartments; }
+int apartmentBalance() { return watched().apartments; }
 
 }  // namespace wb

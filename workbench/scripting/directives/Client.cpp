@@ -2,9 +2,9 @@
 
 #include <cwchar>
 
-#include "core/Condition.h"
 #include "core/RegistrySettings.h"
 #include "core/ResultNames.h"
+#include "core/SessionState.h"
 #include "core/Transcript.h"
 #include "faults/DiskFaults.h"
 #include "faults/Faults.h"

@@ -4,6 +4,7 @@
 #include "core/Transcript.h"
 #include "editor/ContextMenus.h"
 #include "editor/Host.h"
+#include "gate/HostError.h"
 #include "scripting/Directives.h"
 
 namespace wb {
@@ -16,8 +17,11 @@ std::vector<std::wstring> names(Arguments& arguments) {
 }
 
 void pick(ScriptContext&, Arguments& arguments) {
-  std::wstring error;
-  if (!Selection::instance().pick(names(arguments), error)) throw ImpossibleStep(error);
+  try {
+    Selection::instance().pick(names(arguments));
+  } catch (const HostError& error) {
+    throw ImpossibleStep(error.reason);
+  }
 }
 
 void select(ScriptContext&, Arguments& arguments) {
@@ -40,8 +44,8 @@ void menu(ScriptContext&, Arguments& arguments) {
     if (arguments.take(L"open")) submenu = arguments.textUntil();
   }
   arguments.end();
-  const AcDbObjectIdArray picked = Selection::instance().picked();
-  if (picked.length() == 0) throw ScriptError(L"nothing is picked");
+  const Selection::Ids picked = Selection::instance().picked();
+  if (picked.empty()) throw ScriptError(L"nothing is picked");
   ContextMenus& menus = Host::instance().menus();
   menus.rightClick(picked);
   for (const MenuItem& item : menus.items()) tell(Event::menu, describe(item));
@@ -51,13 +55,8 @@ void menu(ScriptContext&, Arguments& arguments) {
   if (!problem.empty()) throw ScriptError(problem);
 }
 
-bool isOpenFor(const ContextMenus& menus, const AcDbObjectIdArray& picked) {
-  const AcDbObjectIdArray& clicked = menus.clicked();
-  bool same = !menus.items().empty() && clicked.length() == picked.length();
-  for (int index = 0; same && index < picked.length(); ++index) {
-    same = clicked[index] == picked[index];
-  }
-  return same;
+bool isOpenFor(const ContextMenus& menus, const Selection::Ids& picked) {
+  return !menus.items().empty() && menus.clicked() == picked;
 }
 
 void choose(ScriptContext&, Arguments& arguments) {

@@ -2,31 +2,18 @@
 
 #include "core/Transcript.h"
 #include "dialogs/Reader.h"
+#include "dialogs/StatusWindow.h"
 #include "scripting/Directives.h"
+#include "ui/resource.h"
 #include "watch/ImportWatch.h"
 
 namespace wb {
 namespace {
 
-constexpr int xrefBox = 1005;
-constexpr int lockBox = 1006;
-constexpr int versionText = 1007;
-constexpr int refreshButton = 1021;
 constexpr UINT_PTR monitorTimer = 1;
 
-BOOL CALLBACK matchStatusWindow(HWND window, LPARAM argument) {
-  if (!isDialogWindow(window)) return TRUE;
-  for (const int id : {xrefBox, lockBox, versionText, refreshButton}) {
-    if (!GetDlgItem(window, id)) return TRUE;
-  }
-  *reinterpret_cast<HWND*>(argument) = window;
-  return FALSE;
-}
-
-/// By its controls: the title is in the language of the client.
 HWND statusWindow() {
-  HWND found = nullptr;
-  EnumThreadWindows(GetCurrentThreadId(), matchStatusWindow, reinterpret_cast<LPARAM>(&found));
+  const HWND found = findStatusWindow();
   if (!found) throw ImpossibleStep(L"there is no status window");
   return found;
 }
@@ -73,14 +60,14 @@ std::wstring boxState(HWND window, int id) {
 }
 
 void show(HWND window) {
-  const std::wstring version = wb::quoted(windowTitle(GetDlgItem(window, versionText)));
+  const std::wstring version = wb::quoted(windowTitle(GetDlgItem(window, IDC_VERSION)));
   const auto timer = watchedTimer(window, monitorTimer);
-  tell(Event::window, wb::quoted(windowTitle(window)) +
-                          (IsWindowVisible(window) ? L" shown, " : L" hidden, ") +
-                          boxState(window, xrefBox) + L", " + boxState(window, lockBox) + L", " +
-                          controlState(window, versionText, version) + L", " +
-                          controlState(window, refreshButton) + L", timer=" +
-                          (timer ? std::to_wstring(*timer) + L" ms" : std::wstring(L"off")));
+  tell(Event::window,
+       wb::quoted(windowTitle(window)) + (IsWindowVisible(window) ? L" shown, " : L" hidden, ") +
+           boxState(window, IDC_XREFS_LATEST) + L", " + boxState(window, IDC_CHECKED_OUT_HERE) +
+           L", " + controlState(window, IDC_VERSION, version) + L", " +
+           controlState(window, IDC_REFRESH) + L", timer=" +
+           (timer ? std::to_wstring(*timer) + L" ms" : std::wstring(L"off")));
 }
 
 void window(ScriptContext&, Arguments& arguments) {

@@ -1,14 +1,14 @@
 #pragma once
 
-#include <acadstrc.h>
+#include "gate/HostCall.h"
 
 namespace wb {
 
 /// The answer of a host function that the workbench doesn't serve: a failure of the function's
-/// type. Making one tells the use as an `error`, so that it can't go unseen.
+/// type. Making one is the call, which is reported as an `error`, so that it can't go unseen.
 class NotServed {
  public:
-  /// @param function class and name, a literal
+  /// @param function "Class.method", a literal
   explicit NotServed(const wchar_t* function);
 
   operator Acad::ErrorStatus() const { return Acad::eNotImplementedYet; }

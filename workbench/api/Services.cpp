@@ -1,15 +1,21 @@
 #include <dbapserv.h>
 
 #include "core/StandInTime.h"
+#include "database/DatabaseState.h"
+#include "database/Drawing.h"
 #include "editor/FileSelection.h"
-#include "notserved/NotServed.h"
+#include "gate/HostCall.h"
+#include "gate/NotServed.h"
+#include "notserved/Editor.h"
+
+using wb::HostCall;
 
 namespace {
 
 class Services : public AcDbHostApplicationServices {
  public:
   Acad::ErrorStatus findFile(ACHAR*, int, const ACHAR*, AcDbDatabase*, FindFileHint) override {
-    return wb::NotServed(L"AcDbHostApplicationServices::findFile");
+    return wb::NotServed(L"AcDbHostApplicationServices.findFile");
   }
 };
 
@@ -18,8 +24,23 @@ AcDbHostApplicationServices& services() {
   return one;
 }
 
+class LayoutManager : public wb::NotServedLayoutManager {
+ public:
+  const ACHAR* findActiveLayout(bool allowModel) override {
+    return HostCall(L"AcDbLayoutManager.findActiveLayout").run<const ACHAR*>(nullptr, [&] {
+      const AcDbDatabase* working = acdbHostApplicationServices()->workingDatabase();
+      const wb::Drawing* drawing = wb::Drawing::of(working);
+      std::wstring& found = wb::databaseState().activeLayout;
+      if (drawing) found = allowModel ? drawing->currentLayout() : drawing->currentSheet();
+      return drawing ? found.c_str() : nullptr;
+    });
+  }
+};
+
 }  // namespace
 
+// The interface asks for data of the library's own; the working database in it goes with the
+// session's last document.
 AcDbHostApplicationServices* s_pServices = &services();
 
 AcDbHostApplicationServices::AcDbHostApplicationServices()
@@ -36,8 +57,14 @@ AcDbHostApplicationServices::AcDbHostApplicationServices()
 AcDbHostApplicationServices::~AcDbHostApplicationServices() = default;
 
 void AcDbHostApplicationServices::setWorkingDatabase(AcDbDatabase* pDatabase) {
-  const wb::InStandIn inside;
-  mpWorkingDatabase = pDatabase;
+  const HostCall call(L"AcDbHostApplicationServices.setWorkingDatabase");
+  call.run([&] { mpWorkingDatabase = pDatabase; });
+}
+
+AcDbLayoutManager* AcDbHostApplicationServices::layoutManager() const {
+  static LayoutManager manager;
+  const HostCall call(L"AcDbHostApplicationServices.layoutManager");
+  return &manager;
 }
 
 Acad::ErrorStatus AcDbHostApplicationServices::selectFile(short* userCancel, ACHAR*& chosenPath,
@@ -46,21 +73,28 @@ Acad::ErrorStatus AcDbHostApplicationServices::selectFile(short* userCancel, ACH
                                                           const ACHAR* name, const ACHAR* type,
                                                           int* pnChoice, bool* pbReadOnly,
                                                           const ACHAR* pszWSTags, void* pReserved) {
+  const HostCall call(L"AcDbHostApplicationServices.selectFile");
+  if (call.refused()) return Acad::eOutOfMemory;
   wb::FileSelection& selection = wb::FileSelection::instance();
   for (SELECTFILEPROC proc : selection.callbacks()) {
+    const wb::InModule outside;
     const Acad::ErrorStatus status = proc(userCancel, chosenPath, hwnd, nFlags, prompt, dir, name,
                                           type, pnChoice, pbReadOnly, pszWSTags, pReserved);
     if (status != Acad::eNotHandled) return status;
   }
-  return selection.pick(userCancel, chosenPath, nFlags);
+  return call.run(Acad::eOutOfMemory,
+                  [&] { return selection.pick(userCancel, chosenPath, nFlags); });
 }
 
 Acad::ErrorStatus AcDbHostApplicationServices::registerSelectFileCallback(const ACHAR* appName,
                                                                           SELECTFILEPROC proc,
                                                                           bool unRegister,
                                                                           bool asPrimary) {
-  if (!appName || !proc) return Acad::eInvalidInput;
-  wb::FileSelection& selection = wb::FileSelection::instance();
-  if (unRegister) return selection.removeCallback(appName, proc) ? Acad::eOk : Acad::eKeyNotFound;
-  return selection.addCallback(appName, proc, asPrimary) ? Acad::eOk : Acad::eDuplicateKey;
+  const HostCall call(L"AcDbHostApplicationServices.registerSelectFileCallback");
+  return call.run(Acad::eInvalidInput, [&] {
+    if (!appName || !proc) return Acad::eInvalidInput;
+    wb::FileSelection& selection = wb::FileSelection::instance();
+    if (unRegister) return selection.removeCallback(appName, proc) ? Acad::eOk : Acad::eKeyNotFound;
+    return selection.addCallback(appName, proc, asPrimary) ? Acad::eOk : Acad::eDuplicateKey;
+  });
 }

@@ -1,0 +1,88 @@
+// The descriptions of the host's classes, and the constructors and destructors that have nothing to
+// do.
+#include <windows.h>
+
+#include <accmd.h>
+#include <acdocman.h>
+#include <aced.h>
+#include <appinfo.h>
+#include <dbapserv.h>
+#include <dbents.h>
+#include <dblayout.h>
+#include <dbsymtb.h>
+
+#include "database/Classes.h"
+#include "gate/HostCall.h"
+
+using wb::HostCall;
+
+/// Implements what ACRX_DECLARE_MEMBERS declares. The descriptions are made while the library
+/// loads, so that the "ClassDictionary" is complete before any application can ask it. They belong
+/// to the process, as the classes do. These calls can't fail.
+#define DEFINE_RX_CLASS(CLASS, PARENT)                                              \
+  AcRxClass* CLASS::desc() {                                                        \
+    const HostCall call(L## #CLASS L".desc");                                       \
+    static AcRxClass* const description = AcRxClassImp::define(L## #CLASS, PARENT); \
+    return description;                                                             \
+  }                                                                                 \
+  AcRxClass* CLASS::isA() const {                                                   \
+    const HostCall call(L## #CLASS L".isA");                                        \
+    return CLASS::desc();                                                           \
+  }                                                                                 \
+  namespace {                                                                       \
+  [[maybe_unused]] AcRxClass* const CLASS##Description = CLASS::desc();             \
+  }
+
+DEFINE_RX_CLASS(AcRxObject, nullptr)
+DEFINE_RX_CLASS(AcRxClass, AcRxObject::desc())
+DEFINE_RX_CLASS(AcRxDictionary, AcRxObject::desc())
+DEFINE_RX_CLASS(AcRxDynamicLinker, AcRxObject::desc())
+DEFINE_RX_CLASS(AcRxEvent, AcRxObject::desc())
+DEFINE_RX_CLASS(AcRxEventReactor, AcRxObject::desc())
+DEFINE_RX_CLASS(AcEditor, AcRxEvent::desc())
+DEFINE_RX_CLASS(AcEditorReactor, AcRxEventReactor::desc())
+DEFINE_RX_CLASS(AcEdCommandStack, AcRxObject::desc())
+DEFINE_RX_CLASS(AcEdUIContext, AcRxObject::desc())
+DEFINE_RX_CLASS(AcadAppInfo, AcRxObject::desc())
+DEFINE_RX_CLASS(AcApDocument, AcRxObject::desc())
+DEFINE_RX_CLASS(AcApDocumentIterator, AcRxObject::desc())
+DEFINE_RX_CLASS(AcApDocManager, AcRxObject::desc())
+DEFINE_RX_CLASS(AcApDocManagerReactor, AcRxObject::desc())
+DEFINE_RX_CLASS(AcDbHostApplicationServices, AcRxObject::desc())
+DEFINE_RX_CLASS(AcDbDatabase, AcRxObject::desc())
+DEFINE_RX_CLASS(AcGiDrawable, AcRxObject::desc())
+DEFINE_RX_CLASS(AcDbObject, AcGiDrawable::desc())
+DEFINE_RX_CLASS(AcDbObjectIterator, AcRxObject::desc())
+DEFINE_RX_CLASS(AcDbSymbolTable, AcDbObject::desc())
+DEFINE_RX_CLASS(AcDbSymbolTableRecord, AcDbObject::desc())
+DEFINE_RX_CLASS(AcDbBlockTable, AcDbSymbolTable::desc())
+DEFINE_RX_CLASS(AcDbBlockTableRecord, AcDbSymbolTableRecord::desc())
+DEFINE_RX_CLASS(AcDbLayout, AcDbObject::desc())
+DEFINE_RX_CLASS(AcDbEntity, AcDbObject::desc())
+DEFINE_RX_CLASS(AcDbBlockReference, AcDbEntity::desc())
+DEFINE_RX_CLASS(AcDbText, AcDbEntity::desc())
+DEFINE_RX_CLASS(AcDbAttribute, AcDbText::desc())
+
+AcRxObject::AcRxObject() { HostCall(L"host.AcRxObject"); }
+AcGiDrawable::AcGiDrawable() = default;
+AcDbObject::AcDbObject() = default;
+AcDbObject::~AcDbObject() = default;
+AcDbEntity::AcDbEntity() = default;
+AcDbEntity::~AcDbEntity() = default;
+AcDbSymbolTable::AcDbSymbolTable() = default;
+AcDbSymbolTable::~AcDbSymbolTable() = default;
+AcDbSymbolTableRecord::AcDbSymbolTableRecord() = default;
+AcDbSymbolTableRecord::~AcDbSymbolTableRecord() = default;
+AcDbBlockTable::AcDbBlockTable() = default;
+AcDbBlockTable::~AcDbBlockTable() = default;
+AcDbBlockTableRecord::AcDbBlockTableRecord() = default;
+AcDbBlockTableRecord::~AcDbBlockTableRecord() = default;
+AcDbLayout::AcDbLayout() = default;
+AcDbLayout::~AcDbLayout() = default;
+AcDbBlockReference::AcDbBlockReference() = default;
+AcDbBlockReference::~AcDbBlockReference() = default;
+AcDbText::AcDbText() = default;
+AcDbText::~AcDbText() = default;
+AcDbAttribute::AcDbAttribute() = default;
+AcDbAttribute::~AcDbAttribute() = default;
+AcDbDatabase::AcDbDatabase() = default;

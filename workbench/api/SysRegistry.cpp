@@ -1,0 +1,136 @@
+#include <accmd.h>
+#include <aced.h>
+#include <rxregsvc.h>
+
+#include <map>
+#include <memory>
+#include <string>
+
+#include "core/SessionState.h"
+#include "core/Text.h"
+#include "database/Classes.h"
+#include "editor/CommandStack.h"
+#include "editor/Editor.h"
+#include "editor/Host.h"
+#include "editor/ModuleLoader.h"
+#include "gate/HostCall.h"
+
+using wb::HostCall;
+
+namespace {
+
+/// The services that applications register; they own none of what they take out.
+class ServiceDictionary : public wb::NotServedDictionary {
+ public:
+  using NotServedDictionary::at;
+  using NotServedDictionary::remove;
+  AcRxObject* at(const ACHAR* key) const override {
+    return HostCall(L"AcRxDictionary.at").run<AcRxObject*>(nullptr, [&]() -> AcRxObject* {
+      const auto found = key ? services.find(key) : services.end();
+      return found == services.end() ? nullptr : found->second.get();
+    });
+  }
+  AcRxObject* remove(const ACHAR* key) override {
+    return HostCall(L"AcRxDictionary.remove").run<AcRxObject*>(nullptr, [&]() -> AcRxObject* {
+      const auto found = key ? services.find(key) : services.end();
+      if (found == services.end()) return nullptr;
+      AcRxObject* service = found->second.release();
+      services.erase(found);
+      return service;
+    });
+  }
+  AcRxObject* add(const ACHAR* key) {
+    return services.emplace(key, std::make_unique<Service>()).first->second.get();
+  }
+
+ private:
+  class Service : public AcRxObject {};
+  std::map<std::wstring, std::unique_ptr<AcRxObject>, wb::LessIgnoringCase> services;
+};
+
+/// Classes and services of the host's own can't be taken away.
+class FixedDictionary : public wb::NotServedDictionary {
+ public:
+  using NotServedDictionary::at;
+  using NotServedDictionary::remove;
+  AcRxObject* at(const ACHAR* key) const override {
+    return HostCall(L"AcRxDictionary.at").run<AcRxObject*>(nullptr, [&] {
+      return key ? find(key) : nullptr;
+    });
+  }
+  AcRxObject* remove(const ACHAR*) override {
+    return HostCall(L"AcRxDictionary.remove").run<AcRxObject*>(nullptr, [] { return nullptr; });
+  }
+
+ private:
+  virtual AcRxObject* find(const ACHAR* key) const = 0;
+};
+
+class ClassDictionary : public FixedDictionary {
+  AcRxObject* find(const ACHAR* key) const override { return AcRxClassImp::find(key); }
+};
+
+class DynamicLinker : public wb::NotServedLinker {
+ public:
+  bool lockApplication(void* appId) const override {
+    return HostCall(L"AcRxDynamicLinker.lockApplication").run(false, [&] {
+      return modules().setLocked(appId, true);
+    });
+  }
+  bool unlockApplication(void* appId) const override {
+    return HostCall(L"AcRxDynamicLinker.unlockApplication").run(false, [&] {
+      return modules().setLocked(appId, false);
+    });
+  }
+  bool registerAppMDIAware(void* appId) const override {
+    return HostCall(L"AcRxDynamicLinker.registerAppMDIAware").run(false, [&] {
+      return modules().setAwareOfDocuments(appId, true);
+    });
+  }
+  bool registerAppNotMDIAware(void* appId) const override {
+    return HostCall(L"AcRxDynamicLinker.registerAppNotMDIAware").run(false, [&] {
+      return modules().setAwareOfDocuments(appId, false);
+    });
+  }
+
+ private:
+  static wb::ModuleLoader& modules() { return wb::Host::instance().modules(); }
+};
+
+class SysRegistry : public FixedDictionary {
+ public:
+  ServiceDictionary& services() { return services_; }
+
+ private:
+  AcRxObject* find(const ACHAR* key) const override {
+    const struct {
+      const wchar_t* name;
+      AcRxObject* service;
+    } all[] = {{L"ACAD_REGISTERED_COMMANDS", &wb::Host::instance().commands()},
+               {L"AcEditor", &wb::Host::instance().editor()},
+               {L"ClassDictionary", &classes},
+               {L"ServiceDictionary", &services_},
+               {ACRX_DYNAMIC_LINKER, &linker}};
+    for (const auto& one : all) {
+      if (wb::sameName(key, one.name)) return one.service;
+    }
+    return nullptr;
+  }
+
+  mutable ClassDictionary classes;
+  mutable ServiceDictionary services_;
+  mutable DynamicLinker linker;
+};
+
+}  // namespace
+
+extern "C" AcRxDictionary* acrxSysRegistry() {
+  const HostCall call(L"host.acrxSysRegistry");
+  return &wb::sessionPart<SysRegistry>();
+}
+
+void* acrxRegisterService(const ACHAR* name) {
+  return HostCall(L"host.acrxRegisterService").run<void*>(nullptr, [&] {
+    return name && *name ? wb::sessionPart<SysRegistry>().services().add(name) : nullptr;
+  });
+}

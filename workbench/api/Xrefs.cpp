@@ -1,0 +1,103 @@
+#include <windows.h>
+
+#include <dbapserv.h>
+#include <dbmain.h>
+#include <xgraph.h>
+
+#include <acedxref.h>
+
+#include <cstdlib>
+#include <cwchar>
+#include <string>
+
+#include "database/DatabaseState.h"
+#include "database/Drawing.h"
+#include "database/XrefGraph.h"
+#include "database/Xrefs.h"
+#include "gate/HostCall.h"
+
+using wb::HostCall;
+
+namespace {
+
+wb::Drawing& drawingOf(const AcDbDatabase* database) {
+  wb::Drawing* const drawing =
+      wb::Drawing::of(database ? database : acdbHostApplicationServices()->workingDatabase());
+  if (!drawing) throw wb::HostError(L"no drawing is open", Acad::eNoDatabase);
+  return *drawing;
+}
+
+}  // namespace
+
+AcDbGraphNode::AcDbGraphNode(void* pData)
+    : mpData(pData), mFlags(0), mpOwner(nullptr), mpCycleOut(nullptr), mpCycleIn(nullptr) {}
+AcDbGraphNode::~AcDbGraphNode() = default;
+
+AcDbGraph::AcDbGraph(AcDbGraphNode* pRoot) : mpCycleNodes(nullptr), mDirty(false) {
+  if (pRoot) addNode(pRoot);
+}
+AcDbGraph::~AcDbGraph() { reset(); }
+
+Acad::ErrorStatus AcDbGraph::addNode(AcDbGraphNode* pNode) {
+  if (!pNode || pNode->mpOwner) return Acad::eInvalidInput;
+  pNode->mpOwner = this;
+  mNodes.append(pNode);
+  mDirty = true;
+  return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbGraph::addEdge(AcDbGraphNode* pFrom, AcDbGraphNode* pTo) {
+  if (!pFrom || !pTo || pFrom->mpOwner != this || pTo->mpOwner != this) return Acad::eInvalidInput;
+  pFrom->mOutgoing.append(pTo);
+  pTo->mIncoming.append(pFrom);
+  mDirty = true;
+  return Acad::eOk;
+}
+
+void AcDbGraph::reset() {
+  for (int index = 0; index < numNodes(); ++index) delete node(index);
+  mNodes.removeAll();
+  mDirty = true;
+}
+
+AcDbXrefGraphNode::AcDbXrefGraphNode(const ACHAR* pName, AcDbObjectId btrId)
+    : mpxdata(nullptr),
+      mpName(_wcsdup(pName ? pName : L"")),
+      mBtrId(btrId),
+      mStatus(),
+      mNotifyStatus() {}
+AcDbXrefGraphNode::~AcDbXrefGraphNode() { std::free(mpName); }
+
+AcDbXrefGraph::AcDbXrefGraph(AcDbXrefGraphNode* pHost) : AcDbGraph(pHost) {
+  HostCall(L"host.AcDbXrefGraph");
+}
+
+AcDbXrefGraph::~AcDbXrefGraph() {
+  const HostCall call(L"host.~AcDbXrefGraph");
+  wb::databaseState().graphs.closed(this);
+  reset();
+}
+
+Acad::ErrorStatus acedGetCurDwgXrefGraph(AcDbXrefGraph& graph, Adesk::Boolean includeGhosts) {
+  const HostCall call(L"host.acedGetCurDwgXrefGraph", HostCall::swept);
+  return call.run(Acad::eOutOfMemory, [&] {
+    wb::fillXrefGraph(graph, drawingOf(nullptr), includeGhosts != Adesk::kFalse);
+    return Acad::eOk;
+  });
+}
+
+Acad::ErrorStatus acedXrefUnload(const ACHAR* XrefBlockname, const bool, AcDbDatabase* pHostDb) {
+  return HostCall(L"host.acedXrefUnload", HostCall::swept).run(Acad::eFilerError, [&] {
+    if (!XrefBlockname || !*XrefBlockname) return Acad::eNullBlockName;
+    drawingOf(pHostDb).xrefs().unload(XrefBlockname);
+    return Acad::eOk;
+  });
+}
+
+Acad::ErrorStatus acedXrefReload(const ACHAR* XrefBlockname, const bool, AcDbDatabase* pHostDb) {
+  return HostCall(L"host.acedXrefReload", HostCall::swept).run(Acad::eFilerError, [&] {
+    if (!XrefBlockname || !*XrefBlockname) return Acad::eNullBlockName;
+    drawingOf(pHostDb).xrefs().reload(XrefBlockname);
+    return Acad::eOk;
+  });
+}

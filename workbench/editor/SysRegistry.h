@@ -1,8 +1,0 @@
-#pragma once
-
-namespace wb {
-
-/// Empties "ServiceDictionary", deleting what stands in it.
-void clearServices();
-
-}  // namespace wb
