@@ -207,8 +207,7 @@ TEST_F(WindowReentrance, OneCauseBringsOneBox) {
     // A tick comes while the box of the opening is up.
     const InNextLoop loop([] { tick(); });
     wb::Answers::instance().queue(L"ok");
-    std::wstring reason;
-    host().documents().open(pathOf(L"Plan.dxf"), false, reason);
+    host().documents().open(pathOf(L"Plan.dxf"), false);
   }
   EXPECT_EQ(count(L"box: "), 1) << recent();
   EXPECT_EQ(count(L"error: "), 0) << recent();
@@ -219,10 +218,7 @@ TEST_F(WindowReentrance, AnEventInTheMiddleOfAStepFollowsIt) {
   run("@fail VaultFile.latestVersion E_QVT_PERMISSION_DENIED\n");
   mark();
   {
-    const InNextLoop loop([] {
-      std::wstring reason;
-      host().documents().open(pathOf(L"Other.dxf"), false, reason);
-    });
+    const InNextLoop loop([] { host().documents().open(pathOf(L"Other.dxf"), false); });
     wb::Answers::instance().queue(L"ok");
     tick();
   }

@@ -212,14 +212,14 @@ TEST_F(TitleBlock, WhatCantBeOpenedIsPassedOver) {
   for (const char* layout : {"Model", "Layout1", "Layout2"}) card("Title", layout, "new");
   // The first attribute is held by somebody else: the later ones of its reference aren't tried.
   AcDbObjectImp& held = attribute(L"Layout1", 0);
-  ASSERT_EQ(held.open(AcDb::kForRead, false), Acad::eOk);
+  held.open(AcDb::kForRead, false);
   attribute(L"Layout2", 0).erased = true;
   run("Tessaro_update\n");
   held.close();
   EXPECT_EQ(texts(L"DRAWING_NO"),
             (Texts{{L"Model", L"new"}, {L"Layout1", L"-"}, {L"Layout2", L"new"}}));
   AcDbObjectImp& taken = reference(L"Model");
-  ASSERT_EQ(taken.open(AcDb::kForRead, false), Acad::eOk);
+  taken.open(AcDb::kForRead, false);
   for (const char* layout : {"Model", "Layout1"}) card("Title", layout, "newer");
   run("Tessaro_update\n");
   taken.close();

@@ -5,8 +5,8 @@
 #include "client/Bstr.h"
 #include "client/Owned.h"
 #include "client/Results.h"
-#include "core/SessionState.h"
 #include "core/ResultNames.h"
+#include "core/SessionState.h"
 #include "core/Text.h"
 #include "core/Transcript.h"
 #include "faults/Faults.h"
@@ -80,7 +80,8 @@ ClientCall& ClientCall::code(const wchar_t* name, HRESULT value) {
 }
 
 ClientCall& ClientCall::window(const wchar_t* name, long handle) {
-  const auto mainHandle = static_cast<long>(reinterpret_cast<LONG_PTR>(SessionState::get().mainWindow));
+  const auto mainHandle =
+      static_cast<long>(reinterpret_cast<LONG_PTR>(SessionState::get().mainWindow));
   if (handle == 0) return argument(name, L"none");
   return argument(name, handle == mainHandle ? L"main" : L"window");
 }

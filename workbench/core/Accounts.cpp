@@ -110,8 +110,8 @@ Ticket Accounts::firstTicket() {
 Accounts::~Accounts() { freeSpy().forget(this); }
 
 bool Accounts::watchesFrees() {
-  static const bool registered = !memoryLeftOut && registerFreeSpy();
   if (memoryLeftOut) return false;
+  static const bool registered = registerFreeSpy();
   if (!watches) {
     watches = registered;
     freeSpy().reportTo(this);

@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include "core/Transcript.h"
+#include "dialogs/DialogError.h"
 #include "dialogs/Reader.h"
 #include "dialogs/Screenshot.h"
 
@@ -16,23 +17,22 @@ void notifyParent(HWND control, int code) {
                reinterpret_cast<LPARAM>(control));
 }
 
-std::wstring pickInCombo(HWND combo, const std::wstring& text) {
+void pickInCombo(HWND combo, const std::wstring& text) {
   const LRESULT index = SendMessageW(combo, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
                                      reinterpret_cast<LPARAM>(text.c_str()));
-  if (index == CB_ERR) return L"its list has no line " + wb::quoted(text);
+  if (index == CB_ERR) throw DialogError(L"its list has no line " + wb::quoted(text));
   SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(index), 0);
   notifyParent(combo, CBN_SELCHANGE);
-  return {};
 }
 
 class StepPerformer {
  public:
   StepPerformer(HWND dialog, std::wstring& told) : dialog(dialog), told(told) {}
 
-  std::wstring operator()(const FillControl& step) const {
+  void operator()(const FillControl& step) const {
     const HWND control = findControl(dialog, step.id);
-    if (!control) return noSuchControl(step.id);
-    if (!IsWindowEnabled(control)) return disabled(step.id);
+    if (!control) throw DialogError(noSuchControl(step.id));
+    if (!IsWindowEnabled(control)) throw DialogError(disabled(step.id));
     told = std::to_wstring(step.id) + L"=" + wb::quoted(step.text);
     if (windowClass(control) == L"ComboBox" &&
         (GetWindowLongPtrW(control, GWL_STYLE) & 3) == CBS_DROPDOWNLIST) {
@@ -41,26 +41,26 @@ class StepPerformer {
     // Replacing the selection notifies as typing does; setting the text wouldn't in every field.
     SendMessageW(control, EM_SETSEL, 0, -1);
     SendMessageW(control, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(step.text.c_str()));
-    if (windowTitle(control) == step.text) return {};
-    return L"its field " + std::to_wstring(step.id) + L" doesn't take the text " +
-           wb::quoted(step.text);
+    if (windowTitle(control) == step.text) return;
+    throw DialogError(L"its field " + std::to_wstring(step.id) + L" doesn't take the text " +
+                      wb::quoted(step.text));
   }
 
-  std::wstring operator()(const CheckControl& step) const {
+  void operator()(const CheckControl& step) const {
     const HWND control = findControl(dialog, step.id);
-    if (!control) return noSuchControl(step.id);
-    if (!IsWindowEnabled(control)) return disabled(step.id);
+    if (!control) throw DialogError(noSuchControl(step.id));
+    if (!IsWindowEnabled(control)) throw DialogError(disabled(step.id));
     told = std::to_wstring(step.id) + (step.on ? L"=on" : L"=off");
     const LRESULT wanted = step.on ? BST_CHECKED : BST_UNCHECKED;
     for (int clicks = 0; clicks < 3; ++clicks) {
-      if (SendMessageW(control, BM_GETCHECK, 0, 0) == wanted) return {};
+      if (SendMessageW(control, BM_GETCHECK, 0, 0) == wanted) return;
       clickControl(dialog, control);
     }
-    return L"its box " + std::to_wstring(step.id) + L" can't be turned " +
-           (step.on ? L"on" : L"off");
+    throw DialogError(L"its box " + std::to_wstring(step.id) + L" can't be turned " +
+                      (step.on ? L"on" : L"off"));
   }
 
-  std::wstring operator()(const SelectRow& step) const {
+  void operator()(const SelectRow& step) const {
     told = (step.activate ? L"activate-row=" : L"row=") + std::to_wstring(step.row);
     const int index = step.row - 1;
     if (const HWND list = FindWindowExW(dialog, nullptr, WC_LISTVIEWW, nullptr)) {
@@ -69,23 +69,21 @@ class StepPerformer {
     if (const HWND list = FindWindowExW(dialog, nullptr, L"ListBox", nullptr)) {
       return selectInListBox(list, index, step.activate);
     }
-    return L"it has no list";
+    throw DialogError(L"it has no list");
   }
 
-  std::wstring operator()(const ClickControl& step) const {
+  void operator()(const ClickControl& step) const {
     const HWND control = findControl(dialog, step.id);
-    if (!control) return noSuchControl(step.id);
-    if (!IsWindowEnabled(control)) return disabled(step.id);
+    if (!control) throw DialogError(noSuchControl(step.id));
+    if (!IsWindowEnabled(control)) throw DialogError(disabled(step.id));
     told = L"click=" + std::to_wstring(step.id);
     clickControl(dialog, control);
-    return {};
   }
 
-  std::wstring operator()(const TakePicture& step) const { return savePicture(step.file); }
+  void operator()(const TakePicture& step) const { savePicture(step.file); }
 
-  std::wstring operator()(const TellTexts&) const {
+  void operator()(const TellTexts&) const {
     tell(Event::dialog, wb::quoted(windowTitle(dialog)) + L" texts" + controlTexts(dialog));
-    return {};
   }
 
  private:
@@ -97,8 +95,8 @@ class StepPerformer {
     return L"its list has no row " + std::to_wstring(index + 1);
   }
 
-  static std::wstring selectInListView(HWND list, int index, bool activate) {
-    if (index < 0 || index >= ListView_GetItemCount(list)) return noSuchRow(index);
+  static void selectInListView(HWND list, int index, bool activate) {
+    if (index < 0 || index >= ListView_GetItemCount(list)) throw DialogError(noSuchRow(index));
     SetFocus(list);
     ListView_EnsureVisible(list, index, FALSE);
     // On the words of its last column, as people do: it is the row that they mean.
@@ -109,7 +107,6 @@ class StepPerformer {
     // Setting the state would select the row without marking it, as no click does.
     clickAt(list, WM_LBUTTONDOWN, point);
     if (activate && IsWindow(list)) clickAt(list, WM_LBUTTONDBLCLK, point);
-    return {};
   }
 
   static void clickAt(HWND list, UINT message, LPARAM point) {
@@ -118,12 +115,13 @@ class StepPerformer {
     SendMessageW(list, message, MK_LBUTTON, point);
   }
 
-  static std::wstring selectInListBox(HWND list, int index, bool activate) {
-    if (index < 0 || index >= SendMessageW(list, LB_GETCOUNT, 0, 0)) return noSuchRow(index);
+  static void selectInListBox(HWND list, int index, bool activate) {
+    if (index < 0 || index >= SendMessageW(list, LB_GETCOUNT, 0, 0)) {
+      throw DialogError(noSuchRow(index));
+    }
     SendMessageW(list, LB_SETCURSEL, static_cast<WPARAM>(index), 0);
     notifyParent(list, LBN_SELCHANGE);
     if (activate) notifyParent(list, LBN_DBLCLK);
-    return {};
   }
 
   HWND dialog;
@@ -132,8 +130,10 @@ class StepPerformer {
 
 }  // namespace
 
-std::wstring performStep(HWND dialog, const AnswerStep& step, std::wstring& told) {
-  return std::visit(StepPerformer(dialog, told), step);
+std::wstring performStep(HWND dialog, const AnswerStep& step) {
+  std::wstring told;
+  std::visit(StepPerformer(dialog, told), step);
+  return told;
 }
 
 void clickControl(HWND dialog, HWND button) {
@@ -141,24 +141,25 @@ void clickControl(HWND dialog, HWND button) {
   SendMessageW(button, BM_CLICK, 0, 0);
 }
 
-std::wstring pressButton(HWND dialog, const std::wstring& name) {
+void pressButton(HWND dialog, const std::wstring& name) {
   HWND button = nullptr;
   if (name == L"close") {
     if (messageBoxText(dialog).empty()) {
       SendMessageW(dialog, WM_SYSCOMMAND, SC_CLOSE, 0);
-      return {};
+      return;
     }
     // The caption's button of a message box means Cancel, or its only button; else it is off.
     button = findButton(dialog, L"cancel");
     if (!button && pushButtons(dialog).size() == 1) button = pushButtons(dialog)[0];
-    if (!button) return L"it can't be closed without a choice";
+    if (!button) throw DialogError(L"it can't be closed without a choice");
   } else {
     button = findButton(dialog, name);
-    if (!button) return L"it has no button " + wb::quoted(name);
+    if (!button) throw DialogError(L"it has no button " + wb::quoted(name));
   }
-  if (!IsWindowEnabled(button)) return L"its button " + wb::quoted(name) + L" is disabled";
+  if (!IsWindowEnabled(button)) {
+    throw DialogError(L"its button " + wb::quoted(name) + L" is disabled");
+  }
   clickControl(dialog, button);
-  return {};
 }
 
 void closeQuietly(HWND dialog) {

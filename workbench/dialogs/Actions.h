@@ -5,12 +5,14 @@
 namespace wb {
 
 /// Does one step in an open dialog through its real controls, with the notifications that a
-/// person's typing and clicking give. `told` gets what the transcript says of it (nothing for a
-/// picture). Returns an empty text, or what kept it from being done.
-std::wstring performStep(HWND dialog, const AnswerStep& step, std::wstring& told);
+/// person's typing and clicking give.
+/// @return what the transcript says of it; empty for a picture
+/// @throws DialogError if it can't be done
+std::wstring performStep(HWND dialog, const AnswerStep& step);
 
-/// Clicks the button that `name` means ("close" is the caption's), or says why it can't be.
-std::wstring pressButton(HWND dialog, const std::wstring& name);
+/// Clicks the button that `name` means ("close" is the caption's).
+/// @throws DialogError if there is none, or it is disabled
+void pressButton(HWND dialog, const std::wstring& name);
 
 /// Clicks a button; the dialog is made the active one first, as a click does.
 void clickControl(HWND dialog, HWND button);

@@ -10,6 +10,7 @@
 #include "core/Text.h"
 #include "core/Transcript.h"
 #include "dialogs/Actions.h"
+#include "dialogs/DialogError.h"
 #include "dialogs/RandomAnswers.h"
 #include "dialogs/Reader.h"
 
@@ -19,8 +20,8 @@ namespace {
 constexpr UINT dialogMade = WM_APP;
 constexpr UINT_PTR lookTimer = 1;
 constexpr UINT lookEvery = USER_TIMER_MINIMUM;  // milliseconds
-constexpr unsigned patience = 200;              // looks at a dialog that doesn't show itself
-constexpr unsigned grace = 3;                   // looks before a dialog is held to be staying
+constexpr unsigned mostLooks = 200;             // looks at a dialog that doesn't show itself
+constexpr unsigned looksToStay = 3;             // after that many a dialog is taken to stay
 
 /// A dialog on the screen that may want an answer.
 struct OpenDialog {
@@ -209,8 +210,8 @@ void Answers::State::inspect(HWND window) {
   const HWND owner = GetWindow(window, GW_OWNER);
   note(L"owner", wb::quoted(windowTitle(window)) + L" of " +
                      (owner && owner == SessionState::get().mainWindow ? L"the main window"
-                      : owner             ? wb::quoted(windowTitle(owner))
-                                          : L"nobody"));
+                      : owner ? wb::quoted(windowTitle(owner))
+                              : L"nobody"));
   if (hasControls(window)) {
     // A dialog shows itself when its loop runs out of messages for the first time. A timer comes
     // after that, as the person does.
@@ -230,7 +231,7 @@ void Answers::State::look() {
   if (top.busy || top.hasNoControls) return;
   ++top.looks;
   const bool ready = IsWindowVisible(top.window) && IsWindowEnabled(top.window);
-  if (!ready && top.looks < patience) return;
+  if (!ready && top.looks < mostLooks) return;
   // A box that closed on top may have enabled the owner that both have.
   if (!top.covered && !looksModal(top.window)) return forget(HWND(top.window));
   answer(top.window);
@@ -240,11 +241,11 @@ void Answers::State::answer(HWND window) {
   OpenDialog& dialog = *find(window);
   if (dialog.closings > 0) {
     // The gentle way didn't close it: nothing else is left that lets the script go on.
-    if (dialog.looks > grace) EndDialog(window, 0);
+    if (dialog.looks > looksToStay) EndDialog(window, 0);
     return;
   }
   if (queue.empty() && !random) {
-    if (!leaveToPerson && dialog.looks > grace) refuse(window, L"without an answer");
+    if (!leaveToPerson && dialog.looks > looksToStay) refuse(window, L"without an answer");
     return;
   }
   Answer next;
@@ -270,17 +271,17 @@ void Answers::State::carryOut(HWND window, const Answer& answer) {
   std::wstring line = text.empty() ? title : L"title=" + title + L" text=" + wb::quoted(text);
   note(L"shown", allTexts(window));
   note(L"place", title + L' ' + placeOf(window));
-  for (const AnswerStep& step : answer.steps) {
-    std::wstring told;
-    const std::wstring problem = performStep(window, step, told);
-    if (!problem.empty()) return refuse(window, L"can't be answered, " + problem);
-    if (!told.empty()) line += L' ' + told;
+  try {
+    for (const AnswerStep& step : answer.steps) {
+      const std::wstring told = performStep(window, step);
+      if (!told.empty()) line += L' ' + told;
+    }
+    if (!answer.button.empty()) line += L" answer=" + answer.button;
+    if (!watched) tell(text.empty() ? Event::dialog : Event::box, line);
+    if (!answer.button.empty() && find(window)) pressButton(window, answer.button);
+  } catch (const DialogError& error) {
+    refuse(window, L"can't be answered, " + error.reason);
   }
-  if (!answer.button.empty()) line += L" answer=" + answer.button;
-  if (!watched) tell(text.empty() ? Event::dialog : Event::box, line);
-  if (answer.button.empty() || !find(window)) return;
-  const std::wstring problem = pressButton(window, answer.button);
-  if (!problem.empty()) refuse(window, L"can't be answered, " + problem);
 }
 
 void Answers::State::refuse(HWND window, const std::wstring& why) {

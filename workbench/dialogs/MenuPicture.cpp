@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <optional>
 
+#include "core/SessionState.h"
 #include "core/Transcript.h"
+#include "dialogs/DialogError.h"
 #include "dialogs/Screenshot.h"
 
 namespace wb {
@@ -99,19 +101,19 @@ class MenuReader {
  public:
   MenuReader(HWND owner, int keys, const std::wstring& file)
       : owner(owner), keys(keys), file(file), timer(SetTimer(nullptr, 0, tickLength, onTimer)) {
-    current = this;
+    current() = this;
   }
   MenuReader(const MenuReader&) = delete;
   MenuReader& operator=(const MenuReader&) = delete;
   ~MenuReader() {
     KillTimer(nullptr, timer);
-    current = nullptr;
+    current() = nullptr;
   }
   std::wstring problem = L"the menu wasn't shown";
 
  private:
   static void CALLBACK onTimer(HWND, UINT, UINT_PTR, DWORD) {
-    if (current) current->tick();
+    if (current()) current()->tick();
   }
 
   static int menusOnScreen() {
@@ -125,6 +127,16 @@ class MenuReader {
     PostMessageW(owner, WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
   }
 
+  /// No exception may cross the system's own frames.
+  void takePicture() {
+    try {
+      savePicture(file);
+      problem.clear();
+    } catch (const DialogError& error) {
+      problem = error.reason;
+    }
+  }
+
   void tick() {
     if (++ticks > ticksToWait) {
       EndMenu();
@@ -136,14 +148,19 @@ class MenuReader {
         problem = L"the submenu wasn't shown";
       } else {
         pictured = true;
-        problem = savePicture(file);
+        takePicture();
         if (opened) press(VK_ESCAPE);
         press(VK_ESCAPE);
       }
     }
   }
 
-  static inline MenuReader* current = nullptr;
+  /// A timer without a window carries nothing that leads to its reader.
+  struct Current {
+    MenuReader* reader = nullptr;
+  };
+  static MenuReader*& current() { return sessionPart<Current>().reader; }
+
   const HWND owner;
   const int keys;
   const std::wstring& file;
@@ -159,11 +176,11 @@ std::wstring menuItemText(HMENU menu, UINT position) {
   return shownText(storedText(menu, position));
 }
 
-std::wstring pictureMenu(HWND owner, const std::vector<HMENU>& entries, const std::wstring& submenu,
-                         const std::wstring& file) {
+void pictureMenu(HWND owner, const std::vector<HMENU>& entries, const std::wstring& submenu,
+                 const std::wstring& file) {
   const ObjectMenu menu(entries);
   const std::optional<int> keys = submenu.empty() ? 0 : menu.keysTo(submenu);
-  if (!keys) return L"the menu has no submenu " + wb::quoted(submenu);
+  if (!keys) throw DialogError(L"the menu has no submenu " + wb::quoted(submenu));
   POINT place = clicked;
   ClientToScreen(owner, &place);
   // The pointer stands where the menu opens; elsewhere it would light an item that it lies on.
@@ -171,7 +188,7 @@ std::wstring pictureMenu(HWND owner, const std::vector<HMENU>& entries, const st
   MenuReader reader(owner, *keys, file);
   TrackPopupMenu(menu.handle(), TPM_RETURNCMD | TPM_NONOTIFY | TPM_RIGHTBUTTON, place.x, place.y, 0,
                  owner, nullptr);
-  return reader.problem;
+  if (!reader.problem.empty()) throw DialogError(reader.problem);
 }
 
 }  // namespace wb

@@ -14,8 +14,8 @@ std::wstring menuItemText(HMENU menu, UINT position);
 /// writes a picture of the desktop; then the person goes away from it with the escape key.
 /// @param entries the applications' menus, which keep their items
 /// @param submenu the text of an item that is opened before, empty for none
-/// @return an empty text, or why there is no picture
-std::wstring pictureMenu(HWND owner, const std::vector<HMENU>& entries, const std::wstring& submenu,
-                         const std::wstring& file);
+/// @throws DialogError if there is no picture
+void pictureMenu(HWND owner, const std::vector<HMENU>& entries, const std::wstring& submenu,
+                 const std::wstring& file);
 
 }  // namespace wb

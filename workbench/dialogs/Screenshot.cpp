@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "core/Transcript.h"
+#include "dialogs/DialogError.h"
 
 _COM_SMARTPTR_TYPEDEF(IWICImagingFactory, __uuidof(IWICImagingFactory));
 _COM_SMARTPTR_TYPEDEF(IWICStream, __uuidof(IWICStream));
@@ -21,7 +22,7 @@ _COM_SMARTPTR_TYPEDEF(IWICBitmapFrameEncode, __uuidof(IWICBitmapFrameEncode));
 namespace wb {
 namespace {
 
-constexpr DWORD settlingTime = 60;  // milliseconds
+constexpr DWORD paintingTime = 60;  // milliseconds
 
 struct Picture {
   UINT width = 0;
@@ -72,7 +73,7 @@ void paintWindows() {
   EnumThreadWindows(GetCurrentThreadId(), paintNow, 0);
   GdiFlush();
   // What was drawn reaches the screen when the thread waits; this wait hears no message.
-  MsgWaitForMultipleObjectsEx(0, nullptr, settlingTime, 0, 0);
+  MsgWaitForMultipleObjectsEx(0, nullptr, paintingTime, 0, 0);
 }
 
 bool copyScreen(Picture& picture) {
@@ -126,10 +127,10 @@ void writePng(const std::wstring& file, Picture& picture) {
 
 }  // namespace
 
-std::wstring savePicture(const std::wstring& file) {
+void savePicture(const std::wstring& file) {
   Picture picture;
   paintWindows();
-  if (!copyScreen(picture)) return L"the screen can't be copied";
+  if (!copyScreen(picture)) throw DialogError(L"the screen can't be copied");
   const std::wstring unfinished = file + L".part";
   try {
     writePng(unfinished, picture);
@@ -138,16 +139,15 @@ std::wstring savePicture(const std::wstring& file) {
     wchar_t code[16];
     std::swprintf(code, sizeof(code) / sizeof(*code), L"0x%08lX",
                   static_cast<unsigned long>(error.Error()));
-    return L"the picture " + wb::quoted(file) + L" can't be written, result " + code;
+    throw DialogError(L"the picture " + wb::quoted(file) + L" can't be written, result " + code);
   }
   if (!MoveFileExW(unfinished.c_str(), file.c_str(), MOVEFILE_REPLACE_EXISTING)) {
     const DWORD error = GetLastError();
     DeleteFileW(unfinished.c_str());
-    return L"the picture " + wb::quoted(file) + L" can't be written, Windows error " +
-           std::to_wstring(error);
+    throw DialogError(L"the picture " + wb::quoted(file) + L" can't be written, Windows error " +
+                      std::to_wstring(error));
   }
   tell(Event::file, L"picture " + wb::quoted(file));
-  return {};
 }
 
 }  // namespace wb

@@ -5,8 +5,8 @@
 namespace wb {
 
 /// Paints what the thread's windows still owe and writes a picture of the desktop to `file` (a
-/// Windows path) as PNG. Returns an empty text, or why it couldn't be done; a file that stood there
-/// is then still whole.
-std::wstring savePicture(const std::wstring& file);
+/// Windows path) as PNG.
+/// @throws DialogError if that can't be done; a file that stood there is then still whole
+void savePicture(const std::wstring& file);
 
 }  // namespace wb

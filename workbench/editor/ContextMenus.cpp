@@ -117,14 +117,14 @@ void ContextMenus::rightClick(const Selection::Ids& ids) {
   Host::instance().runner().tellLeaks(since, false);
 }
 
-std::wstring ContextMenus::picture(const std::wstring& submenu, const std::wstring& file) const {
+void ContextMenus::picture(const std::wstring& submenu, const std::wstring& file) const {
   std::vector<HMENU> entries;
   for (const MenuItem& item : open) {
     if (item.submenu.empty() && (entries.empty() || entries.back() != item.menu)) {
       entries.push_back(item.menu);
     }
   }
-  return pictureMenu(Host::instance().mainWindow(), entries, submenu, file);
+  pictureMenu(Host::instance().mainWindow(), entries, submenu, file);
 }
 
 void ContextMenus::choose(const MenuItem& item) {

@@ -41,9 +41,10 @@ class ContextMenus {
   const std::vector<MenuItem>& items() const { return open; }
   /// The entities it was opened for.
   const Selection::Ids& clicked() const { return clicked_; }
-  /// The menu that was opened last, as the user sees it among the host's own items. Gives an empty
-  /// text, or why there is no picture.
-  std::wstring picture(const std::wstring& submenu, const std::wstring& file) const;
+  /// Writes a picture of the menu that was opened last, as the user sees it among the host's own
+  /// items.
+  /// @throws DialogError if there is no picture
+  void picture(const std::wstring& submenu, const std::wstring& file) const;
   /// The user clicks an item: its context gets the command, and the menu closes.
   void choose(const MenuItem& item);
 

@@ -240,15 +240,11 @@ Acad::ErrorStatus AcDbText::getClassID(CLSID*) const { return NotServed(L"AcDbTe
 Acad::ErrorStatus AcDbText::setField(const ACHAR*, AcDbField*, AcDbObjectId&) {
   return NotServed(L"AcDbText.setField");
 }
-Acad::ErrorStatus AcDbText::removeField(const ACHAR*) {
-  return NotServed(L"AcDbText.removeField");
-}
+Acad::ErrorStatus AcDbText::removeField(const ACHAR*) { return NotServed(L"AcDbText.removeField"); }
 Acad::ErrorStatus AcDbText::removeField(const ACHAR*, AcDbObjectId&) {
   return NotServed(L"AcDbText.removeField");
 }
-Acad::ErrorStatus AcDbText::removeField(AcDbObjectId) {
-  return NotServed(L"AcDbText.removeField");
-}
+Acad::ErrorStatus AcDbText::removeField(AcDbObjectId) { return NotServed(L"AcDbText.removeField"); }
 bool AcDbText::castShadows() const { return NotServed(L"AcDbText.castShadows"); }
 bool AcDbText::receiveShadows() const { return NotServed(L"AcDbText.receiveShadows"); }
 Adesk::Boolean AcDbText::isPlanar() const { return NotServed(L"AcDbText.isPlanar"); }

@@ -44,9 +44,7 @@ Acad::ErrorStatus AcDbObject::setOwnerId(AcDbObjectId) {
 Acad::ErrorStatus AcDbObject::subOpen(AcDb::OpenMode) { return NotServed(L"AcDbObject.subOpen"); }
 Acad::ErrorStatus AcDbObject::subCancel() { return NotServed(L"AcDbObject.subCancel"); }
 Acad::ErrorStatus AcDbObject::subClose() { return NotServed(L"AcDbObject.subClose"); }
-Acad::ErrorStatus AcDbObject::subErase(Adesk::Boolean) {
-  return NotServed(L"AcDbObject.subErase");
-}
+Acad::ErrorStatus AcDbObject::subErase(Adesk::Boolean) { return NotServed(L"AcDbObject.subErase"); }
 Acad::ErrorStatus AcDbObject::subHandOverTo(AcDbObject*) {
   return NotServed(L"AcDbObject.subHandOverTo");
 }

@@ -101,13 +101,9 @@ class NotServedLinker : public AcRxDynamicLinker {
     return NotServed(L"AcRxDynamicLinker.isAppMDIAware");
   }
   bool isAppBusy(const ACHAR*) const override { return NotServed(L"AcRxDynamicLinker.isAppBusy"); }
-  void setAppBusy(const ACHAR*, bool) const override {
-    NotServed(L"AcRxDynamicLinker.setAppBusy");
-  }
+  void setAppBusy(const ACHAR*, bool) const override { NotServed(L"AcRxDynamicLinker.setAppBusy"); }
   const ACHAR* ProductKey() const override { return NotServed(L"AcRxDynamicLinker.ProductKey"); }
-  Adesk::UInt32 ProductLcid() const override {
-    return NotServed(L"AcRxDynamicLinker.ProductLcid");
-  }
+  Adesk::UInt32 ProductLcid() const override { return NotServed(L"AcRxDynamicLinker.ProductLcid"); }
 };
 
 }  // namespace wb

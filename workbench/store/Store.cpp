@@ -2,8 +2,8 @@
 
 #include <objbase.h>
 
-#include "core/SessionState.h"
 #include "core/ResultCodes.h"
+#include "core/SessionState.h"
 #include "core/Text.h"
 #include "store/Content.h"
 #include "store/Paths.h"

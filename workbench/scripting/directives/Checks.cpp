@@ -4,6 +4,7 @@
 
 #include "core/Text.h"
 #include "core/Transcript.h"
+#include "dialogs/DialogError.h"
 #include "dialogs/Screenshot.h"
 #include "editor/Host.h"
 #include "scripting/Directives.h"
@@ -46,8 +47,11 @@ void expectNo(ScriptContext&, Arguments& arguments) {
 void shot(ScriptContext&, Arguments& arguments) {
   // What waits to be drawn or raised is drawn first.
   Host::instance().pumpMessages();
-  const std::wstring problem = savePicture(windowsPath(arguments.textUntil()));
-  if (!problem.empty()) throw ScriptError(problem);
+  try {
+    savePicture(windowsPath(arguments.textUntil()));
+  } catch (const DialogError& error) {
+    throw ScriptError(error.reason);
+  }
 }
 
 /// For a person who reads along; it isn't an event, so the transcript doesn't keep it.

@@ -2,6 +2,7 @@
 
 #include "editor/Selection.h"
 #include "core/Transcript.h"
+#include "dialogs/DialogError.h"
 #include "editor/ContextMenus.h"
 #include "editor/Host.h"
 #include "gate/HostError.h"
@@ -51,8 +52,11 @@ void menu(ScriptContext&, Arguments& arguments) {
   for (const MenuItem& item : menus.items()) tell(Event::menu, describe(item));
   if (menus.items().empty()) tell(Event::menu, L"no entries");
   if (file.empty()) return;
-  const std::wstring problem = menus.picture(submenu, file);
-  if (!problem.empty()) throw ScriptError(problem);
+  try {
+    menus.picture(submenu, file);
+  } catch (const DialogError& error) {
+    throw ScriptError(error.reason);
+  }
 }
 
 bool isOpenFor(const ContextMenus& menus, const Selection::Ids& picked) {
