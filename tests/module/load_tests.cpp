@@ -1,4 +1,4 @@
-#include <fstream>
+#include <filesystem>
 
 #include "core/Accounts.h"
 #include "editor/CommandStack.h"
@@ -137,32 +137,6 @@ TEST_F(Load, TheFilesNameMakesTheGroupAndNothingElse) {
     run("@unload " + path);
     EXPECT_FALSE(command(L"Tessaro_lock"));
   }
-}
-
-TEST_F(Load, AFileThatIsNoModuleIsRefusedAndHarmsNothing) {
-  const auto broken = workFolder() / L"Broken.arx";
-  std::filesystem::copy_file(options().module, broken);
-  std::fstream(broken, std::ios::in | std::ios::out | std::ios::binary) << std::string(512, '\0');
-  std::filesystem::copy_file(options().module, workFolder() / L"Cut.arx");
-  std::filesystem::resize_file(workFolder() / L"Cut.arx", 4096);
-  std::ofstream(workFolder() / L"Text.arx") << "no library at all";
-  std::ofstream(workFolder() / L"Empty.arx") << "";
-  const std::vector<std::pair<std::string, std::wstring>> files = {
-      {"Missing.arx", L"the file doesn't exist"},
-      {"Broken.arx", L"the file is damaged or no 64-bit library"},
-      {"Text.arx", L"the file is damaged or no 64-bit library"},
-      {"Cut.arx", L"the file is damaged or no 64-bit library"},
-      {"Empty.arx", L""},
-  };
-  for (const auto& [file, reason] : files) {
-    mark();
-    EXPECT_FALSE(session.run("@load %WORK%\\" + file + "\n"));
-    EXPECT_GE(count(reason), 1) << recent();
-    EXPECT_EQ(count(L"error: "), 2) << recent();
-    EXPECT_EQ(wb::outstanding(before).size(), 0u);
-  }
-  openPlan();
-  expectAllCommands(L"Tessaro_TessaroAcad");
 }
 
 TEST_F(Load, WithoutTheClientSaysNothingAndWorksOnceItIsThere) {

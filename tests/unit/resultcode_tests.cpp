@@ -60,19 +60,6 @@ TEST(ResultTextTable, EveryRowTellsSomethingAndNoCodeTwice) {
   EXPECT_EQ(codes.size(), 286u);
 }
 
-TEST(ResultCodeText, TellsSuccessAndFailureAlike) {
-  EXPECT_EQ(text(0), L"The method was successfully executed.");
-  EXPECT_EQ(text(1), L"The method was successfully executed but returned 'false'.");
-  EXPECT_EQ(text(0x80004005), text(0x8000FFFF));
-  EXPECT_EQ(text(0x80040208),
-            L"You tried to get an element from a list where the cursor is off-right.");
-  EXPECT_EQ(text(0x8004020F),
-            L"An ttempt was made to create a new file or folder with the same name as an existing "
-            L"one.");
-  EXPECT_EQ(text(0x80040206), text(0x80040221));
-  EXPECT_EQ(text(0x80040206).rfind(L"Could not open database. ", 0), 0u);
-}
-
 TEST(ResultCodeText, CodesWithATextMadeOtherwise) {
   EXPECT_EQ(text(0x8004027D), L"E_QVT_GET_QVTFORMATROUTER");
   EXPECT_EQ(text(0x80040220), L"The server was not found.");
