@@ -3,21 +3,13 @@
 #include <windows.h>
 
 #include <axlock.h>
-#include <comdef.h>
 #include <dbapserv.h>
 
 #include <stdexcept>
-#include <string>
 
-#include "core/ResultNames.h"
-#include "core/Text.h"
-#include "editor/Document.h"
-#include "editor/DocumentManager.h"
-#include "editor/Host.h"
 #include "foundation/AddinSettings.h"
 #include "Measure.h"
 #include "Rows.h"
-#include "vault/VaultInterfaces.h"
 
 namespace bench {
 
@@ -43,77 +35,23 @@ void readSettingOnce() {
 /// Two lock-mode events: one as the lock is taken, one as it goes.
 void lockAndUnlock() { const AcAxDocLock lock(acdbHostApplicationServices()->workingDatabase()); }
 
-/// Raises a call's failure: a bare side that fails would distort the ratio.
-void need(HRESULT result) {
-  if (FAILED(result)) {
-    throw std::runtime_error("a bare call of the client failed: " +
-                             wb::toUtf8(wb::resultName(result)));
-  }
-}
-
-/// A file as every routine of the module finds it: with calls that none can do without.
-struct FoundFile {
-  explicit FoundFile(const std::wstring& path) {
-    need(client.CreateInstance(__uuidof(VaultMain), nullptr, CLSCTX_ALL));
-    const _bstr_t name(path.c_str());
-    _bstr_t vault;
-    need(client->vaultNameFromPath(name, vault.GetAddress()));
-    need(client->login(vault, 0));
-    need(client->fileFromPath(name, &folder, &file));
-  }
-
-  bool isCheckedOut() const {
-    VARIANT_BOOL checkedOut = VARIANT_FALSE;
-    need(file->isCheckedOut(&checkedOut));
-    return checkedOut == VARIANT_TRUE;
-  }
-
-  long folderId() const {
-    const tessaro::VaultObjectPtr object = folder;
-    long id = 0;
-    need(object->id(&id));
-    return id;
-  }
-
-  tessaro::VaultClientPtr client;
-  tessaro::VaultFolderPtr folder;
-  tessaro::VaultFilePtr file;
-};
-
-/// The bare calls of a status query, in the module's order.
-void bareStatusCalls(const std::wstring& path) {
-  const FoundFile found(path);
-  long local = 0, latest = 0;
-  need(found.file->localVersion(_variant_t(found.folderId()), &local));
-  need(found.file->latestVersion(&latest));
-  found.isCheckedOut();
-  found.isCheckedOut();
-}
-
-/// Those of a check-out.
-void bareCheckOutCalls(const std::wstring& path) {
-  const FoundFile found(path);
-  found.isCheckedOut();
-  need(found.file->checkOut(found.folderId(), 0, 0));
-}
-
 }  // namespace
 
-void activation(Workshop& workshop) {
-  workshop.openSheet(10);
-  workshop.openSheet(100);
-  workshop.forget();
+void activation(BenchSession& session) {
+  session.openSheet(10);
+  session.openSheet(100);
+  session.clearTranscript();
   Row calls("Client calls for ten activations of known drawings / ten", "calls", 0);
   for (int round = 0; round < 5; ++round) {
-    workshop.run("@activate %WORK%\\View\\Sheet10.dxf\n@activate %WORK%\\View\\Sheet100.dxf\n");
+    session.run("@activate %WORK%\\View\\Sheet10.dxf\n@activate %WORK%\\View\\Sheet100.dxf\n");
   }
-  calls.add(static_cast<double>(workshop.clientCalls()), 10);
+  calls.add(static_cast<double>(session.clientCalls().ofVault), 10);
   print(calls);
-  workshop.closeAll();
+  session.closeAll();
 }
 
-void editGuard(Workshop& workshop) {
-  workshop.openSheet(10);
+void editGuard(BenchSession& session) {
+  session.openSheet(10);
   lockAndUnlock();
   Row row(
       "Lock and unlock with nothing for the edit guard / one opening and reading of the setting",
@@ -128,48 +66,9 @@ void editGuard(Workshop& workshop) {
                         }).all;
     row.add(own / eventsInARound, bare / eventsInARound);
   }
-  workshop.forget();
+  session.clearTranscript();
   print(row);
-  workshop.closeAll();
-}
-
-void statusQuery(Workshop& workshop) {
-  workshop.openSheet(10);
-  const std::wstring path = Workshop::xref(0).wstring();
-  Row row("Status query / the bare COM calls that it makes, both outside the stand-ins", "us");
-  for (int round = 0; round < repetitions; ++round) {
-    const double own = spent([&] {
-                         for (int time = 0; time < 20; ++time) workshop.saved(path);
-                       }).own;
-    const double bare = spent([&] {
-                          for (int time = 0; time < 20; ++time) bareStatusCalls(path);
-                        }).own;
-    row.add(own / 20, bare / 20);
-    workshop.forget();
-  }
-  print(row);
-  workshop.closeAll();
-}
-
-void checkOut(Workshop& workshop) {
-  workshop.openSheet(0);
-  workshop.closeAll();
-  Row row(
-      "Check-out up to the drawing's being open again / the bare COM calls of the check-out alone, "
-      "both outside the stand-ins",
-      "us");
-  for (int round = 0; round < repetitions; ++round) {
-    workshop.run("@open %WORK%\\View\\Sheet0.dxf\n");
-    const double own = spent([&] { workshop.command(L"_Tessaro_locksilent"); }).own;
-    wb::Host::instance().runUntilIdle();
-    workshop.closeAll();
-    workshop.run("@vault undo %WORK%\\View\\Sheet0.dxf\n");
-    const double bare =
-        spent([&] { bareCheckOutCalls((Workshop::view() / L"Sheet0.dxf").wstring()); }).own;
-    workshop.run("@vault undo %WORK%\\View\\Sheet0.dxf\n");
-    row.add(own, bare);
-  }
-  print(row);
+  session.closeAll();
 }
 
 }  // namespace bench

@@ -14,26 +14,26 @@ namespace {
 // What was allocated before the watching began and is freed later makes `held` negative.
 std::ptrdiff_t held = 0, peak = 0;
 
-void* taken(void* block) {
+void* countAllocated(void* block) {
   if (block) held += static_cast<std::ptrdiff_t>(_msize(block));
   peak = std::max(peak, held);
   return block;
 }
 
-void given(void* block) {
+void countFreed(void* block) {
   if (block) held -= static_cast<std::ptrdiff_t>(_msize(block));
 }
 
-void* observedMalloc(size_t size) { return taken(std::malloc(size)); }
-void* observedCalloc(size_t count, size_t size) { return taken(std::calloc(count, size)); }
+void* observedMalloc(size_t size) { return countAllocated(std::malloc(size)); }
+void* observedCalloc(size_t count, size_t size) { return countAllocated(std::calloc(count, size)); }
 
 void* observedRealloc(void* block, size_t size) {
-  given(block);
-  return taken(std::realloc(block, size));
+  countFreed(block);
+  return countAllocated(std::realloc(block, size));
 }
 
 void observedFree(void* block) {
-  given(block);
+  countFreed(block);
   std::free(block);
 }
 
@@ -46,7 +46,7 @@ void watchMemoryOf(HMODULE module) {
                               {"free", reinterpret_cast<void*>(observedFree)}});
 }
 
-std::size_t peakSinceLastQuestion() {
+std::size_t peakSinceLastCall() {
   const std::size_t found = static_cast<std::size_t>(std::max<std::ptrdiff_t>(peak, 0));
   held = peak = 0;
   return found;

@@ -9,8 +9,8 @@ namespace bench {
 /// From here on what the module allocates is counted, until its library is unloaded.
 void watchMemoryOf(HMODULE module);
 
-/// The highest number of bytes that the module has held at once since the last question, beyond
+/// The highest number of bytes that the module has held at once since the last call, beyond
 /// what it held then.
-std::size_t peakSinceLastQuestion();
+std::size_t peakSinceLastCall();
 
 }  // namespace bench

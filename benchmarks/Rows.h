@@ -1,18 +1,21 @@
 #pragma once
 
-#include "Workshop.h"
+#include "BenchSession.h"
 
 namespace bench {
 
 // The rows of the table, each measured and printed by one routine.
 
-void checkOfXrefs(Workshop& workshop);
-void batchAgainstFileByFile(Workshop& workshop);
-void activation(Workshop& workshop);
-void editGuard(Workshop& workshop);
-void statusQuery(Workshop& workshop);
-void checkOut(Workshop& workshop);
-void titleBlock(Workshop& workshop);
-void moduleLoad(Workshop& workshop);
+void sweepSpeed(const std::filesystem::path& drawings);
+void sessionsSpeed(const std::filesystem::path& drawings);
+void checkOfXrefs(BenchSession& session);
+void batchAgainstFileByFile(BenchSession& session);
+void activation(BenchSession& session);
+void editGuard(BenchSession& session);
+void statusQuery(BenchSession& session);
+void checkOut(BenchSession& session);
+void titleBlock(BenchSession& session);
+void moduleLoad(BenchSession& session);
+void showing(BenchSession& session);
 
 }  // namespace bench

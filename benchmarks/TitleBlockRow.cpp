@@ -53,11 +53,11 @@ std::string plates(int count) {
 
 std::wstring tagOf(int variable) { return L"T" + std::to_wstring(variable % attributes); }
 
-void openPlates(Workshop& workshop, int count) {
+void openPlates(BenchSession& session, int count) {
   const std::string name = "Plates" + std::to_string(count) + ".dxf";
-  const std::filesystem::path source = Workshop::view().parent_path() / name;
+  const std::filesystem::path source = BenchSession::view().parent_path() / name;
   std::ofstream(source, std::ios::binary) << plates(count);
-  const std::wstring path = (Workshop::view() / name).wstring();
+  const std::wstring path = (BenchSession::view() / name).wstring();
   wb::store().together([&] {
     wb::store().add(path, source, L"engineer", L"");
     for (int variable = 0; variable < variables; ++variable) {
@@ -67,7 +67,7 @@ void openPlates(Workshop& workshop, int count) {
     }
     wb::store().checkOut(path);
   });
-  workshop.run("@open %WORK%\\View\\" + name + "\n");
+  session.run("@open %WORK%\\View\\" + name + "\n");
 }
 
 void setText(AcDbBlockReference& reference, const std::wstring& tag, const wchar_t* value) {
@@ -105,40 +105,40 @@ void bareLoop() {
   }
 }
 
-Spent update(Workshop& workshop) {
+Spent update(BenchSession& session) {
   const AcAxDocLock lock(acdbHostApplicationServices()->workingDatabase());
-  const Spent found = spent([&] { workshop.command(L"_Tessaro_update"); });
-  workshop.forget();
+  const Spent found = spent([&] { session.command(L"_Tessaro_update"); });
+  session.clearTranscript();
   return found;
 }
 
 }  // namespace
 
-void titleBlock(Workshop& workshop) {
-  openPlates(workshop, 100);
-  openPlates(workshop, 1000);
+void titleBlock(BenchSession& session) {
+  openPlates(session, 100);
+  openPlates(session, 1000);
   Row strict(
       "Update of 20 variables, 1,000 references, 6 attributes each / the bare loop, both "
       "outside the stand-ins",
       "us", 1.5);
   Row growth("The same for 1,000 references / ten times that for 100", "us");
   for (int round = 0; round < repetitions; ++round) {
-    workshop.run("@activate %WORK%\\View\\Plates100.dxf\n");
-    const double fewer = update(workshop).own;
-    workshop.run("@activate %WORK%\\View\\Plates1000.dxf\n");
-    const double own = update(workshop).own;
+    session.run("@activate %WORK%\\View\\Plates100.dxf\n");
+    const double fewer = update(session).own;
+    session.run("@activate %WORK%\\View\\Plates1000.dxf\n");
+    const double own = update(session).own;
     Spent bare;
     {
       const AcAxDocLock lock(acdbHostApplicationServices()->workingDatabase());
       bare = spent(bareLoop);
     }
-    workshop.forget();
+    session.clearTranscript();
     strict.add(own, bare.own);
     growth.add(own, 10 * fewer);
   }
   print(strict);
   print(growth);
-  workshop.closeAll();
+  session.closeAll();
 }
 
 }  // namespace bench

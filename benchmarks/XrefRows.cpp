@@ -19,7 +19,7 @@ constexpr int repetitions = 9;
 /// What no check of the files' times can do without.
 void readTimes(int count) {
   for (int number = 0; number < count; ++number) {
-    const HANDLE file = CreateFileW(Workshop::xref(number).c_str(), GENERIC_READ,
+    const HANDLE file = CreateFileW(BenchSession::xref(number).c_str(), GENERIC_READ,
                                     FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
                                     FILE_ATTRIBUTE_NORMAL, nullptr);
     FILETIME written;
@@ -30,82 +30,92 @@ void readTimes(int count) {
 }
 
 /// A check that finds everything current.
-double ownTimeOfCheck(Workshop& workshop) {
-  const double own = spent([&] { workshop.click(IDC_XREFS_LATEST); }).own;
-  workshop.forget();
+double ownTimeOfCheck(BenchSession& session) {
+  const double own = spent([&] { session.click(IDC_XREFS_LATEST); }).own;
+  session.clearTranscript();
   return own;
 }
 
 }  // namespace
 
-void checkOfXrefs(Workshop& workshop) {
-  workshop.openSheet(200);
-  workshop.openSheet(2000);
+void checkOfXrefs(BenchSession& session) {
+  session.openSheet(200);
+  session.openSheet(2000);
   Row check("Check of 2,000 xrefs, all current / opening the files and reading their times", "us",
             1.25);
   for (int round = 0; round < repetitions; ++round) {
-    const double own = ownTimeOfCheck(workshop);
+    const double own = ownTimeOfCheck(session);
     check.add(own, spent([] { readTimes(2000); }).all);
   }
   print(check);
   Row growth("The same for 2,000 / ten times that for 200", "us");
   for (int round = 0; round < repetitions; ++round) {
-    workshop.run("@activate %WORK%\\View\\Sheet200.dxf\n");
-    const double fewer = ownTimeOfCheck(workshop);
-    workshop.run("@activate %WORK%\\View\\Sheet2000.dxf\n");
-    growth.add(ownTimeOfCheck(workshop), 10 * fewer);
+    session.run("@activate %WORK%\\View\\Sheet200.dxf\n");
+    const double fewer = ownTimeOfCheck(session);
+    session.run("@activate %WORK%\\View\\Sheet2000.dxf\n");
+    growth.add(ownTimeOfCheck(session), 10 * fewer);
   }
   print(growth);
-  workshop.closeAll();
+  session.closeAll();
 }
 
 namespace {
 
 /// What the module asks the client for one file when it is asked one by one.
-void queryStatus(Workshop& workshop, int number) {
-  workshop.saved(Workshop::xref(number).wstring());
+void queryStatus(BenchSession& session, int number) {
+  session.saved(BenchSession::xref(number).wstring());
 }
 
 struct Cost {
   double own;
-  size_t calls;
+  ClientCalls calls;
 
-  /// Milliseconds that it takes with a client that answers each call after one. The millisecond is
-  /// added and not waited for.
-  double withSlowClient() const { return own / 1000 + static_cast<double>(calls); }
+  /// Milliseconds with a client for which each of `waits` takes one. The millisecond is added and
+  /// not waited for.
+  double withWaits(size_t waits) const { return own / 1000 + static_cast<double>(waits); }
 };
 
-Cost costOf(Workshop& workshop, const std::function<void()>& work) {
-  workshop.forget();
+Cost costOf(BenchSession& session, const std::function<void()>& work) {
+  session.clearTranscript();
   const double own = spent(work).own;
-  const Cost cost{own, workshop.clientCalls()};
-  workshop.forget();
+  const Cost cost{own, session.clientCalls()};
+  session.clearTranscript();
   return cost;
 }
 
 }  // namespace
 
-void batchAgainstFileByFile(Workshop& workshop) {
-  std::vector<Row> times, memory;
+void batchAgainstFileByFile(BenchSession& session) {
+  session.loadWatched();
+  std::vector<Row> slowCalls, slowServer, memory;
   for (const int count : {10, 100, 1000, 10000}) {
-    workshop.openSheet(count);
-    workshop.click(IDC_XREFS_LATEST);
-    peakSinceLastQuestion();
-    const Cost batch = costOf(workshop, [&] { workshop.click(IDC_XREFS_LATEST); });
-    const double peak = static_cast<double>(peakSinceLastQuestion());
-    const Cost single = costOf(workshop, [&] {
-      for (int number = 0; number < count; ++number) queryStatus(workshop, number);
+    session.openSheet(count);
+    session.click(IDC_XREFS_LATEST);
+    peakSinceLastCall();
+    const Cost batch = costOf(session, [&] { session.click(IDC_XREFS_LATEST); });
+    const double peak = static_cast<double>(peakSinceLastCall());
+    const Cost single = costOf(session, [&] {
+      for (int number = 0; number < count; ++number) queryStatus(session, number);
     });
-    const std::string xrefs = std::to_string(count) + " xrefs";
-    times.emplace_back("Check of " + xrefs + " / a status query for each, 1 ms a call", "ms");
-    times.back().add(batch.withSlowClient(), single.withSlowClient());
-    memory.emplace_back("The module's memory at its highest for " + xrefs + " / 1 KiB for each",
+    const std::string name =
+        "Check of " + std::to_string(count) + " xrefs / a status query for each, ";
+    slowCalls.emplace_back(name + "1 ms for each call of the client", "ms");
+    slowCalls.back().add(batch.withWaits(batch.calls.ofVault),
+                         single.withWaits(single.calls.ofVault));
+    slowServer.emplace_back(
+        name + "1 ms for each exchange with the server (login, look-up, query, fetch)", "ms", 1);
+    slowServer.back().add(batch.withWaits(batch.calls.exchanges),
+                          single.withWaits(single.calls.exchanges));
+    memory.emplace_back("The module's memory at its highest for " + std::to_string(count) +
+                            " xrefs / 1 KiB for each",
                         "KiB");
     memory.back().add(peak / 1024, count);
-    workshop.closeAll();
+    session.closeAll();
   }
-  for (const Row& row : times) print(row);
-  for (const Row& row : memory) print(row);
+  for (const auto* rows : {&slowCalls, &slowServer, &memory}) {
+    for (const Row& row : *rows) print(row);
+  }
+  session.load(Application::module);
 }
 
 }  // namespace bench

@@ -1,10 +1,9 @@
-#include "Workshop.h"
+#include "BenchSession.h"
 
 #include <algorithm>
 #include <fstream>
 #include <stdexcept>
 
-#include "core/Accounts.h"
 #include "core/Program.h"
 #include "core/Text.h"
 #include "core/Transcript.h"
@@ -20,12 +19,17 @@ namespace bench {
 
 namespace {
 
+/// The operations for which a client has to ask its server: login, look-up, query, fetch. The
+/// others read what came with one of these.
+constexpr const wchar_t* serverOperations[] = {L"login",    L"fileFromPath", L"rootFolder",
+                                               L"execute",  L"getLocalCopy", L"getVersion",
+                                               L"checkOut", L"cardData"};
+
 wb::SessionOptions options() {
   wb::SessionOptions options;
   options.accountForMemory = false;
-  options.module = (Workshop::binFolder() / L"TessaroAcad.arx").wstring();
-  options.client = (Workshop::binFolder() / L"TessaroClient.dll").wstring();
-  options.workFolder = Workshop::view().parent_path().wstring();
+  options.client = (BenchSession::binFolder() / L"TessaroClient.dll").wstring();
+  options.workFolder = BenchSession::view().parent_path().wstring();
   options.timeoutSeconds = 0;
   return options;
 }
@@ -59,30 +63,58 @@ void writeSheet(const std::filesystem::path& file, int count) {
 
 }  // namespace
 
-Workshop::Workshop() : session(options()) {
-  run("@vault create Works %WORK%\\View\n@reg set EditWarning 1\n");
-  wb::Host::instance().onModuleMapped = watchMemoryOf;
-  run("@load\n");
+BenchSession::BenchSession() : session(options()) {
+  run("@vault create Works %WORK%\\View\n@vault offline off\n@reg set EditWarning 1\n");
+  wb::Host::instance().onModuleMapped = nullptr;
+  load(Application::module);
 }
 
-void Workshop::run(const std::string& script) {
+void BenchSession::load(Application application) {
+  loadFile(application == Application::module ? L"TessaroAcad.arx" : L"baremodule.arx");
+}
+
+void BenchSession::loadWatched() {
+  wb::Host& host = wb::Host::instance();
+  host.onModuleMapped = watchMemoryOf;
+  loadFile(L"TessaroAcad.arx");
+  host.onModuleMapped = nullptr;
+}
+
+void BenchSession::loadFile(const wchar_t* name) {
+  unload();
+  const std::wstring file = (binFolder() / name).wstring();
+  if (!wb::Host::instance().loadModule(file)) {
+    throw std::runtime_error(wb::toUtf8(session.text()));
+  }
+  loaded = file;
+}
+
+void BenchSession::unload() {
+  if (loaded.empty()) return;
+  if (!wb::Host::instance().unloadModule(loaded)) {
+    throw std::runtime_error(wb::toUtf8(session.text()));
+  }
+  loaded.clear();
+}
+
+void BenchSession::run(const std::string& script) {
   if (!session.run(script)) throw std::runtime_error(wb::toUtf8(session.text()));
 }
 
-std::filesystem::path Workshop::binFolder() { return wb::programFolder(); }
+std::filesystem::path BenchSession::binFolder() { return wb::programFolder(); }
 
-std::filesystem::path Workshop::view() {
+std::filesystem::path BenchSession::view() {
   // Asked for once: the C++ library looks at the disk for it, which is no part of what is measured.
   static const std::filesystem::path folder =
       std::filesystem::temp_directory_path() / L"workbench-bench" / L"View";
   return folder;
 }
 
-std::filesystem::path Workshop::xref(int number) {
+std::filesystem::path BenchSession::xref(int number) {
   return view() / L"Xrefs" / (xrefName(number) + L".dxf");
 }
 
-void Workshop::provideXrefs(int count) {
+void BenchSession::provideXrefs(int count) {
   const std::filesystem::path empty = view().parent_path() / L"empty.dxf";
   writeEmptyDrawing(empty);
   wb::store().together([&] {
@@ -92,7 +124,7 @@ void Workshop::provideXrefs(int count) {
   });
 }
 
-void Workshop::openSheet(int count) {
+void BenchSession::openSheet(int count) {
   provideXrefs(count);
   const std::string name = "Sheet" + std::to_string(count) + ".dxf";
   const std::filesystem::path sheet = view() / name;
@@ -102,46 +134,49 @@ void Workshop::openSheet(int count) {
     run("@vault add %WORK%\\View\\" + name + " from %WORK%\\" + name + "\n");
   }
   run("@open %WORK%\\View\\" + name + "\n");
-  forget();
+  clearTranscript();
 }
 
-void Workshop::closeAll() {
+void BenchSession::closeAll() {
   while (wb::Host::instance().close()) {
   }
-  forget();
+  clearTranscript();
 }
 
-void Workshop::click(int control) {
+void BenchSession::settle() { wb::Host::instance().runUntilIdle(); }
+
+void BenchSession::click(int control) {
   const HWND window = FindWindowW(nullptr, L"Tessaro Status");
   if (!window) throw std::runtime_error("there is no status window");
   SendMessageW(window, WM_COMMAND, MAKEWPARAM(control, BN_CLICKED), 0);
 }
 
-void Workshop::command(const wchar_t* name) {
+void BenchSession::command(const wchar_t* name) {
   const wb::Command* found = wb::Host::instance().commands().find(name);
   if (!found) throw std::runtime_error("no such command: " + wb::toUtf8(name));
   found->work();
 }
 
-void Workshop::saved(const std::wstring& path) {
+void BenchSession::saved(const std::wstring& path) {
   wb::Host& host = wb::Host::instance();
   host.editor().saveComplete(host.documents().active()->databaseOf(), path.c_str());
 }
 
-size_t Workshop::clientCalls() {
-  const auto& events = wb::Transcript::instance().events();
-  const auto begin = events.begin() + static_cast<std::ptrdiff_t>(told);
-  // The client's texts are no matter of the vault.
-  const auto calls = std::count_if(begin, events.end(), [](const wb::Event& event) {
-    return event.kind == wb::Event::client && event.subject.rfind(L"VaultTextService", 0) != 0;
-  });
-  told = events.size();
-  return static_cast<size_t>(calls);
+ClientCalls BenchSession::clientCalls() const {
+  ClientCalls calls;
+  for (const wb::Event& event : wb::Transcript::instance().events()) {
+    if (event.kind != wb::Event::client) continue;
+    calls.lines.push_back(event.text);
+    if (event.subject.rfind(L"VaultTextService", 0) == 0) continue;
+    ++calls.ofVault;
+    const std::wstring operation = event.subject.substr(event.subject.find(L'.') + 1);
+    const auto found =
+        std::find(std::begin(serverOperations), std::end(serverOperations), operation);
+    if (found != std::end(serverOperations)) ++calls.exchanges;
+  }
+  return calls;
 }
 
-void Workshop::forget() {
-  wb::Transcript::instance().clear();
-  told = 0;
-}
+void BenchSession::clearTranscript() { wb::Transcript::instance().clear(); }
 
 }  // namespace bench
