@@ -63,7 +63,7 @@ DEFINE_RX_CLASS(AcDbBlockReference, AcDbEntity::desc())
 DEFINE_RX_CLASS(AcDbText, AcDbEntity::desc())
 DEFINE_RX_CLASS(AcDbAttribute, AcDbText::desc())
 
-AcRxObject::AcRxObject() { HostCall(L"host.AcRxObject"); }
+AcRxObject::AcRxObject() { const HostCall call(L"host.AcRxObject"); }
 AcGiDrawable::AcGiDrawable() = default;
 AcDbObject::AcDbObject() = default;
 AcDbObject::~AcDbObject() = default;

@@ -3,108 +3,107 @@
 
 #include "gate/HostCall.h"
 
-using wb::HostCall;
+namespace {
 
 // What the host does about an event that an application's reactor doesn't handle: nothing.
+void pass(const wchar_t* name) { const wb::HostCall call(name); }
+
+}  // namespace
 
 void AcRxEventReactor::dwgFileOpened(AcDbDatabase*, ACHAR*) {
-  HostCall(L"AcRxEventReactor.dwgFileOpened");
+  pass(L"AcRxEventReactor.dwgFileOpened");
 }
 void AcRxEventReactor::initialDwgFileOpenComplete(AcDbDatabase*) {
-  HostCall(L"AcRxEventReactor.initialDwgFileOpenComplete");
+  pass(L"AcRxEventReactor.initialDwgFileOpenComplete");
 }
 void AcRxEventReactor::databaseConstructed(AcDbDatabase*) {
-  HostCall(L"AcRxEventReactor.databaseConstructed");
+  pass(L"AcRxEventReactor.databaseConstructed");
 }
 void AcRxEventReactor::databaseToBeDestroyed(AcDbDatabase*) {
-  HostCall(L"AcRxEventReactor.databaseToBeDestroyed");
+  pass(L"AcRxEventReactor.databaseToBeDestroyed");
 }
 void AcRxEventReactor::beginSave(AcDbDatabase*, const ACHAR*) {
-  HostCall(L"AcRxEventReactor.beginSave");
+  pass(L"AcRxEventReactor.beginSave");
 }
 void AcRxEventReactor::saveComplete(AcDbDatabase*, const ACHAR*) {
-  HostCall(L"AcRxEventReactor.saveComplete");
+  pass(L"AcRxEventReactor.saveComplete");
 }
-void AcRxEventReactor::abortSave(AcDbDatabase*) { HostCall(L"AcRxEventReactor.abortSave"); }
-void AcRxEventReactor::beginDxfIn(AcDbDatabase*) { HostCall(L"AcRxEventReactor.beginDxfIn"); }
-void AcRxEventReactor::abortDxfIn(AcDbDatabase*) { HostCall(L"AcRxEventReactor.abortDxfIn"); }
-void AcRxEventReactor::dxfInComplete(AcDbDatabase*) { HostCall(L"AcRxEventReactor.dxfInComplete"); }
-void AcRxEventReactor::beginDxfOut(AcDbDatabase*) { HostCall(L"AcRxEventReactor.beginDxfOut"); }
-void AcRxEventReactor::abortDxfOut(AcDbDatabase*) { HostCall(L"AcRxEventReactor.abortDxfOut"); }
-void AcRxEventReactor::dxfOutComplete(AcDbDatabase*) {
-  HostCall(L"AcRxEventReactor.dxfOutComplete");
-}
+void AcRxEventReactor::abortSave(AcDbDatabase*) { pass(L"AcRxEventReactor.abortSave"); }
+void AcRxEventReactor::beginDxfIn(AcDbDatabase*) { pass(L"AcRxEventReactor.beginDxfIn"); }
+void AcRxEventReactor::abortDxfIn(AcDbDatabase*) { pass(L"AcRxEventReactor.abortDxfIn"); }
+void AcRxEventReactor::dxfInComplete(AcDbDatabase*) { pass(L"AcRxEventReactor.dxfInComplete"); }
+void AcRxEventReactor::beginDxfOut(AcDbDatabase*) { pass(L"AcRxEventReactor.beginDxfOut"); }
+void AcRxEventReactor::abortDxfOut(AcDbDatabase*) { pass(L"AcRxEventReactor.abortDxfOut"); }
+void AcRxEventReactor::dxfOutComplete(AcDbDatabase*) { pass(L"AcRxEventReactor.dxfOutComplete"); }
 void AcRxEventReactor::beginInsert(AcDbDatabase*, const ACHAR*, AcDbDatabase*) {
-  HostCall(L"AcRxEventReactor.beginInsert");
+  pass(L"AcRxEventReactor.beginInsert");
 }
 void AcRxEventReactor::beginInsert(AcDbDatabase*, const AcGeMatrix3d&, AcDbDatabase*) {
-  HostCall(L"AcRxEventReactor.beginInsert");
+  pass(L"AcRxEventReactor.beginInsert");
 }
 void AcRxEventReactor::otherInsert(AcDbDatabase*, AcDbIdMapping&, AcDbDatabase*) {
-  HostCall(L"AcRxEventReactor.otherInsert");
+  pass(L"AcRxEventReactor.otherInsert");
 }
-void AcRxEventReactor::abortInsert(AcDbDatabase*) { HostCall(L"AcRxEventReactor.abortInsert"); }
-void AcRxEventReactor::endInsert(AcDbDatabase*) { HostCall(L"AcRxEventReactor.endInsert"); }
-void AcRxEventReactor::wblockNotice(AcDbDatabase*) { HostCall(L"AcRxEventReactor.wblockNotice"); }
+void AcRxEventReactor::abortInsert(AcDbDatabase*) { pass(L"AcRxEventReactor.abortInsert"); }
+void AcRxEventReactor::endInsert(AcDbDatabase*) { pass(L"AcRxEventReactor.endInsert"); }
+void AcRxEventReactor::wblockNotice(AcDbDatabase*) { pass(L"AcRxEventReactor.wblockNotice"); }
 void AcRxEventReactor::beginWblock(AcDbDatabase*, AcDbDatabase*, const AcGePoint3d*&) {
-  HostCall(L"AcRxEventReactor.beginWblock");
+  pass(L"AcRxEventReactor.beginWblock");
 }
 void AcRxEventReactor::beginWblock(AcDbDatabase*, AcDbDatabase*, AcDbObjectId) {
-  HostCall(L"AcRxEventReactor.beginWblock");
+  pass(L"AcRxEventReactor.beginWblock");
 }
 void AcRxEventReactor::beginWblock(AcDbDatabase*, AcDbDatabase*) {
-  HostCall(L"AcRxEventReactor.beginWblock");
+  pass(L"AcRxEventReactor.beginWblock");
 }
 void AcRxEventReactor::otherWblock(AcDbDatabase*, AcDbIdMapping&, AcDbDatabase*) {
-  HostCall(L"AcRxEventReactor.otherWblock");
+  pass(L"AcRxEventReactor.otherWblock");
 }
-void AcRxEventReactor::abortWblock(AcDbDatabase*) { HostCall(L"AcRxEventReactor.abortWblock"); }
-void AcRxEventReactor::endWblock(AcDbDatabase*) { HostCall(L"AcRxEventReactor.endWblock"); }
+void AcRxEventReactor::abortWblock(AcDbDatabase*) { pass(L"AcRxEventReactor.abortWblock"); }
+void AcRxEventReactor::endWblock(AcDbDatabase*) { pass(L"AcRxEventReactor.endWblock"); }
 void AcRxEventReactor::beginWblockObjects(AcDbDatabase*, AcDbIdMapping&) {
-  HostCall(L"AcRxEventReactor.beginWblockObjects");
+  pass(L"AcRxEventReactor.beginWblockObjects");
 }
 void AcRxEventReactor::beginDeepClone(AcDbDatabase*, AcDbIdMapping&) {
-  HostCall(L"AcRxEventReactor.beginDeepClone");
+  pass(L"AcRxEventReactor.beginDeepClone");
 }
 void AcRxEventReactor::beginDeepCloneXlation(AcDbIdMapping&, Acad::ErrorStatus*) {
-  HostCall(L"AcRxEventReactor.beginDeepCloneXlation");
+  pass(L"AcRxEventReactor.beginDeepCloneXlation");
 }
-void AcRxEventReactor::abortDeepClone(AcDbIdMapping&) {
-  HostCall(L"AcRxEventReactor.abortDeepClone");
-}
-void AcRxEventReactor::endDeepClone(AcDbIdMapping&) { HostCall(L"AcRxEventReactor.endDeepClone"); }
+void AcRxEventReactor::abortDeepClone(AcDbIdMapping&) { pass(L"AcRxEventReactor.abortDeepClone"); }
+void AcRxEventReactor::endDeepClone(AcDbIdMapping&) { pass(L"AcRxEventReactor.endDeepClone"); }
 void AcRxEventReactor::partialOpenNotice(AcDbDatabase*) {
-  HostCall(L"AcRxEventReactor.partialOpenNotice");
+  pass(L"AcRxEventReactor.partialOpenNotice");
 }
 void AcRxEventReactor::beginAttach(AcDbDatabase*, const ACHAR*, AcDbDatabase*) {
-  HostCall(L"AcRxEventReactor.beginAttach");
+  pass(L"AcRxEventReactor.beginAttach");
 }
 void AcRxEventReactor::otherAttach(AcDbDatabase*, AcDbDatabase*) {
-  HostCall(L"AcRxEventReactor.otherAttach");
+  pass(L"AcRxEventReactor.otherAttach");
 }
-void AcRxEventReactor::abortAttach(AcDbDatabase*) { HostCall(L"AcRxEventReactor.abortAttach"); }
-void AcRxEventReactor::endAttach(AcDbDatabase*) { HostCall(L"AcRxEventReactor.endAttach"); }
+void AcRxEventReactor::abortAttach(AcDbDatabase*) { pass(L"AcRxEventReactor.abortAttach"); }
+void AcRxEventReactor::endAttach(AcDbDatabase*) { pass(L"AcRxEventReactor.endAttach"); }
 void AcRxEventReactor::redirected(AcDbObjectId, AcDbObjectId) {
-  HostCall(L"AcRxEventReactor.redirected");
+  pass(L"AcRxEventReactor.redirected");
 }
 void AcRxEventReactor::comandeered(AcDbDatabase*, AcDbObjectId, AcDbDatabase*) {
-  HostCall(L"AcRxEventReactor.comandeered");
+  pass(L"AcRxEventReactor.comandeered");
 }
 void AcRxEventReactor::beginRestore(AcDbDatabase*, const ACHAR*, AcDbDatabase*) {
-  HostCall(L"AcRxEventReactor.beginRestore");
+  pass(L"AcRxEventReactor.beginRestore");
 }
-void AcRxEventReactor::abortRestore(AcDbDatabase*) { HostCall(L"AcRxEventReactor.abortRestore"); }
-void AcRxEventReactor::endRestore(AcDbDatabase*) { HostCall(L"AcRxEventReactor.endRestore"); }
+void AcRxEventReactor::abortRestore(AcDbDatabase*) { pass(L"AcRxEventReactor.abortRestore"); }
+void AcRxEventReactor::endRestore(AcDbDatabase*) { pass(L"AcRxEventReactor.endRestore"); }
 void AcRxEventReactor::xrefSubCommandStart(AcDbDatabase*, AcXrefSubCommand,
                                            const AcArray<AcDbObjectId>&, const ACHAR* const*,
                                            const ACHAR* const*, bool&) {
-  HostCall(L"AcRxEventReactor.xrefSubCommandStart");
+  pass(L"AcRxEventReactor.xrefSubCommandStart");
 }
 void AcRxEventReactor::xrefSubCommandAborted(AcDbDatabase*, AcXrefSubCommand,
                                              const AcArray<AcDbObjectId>&, const ACHAR* const*,
                                              const ACHAR* const*) {
-  HostCall(L"AcRxEventReactor.xrefSubCommandAborted");
+  pass(L"AcRxEventReactor.xrefSubCommandAborted");
 }
 void AcRxEventReactor::preXrefLockFile(AcDbDatabase*, AcDbObjectId) {
-  HostCall(L"AcRxEventReactor.preXrefLockFile");
+  pass(L"AcRxEventReactor.preXrefLockFile");
 }

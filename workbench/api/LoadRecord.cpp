@@ -34,7 +34,7 @@ class AcadAppInfoImp {
   wb::LoadRecord record;
 };
 
-AcadAppInfo::AcadAppInfo() : mpImp(new AcadAppInfoImp) { HostCall(L"host.AcadAppInfo"); }
+AcadAppInfo::AcadAppInfo() : mpImp(new AcadAppInfoImp) { const HostCall call(L"host.AcadAppInfo"); }
 
 AcadAppInfo::~AcadAppInfo() {
   const HostCall call(L"host.~AcadAppInfo");

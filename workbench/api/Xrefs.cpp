@@ -69,7 +69,7 @@ AcDbXrefGraphNode::AcDbXrefGraphNode(const ACHAR* pName, AcDbObjectId btrId)
 AcDbXrefGraphNode::~AcDbXrefGraphNode() { std::free(mpName); }
 
 AcDbXrefGraph::AcDbXrefGraph(AcDbXrefGraphNode* pHost) : AcDbGraph(pHost) {
-  HostCall(L"host.AcDbXrefGraph");
+  const HostCall call(L"host.AcDbXrefGraph");
 }
 
 AcDbXrefGraph::~AcDbXrefGraph() {

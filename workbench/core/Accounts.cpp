@@ -16,7 +16,7 @@ namespace {
 
 /// Sees what COM's task allocator frees (IMallocSpy), and reports it to the accounts of the current
 /// session. Windows has one spy in a process, for good.
-class FreeSpy : public IMallocSpy {
+class FreeSpy final : public IMallocSpy {
  public:
   void reportTo(Accounts* accounts) {
     const std::lock_guard lock(mutex);
