@@ -282,7 +282,15 @@ TEST_F(WindowReentrance, NothingChecksXrefsInTheMiddleOfAnotherCheck) {
   }
   EXPECT_EQ(count(L"VaultQuery.execute("), 1) << recent();
   EXPECT_EQ(count(L"VaultFile.getLocalCopy("), 1) << recent();
-  run("@tick\n");
+  EXPECT_EQ(count(L"VaultFile.localVersion("), 0) << "a tick would ask for the status, too";
+  {
+    const AtCall call({"CreateFileW", wb::observerOf(fileOpened, CreateFileW)}, [] {
+      host().runner().run(*host().commands().find(L"Tessaro_getlatestxrefs"),
+                          host().documents().active());
+    });
+    tick();
+  }
+  EXPECT_EQ(count(L"command: Tessaro_getlatestxrefs"), 2) << recent();
   EXPECT_EQ(count(L"VaultQuery.execute("), 2) << recent();
 }
 
