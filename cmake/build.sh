@@ -29,6 +29,7 @@ run_build() {
 build_target() {
   local target=$1 log=$2
   prepare_toolchain && cd "$root" || return
+  echo "Configuring ..."
   if ! cmake --preset clang >"$log" 2>&1; then
     cat "$log"
     return 1

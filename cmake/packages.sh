@@ -23,8 +23,11 @@ install_missing_packages() {
     fi
     as_root=(sudo -n)
   fi
-  echo "Installing ${missing[*]}"
-  "${as_root[@]}" apt-get update -qq </dev/null &&
+  echo "Installing ${missing[*]} (a few minutes) ..."
+  # Its own progress is for a terminal only.
+  local quiet=(-qq) words=/dev/null
+  [[ -t 1 ]] && quiet=() words=/dev/stdout
+  "${as_root[@]}" apt-get update "${quiet[@]}" </dev/null &&
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
-      apt-get install -y -qq --no-install-recommends "${missing[@]}" </dev/null >/dev/null
+      apt-get install -y "${quiet[@]}" --no-install-recommends "${missing[@]}" </dev/null >"$words"
 }

@@ -4,7 +4,8 @@
 #
 #   end_with COMMAND            runs it when the script ends, be it by a signal
 #   wine_begin FOLDER [COMMAND] the prefix lives in FOLDER; made at the first use. What it began
-#                               ends with the script, and COMMAND runs then, too
+#                               ends with the script, and COMMAND runs then, too. With
+#                               wine_own_display=no the windows go to the user's display
 #   wine_run SECONDS PROGRAM... runs a Windows program with a time limit; gives its exit code
 #   wine_end                    ends the prefix's processes and the display
 #   windows_path PATH           the same file as a Windows program names it
@@ -12,6 +13,7 @@
 wine_prefix=
 wine_child=
 wine_display_process=
+wine_own_display=yes
 wine_desktop_size=1280x800
 # Tests run in a time zone that is no whole number of hours from UTC, and in which the clocks turn:
 # taking the one time for the other can't go unseen.
@@ -74,6 +76,7 @@ wine_begin() {
 }
 
 start_display() {
+  [[ $wine_own_display == no ]] && return
   local number=$1/display left=100
   : >"$number"
   Xvfb -displayfd 8 -screen 0 ${wine_desktop_size}x24 -nolisten tcp \

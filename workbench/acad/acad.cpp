@@ -15,6 +15,7 @@
 #include "core/Program.h"
 #include "core/Text.h"
 #include "core/Transcript.h"
+#include "desk/Desk.h"
 #include "scripting/Directives.h"
 #include "scripting/Session.h"
 
@@ -25,8 +26,8 @@ constexpr int exitFailed = 1;
 constexpr int exitUsage = 2;
 
 constexpr char usage[] =
-    "acad [--module FILE] [--client FILE] [--script FILE] [--interactive] [--work FOLDER]\n"
-    "     [--keep] [--drawings FOLDER] [--timeout SECONDS]\n"
+    "acad [--module FILE] [--client FILE] [--script FILE] [--interactive] [--desk]\n"
+    "     [--work FOLDER] [--keep] [--drawings FOLDER] [--timeout SECONDS]\n"
     "\n"
     "Runs a script in the stand-in host, prints the transcript, and ends with 0 if all went well,\n"
     "1 if the script failed, 2 for a wrong command line, 3 after a timeout.\n"
@@ -36,9 +37,11 @@ constexpr char usage[] =
     "  --script FILE      the script; @load stands in it, nothing is loaded before\n"
     "  --interactive      loads the module if no script is given, then takes lines from the\n"
     "                     standard input; boxes wait for the person\n"
+    "  --desk             the same, but the window gets a menu and a command line for the person\n"
     "  --work FOLDER      the session's folder, %WORK% in scripts; emptied at the start\n"
     "  --keep             nothing is emptied: the store and the settings of the last run stay\n"
-    "  --drawings FOLDER  %DRAWINGS% in scripts (`drawings` beside the script's folder)\n"
+    "  --drawings FOLDER  %DRAWINGS% in scripts (the project's sample drawings, if the program\n"
+    "                     lies below its folder)\n"
     "  --timeout SECONDS  for the script, 0 for none (60)\n";
 
 struct UsageError : std::runtime_error {
@@ -48,6 +51,7 @@ struct UsageError : std::runtime_error {
 struct CommandLine {
   wb::SessionOptions session;
   std::wstring script;
+  bool desk = false;
 };
 
 unsigned seconds(const wchar_t* text) {
@@ -87,6 +91,8 @@ CommandLine parse(int count, wchar_t** arguments) {
       session.timeoutSeconds = seconds(value());
     } else if (name == L"--interactive") {
       session.interactive = true;
+    } else if (name == L"--desk") {
+      line.desk = session.interactive = true;
     } else if (name == L"--keep") {
       session.keep = true;
     } else {
@@ -94,9 +100,18 @@ CommandLine parse(int count, wchar_t** arguments) {
     }
   }
   if (line.script.empty() && !session.interactive) {
-    throw UsageError("either --script or --interactive is needed");
+    throw UsageError("--script, --interactive or --desk is needed");
   }
   return line;
+}
+
+/// Those of the project that was built here; empty if the program lies elsewhere.
+std::wstring sampleDrawings(std::filesystem::path folder) {
+  for (; folder.has_relative_path(); folder = folder.parent_path()) {
+    const std::filesystem::path drawings = folder / L"workbench" / L"drawings";
+    if (std::filesystem::is_directory(drawings)) return drawings;
+  }
+  return {};
 }
 
 void fillDefaults(CommandLine& line) {
@@ -105,14 +120,8 @@ void fillDefaults(CommandLine& line) {
   if (session.module.empty()) session.module = programs / L"TessaroAcad.arx";
   if (session.client.empty()) session.client = programs / L"TessaroClient.dll";
   if (session.workFolder.empty()) session.workFolder = temporaryFolder() + L"acad";
-  if (!line.script.empty()) {
-    line.script = wb::windowsPath(line.script);
-    const auto drawings =
-        std::filesystem::path(line.script).parent_path().parent_path() / L"drawings";
-    if (session.drawings.empty() && std::filesystem::is_directory(drawings)) {
-      session.drawings = drawings;
-    }
-  }
+  if (session.drawings.empty()) session.drawings = sampleDrawings(programs);
+  if (!line.script.empty()) line.script = wb::windowsPath(line.script);
 }
 
 std::string readScript(const std::wstring& file) {
@@ -127,7 +136,12 @@ int run(CommandLine line) {
   if (!line.script.empty()) script = readScript(line.script);
   wb::Session session(line.session);
   bool ok = script ? session.run(*script) : session.load();
-  if (ok && line.session.interactive) session.interact();
+  if (ok && line.desk) {
+    wb::Desk desk(session.context());
+    session.interact(desk);
+  } else if (ok && line.session.interactive) {
+    session.interact();
+  }
   // An error that a person was told of was his own; what leaked, never.
   const size_t problems = wb::Transcript::instance().problems();
   session.end();

@@ -13,6 +13,7 @@
 #include "dxf/Block.h"
 #include "dxf/Groups.h"
 #include "dxf/Outline.h"
+#include "dxf/Source.h"
 #include "dxf/Text.h"
 
 namespace wb {
@@ -37,6 +38,9 @@ class DrawingDatabase {
   std::string bytes() const { return groups.bytes(); }
   /// @throws HostError unless a reader of `bytes` finds this drawing in them, group by group
   void requireReadFrom(const std::string& bytes) const;
+
+  /// What the drawing's file says now, changes included.
+  DxfSource source() const { return {groups, outline, text}; }
 
   AcDbDatabase* database() const { return database_.get(); }
   Drawing& drawing() const { return drawing_; }

@@ -90,6 +90,7 @@ bool Drawing::setCurrentLayout(std::wstring_view name) {
   const LayoutImp* layout = database_->findLayout(name);
   if (!layout) return false;
   currentLayout_ = layout->layoutName;
+  ++revision_;
   if (layout->id != database_->modelSpace().layout) currentSheet_ = currentLayout_;
   return true;
 }

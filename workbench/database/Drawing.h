@@ -44,7 +44,12 @@ class Drawing {
   /// The user changes something: the content is another one each time.
   void edit();
   /// Notes a change of the drawing's content.
-  void touch() { dbmod_ = static_cast<short>(dbmod_ | 1); }
+  void touch() {
+    dbmod_ = static_cast<short>(dbmod_ | 1);
+    ++revision_;
+  }
+  /// Another number after each change of what is seen of the drawing.
+  unsigned revision() const { return revision_; }
 
   /// The editor says who may write: a drawing that is open in a document needs a lock of it.
   void setWriteCheck(std::function<bool()> check) { writeCheck_ = std::move(check); }
@@ -93,6 +98,7 @@ class Drawing {
   std::wstring currentSheet_;
   std::function<bool()> writeCheck_;
   short dbmod_ = 0;
+  unsigned revision_ = 0;
   bool closed_ = false;
 };
 

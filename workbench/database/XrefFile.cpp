@@ -35,6 +35,7 @@ void XrefFile::open(const std::wstring& storedPath, const std::filesystem::path&
                     const std::filesystem::path& mainFolder) {
   close();
   attached_.clear();
+  content_.reset();
   bool hold = false;
   std::optional<FileError> first;
   for (const std::filesystem::path& place : places(storedPath, folder, mainFolder)) {
@@ -58,18 +59,18 @@ void XrefFile::open(const std::wstring& storedPath, const std::filesystem::path&
 }
 
 void XrefFile::read() {
-  DxfGroups groups;
-  DxfOutline outline;
+  auto content = std::make_unique<DxfContent>();
+  auto& [groups, outline, text] = *content;
   groups.parse(readAll(file.get()));
   outline.read(groups);
-  const DxfText text(outline.variable(groups, "$ACADVER"),
-                     outline.variable(groups, "$DWGCODEPAGE"));
+  text = DxfText(outline.variable(groups, "$ACADVER"), outline.variable(groups, "$DWGCODEPAGE"));
   for (const DxfEntry& entry : outline.entries("BLOCKS")) {
     if (DxfFields(groups, entry).type() != "BLOCK") continue;
     DxfBlock block(groups, text, entry);
     // An overlay is for the drawing that it stands in, not for those that refer to that one.
     if (block.isXref() && !block.isOverlay()) attached_.push_back(std::move(block));
   }
+  content_ = std::move(content);
 }
 
 }  // namespace wb

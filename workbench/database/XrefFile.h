@@ -1,11 +1,13 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "database/File.h"
 #include "dxf/Block.h"
+#include "dxf/Source.h"
 
 namespace wb {
 
@@ -22,6 +24,8 @@ class XrefFile {
 
   const std::filesystem::path& path() const { return path_; }
   const std::vector<DxfBlock>& attached() const { return attached_; }
+  /// What was read of it, which stays when the file is closed; null if it couldn't be read.
+  const DxfContent* content() const { return content_.get(); }
 
  private:
   void read();
@@ -29,6 +33,7 @@ class XrefFile {
   std::filesystem::path path_;
   OpenFile file;
   std::vector<DxfBlock> attached_;
+  std::unique_ptr<const DxfContent> content_;
 };
 
 }  // namespace wb

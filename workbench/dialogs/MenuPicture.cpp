@@ -37,13 +37,14 @@ std::wstring storedText(HMENU menu, UINT position) {
 /// The host's menu for objects. The submenus of the entries in it stay the applications' own.
 class ObjectMenu {
  public:
-  explicit ObjectMenu(const std::vector<HMENU>& entries) : menu(CreatePopupMenu()) {
+  explicit ObjectMenu(const std::vector<HMENU>& entries, UINT stateOfOwn = MF_ENABLED)
+      : menu(CreatePopupMenu()) {
     UINT id = firstHostId;
-    for (const wchar_t* text : {L"&Erase", L"&Move", L"&Rotate"}) append(MF_STRING, id++, text);
+    for (const wchar_t* text : {L"&Erase", L"&Move", L"&Rotate"}) append(stateOfOwn, id++, text);
     append(MF_SEPARATOR, 0, nullptr);
     for (const HMENU one : entries) addItemsOf(one);
     if (!entries.empty()) append(MF_SEPARATOR, 0, nullptr);
-    append(MF_STRING, id, L"&Properties");
+    append(stateOfOwn, id, L"&Properties");
   }
   ObjectMenu(const ObjectMenu&) = delete;
   ObjectMenu& operator=(const ObjectMenu&) = delete;
@@ -174,6 +175,13 @@ class MenuReader {
 
 std::wstring menuItemText(HMENU menu, UINT position) {
   return shownText(storedText(menu, position));
+}
+
+UINT showMenu(HWND owner, const std::vector<HMENU>& entries, POINT place) {
+  const ObjectMenu menu(entries, MF_GRAYED);
+  return static_cast<UINT>(TrackPopupMenu(menu.handle(),
+                                          TPM_RETURNCMD | TPM_NONOTIFY | TPM_RIGHTBUTTON, place.x,
+                                          place.y, 0, owner, nullptr));
 }
 
 void pictureMenu(HWND owner, const std::vector<HMENU>& entries, const std::wstring& submenu,

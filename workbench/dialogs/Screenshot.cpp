@@ -76,9 +76,28 @@ void paintWindows() {
   MsgWaitForMultipleObjectsEx(0, nullptr, paintingTime, 0, 0);
 }
 
+BOOL CALLBACK addWindow(HWND window, LPARAM argument) {
+  RECT place;
+  if (IsWindowVisible(window) && !IsIconic(window) && GetWindowRect(window, &place)) {
+    auto& all = *reinterpret_cast<RECT*>(argument);
+    UnionRect(&all, &all, &place);
+  }
+  return TRUE;
+}
+
+/// The part of the screen that the thread's windows take; all of it if there are none.
+RECT windowsOnScreen() {
+  const RECT screen{0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+  RECT windows{};
+  EnumThreadWindows(GetCurrentThreadId(), addWindow, reinterpret_cast<LPARAM>(&windows));
+  RECT seen{};
+  return IntersectRect(&seen, &windows, &screen) ? seen : screen;
+}
+
 bool copyScreen(Picture& picture) {
-  picture.width = static_cast<UINT>(GetSystemMetrics(SM_CXSCREEN));
-  picture.height = static_cast<UINT>(GetSystemMetrics(SM_CYSCREEN));
+  const RECT part = windowsOnScreen();
+  picture.width = static_cast<UINT>(part.right - part.left);
+  picture.height = static_cast<UINT>(part.bottom - part.top);
   BITMAPINFO info{};
   info.bmiHeader.biSize = sizeof(info.bmiHeader);
   info.bmiHeader.biWidth = static_cast<LONG>(picture.width);
@@ -89,7 +108,8 @@ bool copyScreen(Picture& picture) {
   const MemoryBitmap memory(info);
   if (!memory.bitmap) return false;
   if (!BitBlt(memory.context, 0, 0, static_cast<int>(picture.width),
-              static_cast<int>(picture.height), screen.context, 0, 0, SRCCOPY | CAPTUREBLT)) {
+              static_cast<int>(picture.height), screen.context, part.left, part.top,
+              SRCCOPY | CAPTUREBLT)) {
     return false;
   }
   GdiFlush();

@@ -41,6 +41,7 @@ class DxfGroups {
   std::string_view added(size_t index, int code) const;
   /// Leaves the groups from `begin` to before `end` out of the file.
   void remove(size_t begin, size_t end);
+  bool isRemoved(size_t index) const { return removed[index]; }
 
   /// The whole file as it is now.
   std::string bytes() const;

@@ -42,6 +42,20 @@ std::optional<size_t> DxfFields::find(int code, std::string_view subclass) const
   return std::nullopt;
 }
 
+void DxfFields::list(std::vector<size_t>& indices) const {
+  indices.clear();
+  int depth = 0;
+  for (size_t index = entry.begin + 1; index < entry.end; ++index) {
+    const int current = groups.code(index);
+    if (endsFields(current)) break;
+    if (current == 102) {
+      depth += groups.word(index).substr(0, 1) == "{" ? 1 : -1;
+    } else if (depth == 0) {
+      indices.push_back(index);
+    }
+  }
+}
+
 size_t DxfFields::endOf(std::string_view subclass) const {
   bool reached = false;
   size_t index = entry.begin + 1;
@@ -146,14 +160,20 @@ std::vector<DxfEntry> DxfOutline::table(const DxfGroups& groups, std::string_vie
   return result;
 }
 
-std::string_view DxfOutline::variable(const DxfGroups& groups, std::string_view name) const {
+std::optional<size_t> DxfOutline::findVariable(const DxfGroups& groups,
+                                               std::string_view name) const {
   for (const Section& one : sections) {
     if (one.name != "HEADER") continue;
     for (size_t index = one.range.begin; index + 1 < one.range.end; ++index) {
-      if (groups.is(index, 9, name)) return groups.word(index + 1);
+      if (groups.is(index, 9, name)) return index + 1;
     }
   }
-  return {};
+  return std::nullopt;
+}
+
+std::string_view DxfOutline::variable(const DxfGroups& groups, std::string_view name) const {
+  const auto index = findVariable(groups, name);
+  return index ? groups.word(*index) : std::string_view();
 }
 
 }  // namespace wb

@@ -30,6 +30,8 @@ class DxfFields {
   /// Its value without blanks, empty if there is none.
   std::string_view word(int code, std::string_view subclass = {}) const;
   int number(int code, int otherwise = 0) const;
+  /// Puts the indices of the object's own groups into `indices`, in their order.
+  void list(std::vector<size_t>& indices) const;
 
  private:
   const DxfGroups& groups;
@@ -48,6 +50,8 @@ class DxfOutline {
   std::vector<DxfEntry> table(const DxfGroups& groups, std::string_view name) const;
   /// Value of a variable of the header, without blanks; empty if it isn't there.
   std::string_view variable(const DxfGroups& groups, std::string_view name) const;
+  /// The index of the variable's first group.
+  std::optional<size_t> findVariable(const DxfGroups& groups, std::string_view name) const;
 
  private:
   struct Section {

@@ -34,6 +34,7 @@ class CommandStack : public NotServedCommandStack {
   Acad::ErrorStatus add(Command command);
   /// Finds by what was typed: "_NAME" is the global name, "NAME" the local one. Null if unknown.
   const Command* find(std::wstring_view typed) const;
+  const std::vector<Command>& all() const { return commands; }
   /// Takes away what an application left behind, whose code is about to go.
   void dropOf(HMODULE module);
   void clear();

@@ -8,8 +8,10 @@
 #include "database/Objects.h"
 #include "dialogs/MenuPicture.h"
 #include "editor/CommandRunner.h"
+#include "editor/DocumentManager.h"
 #include "editor/Guarded.h"
 #include "editor/Host.h"
+#include "editor/Selection.h"
 
 namespace wb {
 namespace {
@@ -117,14 +119,28 @@ void ContextMenus::rightClick(const Selection::Ids& ids) {
   Host::instance().runner().tellLeaks(since, false);
 }
 
-void ContextMenus::picture(const std::wstring& submenu, const std::wstring& file) const {
-  std::vector<HMENU> entries;
+std::vector<HMENU> ContextMenus::openMenus() const {
+  std::vector<HMENU> menus;
   for (const MenuItem& item : open) {
-    if (item.submenu.empty() && (entries.empty() || entries.back() != item.menu)) {
-      entries.push_back(item.menu);
+    if (item.submenu.empty() && (menus.empty() || menus.back() != item.menu)) {
+      menus.push_back(item.menu);
     }
   }
-  pictureMenu(Host::instance().mainWindow(), entries, submenu, file);
+  return menus;
+}
+
+void ContextMenus::picture(const std::wstring& submenu, const std::wstring& file) const {
+  pictureMenu(Host::instance().mainWindow(), openMenus(), submenu, file);
+}
+
+void ContextMenus::show(POINT place) {
+  const Selection::Ids picked = Selection::instance().picked();
+  if (picked.empty() || !Host::instance().documents().isApplicationContext()) return;
+  rightClick(picked);
+  const UINT id = showMenu(Host::instance().mainWindow(), openMenus(), place);
+  const auto chosen = std::find_if(open.begin(), open.end(),
+                                   [&](const MenuItem& item) { return id != 0 && item.id == id; });
+  if (chosen != open.end()) choose(MenuItem(*chosen));
 }
 
 void ContextMenus::choose(const MenuItem& item) {

@@ -45,6 +45,10 @@ class ContextMenus {
   /// items.
   /// @throws DialogError if there is no picture
   void picture(const std::wstring& submenu, const std::wstring& file) const;
+  /// The user right-clicks what is picked: shows the menu and does what is chosen. Of no effect
+  /// while a command runs.
+  /// @param place where on the screen
+  void show(POINT place);
   /// The user clicks an item: its context gets the command, and the menu closes.
   void choose(const MenuItem& item);
 
@@ -54,6 +58,7 @@ class ContextMenus {
     AcEdUIContext* context;
     Ticket ticket;
   };
+  std::vector<HMENU> openMenus() const;
   std::vector<AcEdUIContext*> contextsForAll(const Selection::Ids& ids) const;
   void closeMenuOf(const AcEdUIContext* context);
 

@@ -118,7 +118,7 @@ void DocumentManager::bringToTop(Document* document, bool fresh) {
   order_.erase(std::remove(order_.begin(), order_.end(), document), order_.end());
   order_.push_back(document);
   acdbHostApplicationServices()->setWorkingDatabase(document->databaseOf());
-  Host::instance().window().showTitle(document->title());
+  Host::instance().window().show(document->title(), document->drawing());
   tell(Event::doc, L"activated " + document->title());
   fire(L"documentBecameCurrent", [&](auto& reactor) { reactor.documentBecameCurrent(document); });
   if (fresh) Host::instance().modules().documentLoaded(document);
@@ -230,7 +230,7 @@ void DocumentManager::destroy(Document* document) {
   fire(L"documentDestroyed", [&](auto& reactor) { reactor.documentDestroyed(name.c_str()); });
   if (active_) return;
   if (order_.empty()) {
-    Host::instance().window().showTitle({});
+    Host::instance().window().show({}, nullptr);
   } else {
     bringToTop(order_.back(), false);
   }

@@ -45,7 +45,9 @@ std::vector<SELECTFILEPROC> FileSelection::callbacks() const {
 Acad::ErrorStatus FileSelection::pick(short* userCancel, ACHAR*& chosenPath, int flags) {
   chosenPath = nullptr;
   std::optional<std::wstring> picked;
-  if (picks.empty()) {
+  if (picks.empty() && ask) {
+    picked = ask(flags);
+  } else if (picks.empty()) {
     if (!Answers::instance().answersAny()) tell(Event::error, L"the file dialog has no answer");
   } else {
     picked = std::move(picks.front());

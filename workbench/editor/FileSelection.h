@@ -5,6 +5,7 @@
 #include <dbapserv.h>
 
 #include <deque>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -32,6 +33,8 @@ class FileSelection {
   bool addCallback(const ACHAR* name, SELECTFILEPROC proc, bool asPrimary);
   bool removeCallback(const ACHAR* name, SELECTFILEPROC proc);
   std::vector<SELECTFILEPROC> callbacks() const;
+  /// Shows a person the dialog when no answer is queued; null if there is no person.
+  std::function<std::optional<std::wstring>(int flags)> ask;
   /// The dialog.
   Acad::ErrorStatus pick(short* userCancel, ACHAR*& chosenPath, int flags);
 

@@ -123,6 +123,7 @@ void Host::runUntilIdle() {
     parts->documents.runDeferred();
     parts->runner.runNext(parts->input.lastNumber());
   } while (hasWork());
+  parts->window.refresh();
   pumpMessages();
 }
 

@@ -5,14 +5,19 @@
 
 #include <string>
 
+#include "editor/ContextMenus.h"
+#include "editor/DocumentManager.h"
 #include "editor/Host.h"
+#include "editor/Selection.h"
 
 namespace wb {
 
 namespace {
 
 constexpr wchar_t windowClass[] = L"WorkbenchMainWindow";
-constexpr int commandLineHeight = 96;
+constexpr wchar_t product[] = L"Workbench (a stand-in, not AutoCAD)";
+constexpr int commandLineHeight = 68;
+constexpr int statusBarHeight = 20;
 constexpr UINT raiseOwnedMessage = WM_APP;
 
 BOOL CALLBACK raiseIfOwned(HWND window, LPARAM owner) {
@@ -37,37 +42,79 @@ bool MainWindow::create() {
   description.hbrBackground = static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH));
   description.lpszClassName = windowClass;
   if (!RegisterClassExW(&description) && GetLastError() != ERROR_CLASS_ALREADY_EXISTS) return false;
-  window = CreateWindowExW(0, windowClass, L"AutoCAD", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, 40,
-                           40, 800, 560, nullptr, nullptr, instance, this);
+  window = CreateWindowExW(0, windowClass, product, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, 40, 40,
+                           960, 640, nullptr, nullptr, instance, this);
   if (!window) return false;
   commandLine = CreateWindowExW(
       WS_EX_CLIENTEDGE, L"EDIT", L"",
       WS_CHILD | WS_VISIBLE | WS_VSCROLL | ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL, 0, 0, 0, 0,
       window, nullptr, instance, nullptr);
+  statusBar =
+      CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE | SS_NOPREFIX | SS_CENTERIMAGE, 0, 0,
+                      0, 0, window, nullptr, instance, nullptr);
+  const auto font = reinterpret_cast<WPARAM>(GetStockObject(DEFAULT_GUI_FONT));
+  for (const HWND control : {commandLine, statusBar}) SendMessageW(control, WM_SETFONT, font, TRUE);
+  if (!commandLine || !statusBar || !drawingView.create(window)) return false;
+  drawingView.onClick = [](AcDbObjectId id) { Selection::instance().click(id); };
+  drawingView.onMenu = [](POINT place) { Host::instance().menus().show(place); };
+  drawingView.onShown = [this](const std::wstring& text) {
+    SetWindowTextW(statusBar, (L"  " + text).c_str());
+  };
   layOut();
   ShowWindow(window, SW_SHOW);
   UpdateWindow(window);
-  return commandLine != nullptr;
+  return true;
 }
 
 void MainWindow::destroy() {
+  drawingView.destroy();
   if (window) DestroyWindow(window);
-  window = commandLine = nullptr;
+  window = commandLine = statusBar = nullptr;
+  rows.clear();
+  onMessage = nullptr;
+}
+
+void MainWindow::addRow(HWND control, bool above, int height) {
+  rows.push_back({control, above, height});
+  layOut();
 }
 
 void MainWindow::layOut() const {
-  RECT client;
-  if (!commandLine || !GetClientRect(window, &client)) return;
-  MoveWindow(commandLine, 0, client.bottom - commandLineHeight, client.right, commandLineHeight,
-             TRUE);
+  RECT rest;
+  if (!commandLine || !GetClientRect(window, &rest)) return;
+  const int width = rest.right;
+  const auto below = [&](HWND control, int height) {
+    rest.bottom -= height;
+    MoveWindow(control, 0, rest.bottom, width, height, TRUE);
+  };
+  below(statusBar, statusBarHeight);
+  for (const Row& row : rows) {
+    if (!row.above) {
+      below(row.control, row.height);
+    } else {
+      MoveWindow(row.control, 0, rest.top, width, row.height, TRUE);
+      rest.top += row.height;
+    }
+  }
+  below(commandLine, commandLineHeight);
+  MoveWindow(drawingView.handle(), 0, rest.top, width, std::max(rest.bottom - rest.top, 0L), TRUE);
 }
 
-void MainWindow::showTitle(std::wstring_view drawing) {
-  std::wstring caption = L"AutoCAD";
-  if (!drawing.empty()) {
-    caption += L" - [" + std::wstring(drawing.substr(drawing.find_last_of(L"\\/") + 1)) + L"]";
+void MainWindow::show(std::wstring_view title, const Drawing* drawing) {
+  std::wstring caption = product;
+  if (!title.empty()) {
+    caption += L" - [" + std::wstring(title.substr(title.find_last_of(L"\\/") + 1)) + L"]";
   }
   if (window) SetWindowTextW(window, caption.c_str());
+  drawingView.show(drawing);
+}
+
+void MainWindow::refresh() {
+  if (!window) return;
+  const AcDbObjectIdArray ids = Selection::instance().picked();
+  std::vector<AcDbObjectId> picked;
+  for (int index = 0; index < ids.length(); ++index) picked.push_back(ids[index]);
+  drawingView.refresh(std::move(picked));
 }
 
 void MainWindow::write(std::wstring_view text) {
@@ -89,6 +136,7 @@ LRESULT CALLBACK MainWindow::procedure(HWND handle, UINT message, WPARAM wParam,
     SetWindowLongPtrW(handle, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(creation->lpCreateParams));
   }
   const auto* self = reinterpret_cast<const MainWindow*>(GetWindowLongPtrW(handle, GWLP_USERDATA));
+  if (self && self->onMessage && self->onMessage(message, wParam, lParam)) return 0;
   switch (message) {
     case WM_SIZE:
       if (self) self->layOut();

@@ -4,6 +4,7 @@
 #include <dbapserv.h>
 
 #include <algorithm>
+#include <cwchar>
 
 #include "core/SessionState.h"
 #include "database/Drawing.h"
@@ -12,7 +13,20 @@
 
 namespace wb {
 
+namespace {
+
+/// Begins the name of an entity that was clicked; no block's name has this sign.
+constexpr wchar_t clickMark = L'|';
+
+}  // namespace
+
 void Selection::addNamed(const std::wstring& name, Ids& ids) {
+  if (name[0] == clickMark) {
+    const AcDbObjectId id =
+        AcDbObjectId().setFromOldId(std::wcstoll(name.c_str() + 1, nullptr, 10));
+    if (std::find(ids.begin(), ids.end(), id) == ids.end()) ids.push_back(id);
+    return;
+  }
   const Drawing* drawing = Drawing::of(acdbHostApplicationServices()->workingDatabase());
   if (!drawing) throw HostError(L"no drawing is open", Acad::eNoDatabase);
   for (const AcDbObjectId id : drawing->entities(name)) {
@@ -31,6 +45,17 @@ void Selection::pick(const std::vector<std::wstring>& names) {
   for (const std::wstring& name : names) addNamed(name, fresh);
   picks = std::move(fresh);
   database = acdbHostApplicationServices()->workingDatabase();
+}
+
+void Selection::click(AcDbObjectId id) {
+  AcDbDatabase* working = acdbHostApplicationServices()->workingDatabase();
+  if (id.isNull() || database != working) picks.clear();
+  database = working;
+  if (!id.isNull() && std::find(picks.begin(), picks.end(), id) == picks.end()) picks.push_back(id);
+}
+
+std::wstring Selection::nameOf(AcDbObjectId id) {
+  return clickMark + std::to_wstring(id.asOldId());
 }
 
 Selection::Ids Selection::picked() const {

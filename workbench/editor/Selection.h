@@ -24,6 +24,11 @@ class Selection {
   /// nothing.
   /// @throws HostError if one isn't there
   void pick(const std::vector<std::wstring>& names);
+  /// The user clicks an entity of the working drawing, which adds it to the pick set, or the ground
+  /// beside the entities (null), which empties it.
+  void click(AcDbObjectId id);
+  /// What a prompt for entities takes for an entity that was clicked.
+  static std::wstring nameOf(AcDbObjectId id);
   /// Adds the first entity of that name that isn't in `ids`.
   /// @throws HostError if there is none
   static void addNamed(const std::wstring& name, Ids& ids);

@@ -10,21 +10,20 @@
 #include <string>
 
 #include "scripting/Directives.h"
+#include "scripting/Session.h"
 
 namespace wb {
 
 /// The standard input as a command line: a thread of its own waits for the lines, so that the
 /// windows stay alive meanwhile, and this object runs them on the host's thread.
-class Console {
+class Console : public Operator {
  public:
   explicit Console(ScriptContext& context);
-  Console(const Console&) = delete;
-  Console& operator=(const Console&) = delete;
 
   /// Runs lines and window messages until the input ends or the host is asked to quit.
-  void run();
+  void run() override;
   /// For a prompt that waits: types the next plain line. False if the input has ended.
-  bool supplyInput();
+  bool supplyInput() override;
 
  private:
   struct Lines;

@@ -162,8 +162,14 @@ bool Session::run(std::string_view utf8Script) {
 
 void Session::interact() {
   Console console(state->context);
-  const InputSource source([&] { return console.supplyInput(); });
-  console.run();
+  interact(console);
+}
+
+ScriptContext& Session::context() { return state->context; }
+
+void Session::interact(Operator& person) {
+  const InputSource source([&] { return person.supplyInput(); });
+  person.run();
   Answers::instance().clear();
   Selection::instance().clear();
 }

@@ -7,6 +7,22 @@
 
 namespace wb {
 
+struct ScriptContext;
+
+/// Somebody who sits at the host.
+class Operator {
+ public:
+  Operator() = default;
+  Operator(const Operator&) = delete;
+  Operator& operator=(const Operator&) = delete;
+  virtual ~Operator() = default;
+
+  /// Works until he leaves.
+  virtual void run() = 0;
+  /// A prompt waits: types something for it. False if he cancels it.
+  virtual bool supplyInput() = 0;
+};
+
 /// What one run of the workbench is made of. All paths are Windows paths.
 struct SessionOptions {
   std::wstring module;           ///< the .arx that load() and `@load` without a name load
@@ -48,6 +64,10 @@ class Session {
   /// Takes lines from the standard input, typed or directives, while the windows live, until the
   /// input ends or the person quits the host. An error is told and the next line is taken.
   void interact();
+  /// Lets somebody else work at the host instead.
+  void interact(Operator& person);
+  /// What an operator's directives run in.
+  ScriptContext& context();
   /// Closes the documents without asking, unloads the module, stops the host, tells what was not
   /// given back as `leak` lines. The transcript can still be read afterwards.
   void end();
