@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-#include "core/Condition.h"
+#include "core/SessionState.h"
 #include "database/Drawing.h"
 #include "editor/CommandStack.h"
 #include "editor/DocumentManager.h"

@@ -111,10 +111,7 @@ void MainWindow::show(std::wstring_view title, const Drawing* drawing) {
 
 void MainWindow::refresh() {
   if (!window) return;
-  const AcDbObjectIdArray ids = Selection::instance().picked();
-  std::vector<AcDbObjectId> picked;
-  for (int index = 0; index < ids.length(); ++index) picked.push_back(ids[index]);
-  drawingView.refresh(std::move(picked));
+  drawingView.refresh(Selection::instance().picked());
 }
 
 void MainWindow::write(std::wstring_view text) {
