@@ -1,5 +1,5 @@
 #include "editor/Host.h"
-#include "foundation/Registry.h"
+#include "foundation/AddinSettings.h"
 #include "shared/ModuleSession.h"
 
 namespace {
@@ -79,11 +79,12 @@ INSTANTIATE_TEST_SUITE_P(Table, Offer, testing::ValuesIn(cases),
 
 TEST_F(SelectFile, WithoutTheSettingsKeyNothingIsOfferedAndTheKeyIsMade) {
   load("");
-  ASSERT_EQ(ERROR_SUCCESS, RegDeleteTreeW(HKEY_CURRENT_USER, addinSettingsKey));
+  ASSERT_EQ(ERROR_SUCCESS, RegDeleteTreeW(HKEY_CURRENT_USER, tessaro::addinSettingsKey));
   run("@opendialog " + plan + "\n");
   EXPECT_EQ(count(L"box: "), 0) << recent();
   HKEY made = nullptr;
-  EXPECT_EQ(ERROR_SUCCESS, RegOpenKeyExW(HKEY_CURRENT_USER, addinSettingsKey, 0, KEY_READ, &made));
+  EXPECT_EQ(ERROR_SUCCESS,
+            RegOpenKeyExW(HKEY_CURRENT_USER, tessaro::addinSettingsKey, 0, KEY_READ, &made));
   RegCloseKey(made);
 }
 

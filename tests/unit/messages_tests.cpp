@@ -72,7 +72,7 @@ TEST_F(Messages, EmptyTextIsATextAndAFailureIsNone) {
   const FakeClass<FakeTexts> texts(__uuidof(TextService));
   FakeTexts::answer = nullptr;
   // The host's prompts take no null pointer.
-  EXPECT_STREQ(loadMessage(7, "default"), L"");
+  EXPECT_STREQ(loadMessage({7, "default"}), L"");
   FakeTexts::textResult = E_FAIL;
   EXPECT_EQ(message(), L"default");
 }
