@@ -7,6 +7,7 @@
 #include <stdexcept>
 #include <vector>
 
+#include "core/SessionState.h"
 #include "editor/DocumentManager.h"
 #include "foundation/AppContext.h"
 #include "foundation/Border.h"
@@ -38,6 +39,9 @@ class Observed {
   Observed(const Observed&) = delete;
   Observed& operator=(const Observed&) = delete;
   ~Observed() { wb::unwatchImports(GetModuleHandleW(nullptr)); }
+
+ private:
+  wb::SessionState state;
 };
 
 BSTR WINAPI noText(const OLECHAR*) { return nullptr; }
@@ -215,6 +219,7 @@ class Later : public testing::Test {
     app.laterCalls.inApplicationContext([this, number] { called.push_back(number); });
   }
 
+  wb::SessionState state;
   AppContext* const before = currentApp();
   AppContext app;
   std::vector<int> called;
