@@ -32,6 +32,7 @@ struct Share {
 
 struct Wishes {
   std::string only;   // a part of the scenarios' names
+  std::string from;   // the scenarios ahead of the one with this name are left out
   Share calls;        // of the runs in which a call of the client or the host fails
   Share allocations;  // of those in which the module lacks memory, a window or a menu
   bool list = false;
@@ -73,7 +74,10 @@ class Sweep {
         yard(wishes.folder, wishes.drawings, wb::yardSetUp) {}
 
   int run() {
+    bool begun = wishes.from.empty();
     for (const wb::Scenario& scenario : wb::scenarios()) {
+      begun = begun || scenario.name == wishes.from;
+      if (!begun) continue;
       if (scenario.name.find(wishes.only) != std::string::npos) sweep(scenario);
     }
     std::printf("The files were in use throughout %u runs, so that no other program got at them.\n",
@@ -163,6 +167,8 @@ bool understand(int count, wchar_t** words, Wishes& wishes) {
     if (index + 1 == count) return false;
     if (word == L"--only") {
       wishes.only = wb::toUtf8(words[++index]);
+    } else if (word == L"--from") {
+      wishes.from = wb::toUtf8(words[++index]);
     } else if (word == L"--drawings") {
       wishes.drawings = words[++index];
     } else if (word == L"--folder") {
@@ -187,7 +193,7 @@ int main() {
   if (!understand(count, words, wishes)) {
     std::fputs(
         "sweep --drawings FOLDER [--folder WORK] [--share K/N] [--allocations K/N] [--only WORD]\n"
-        "      [--list]\n",
+        "      [--from SCENARIO] [--list]\n",
         stderr);
     return 2;
   }
