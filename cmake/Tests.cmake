@@ -66,14 +66,15 @@ set_tests_properties(sessions PROPERTIES LABELS sessions RESOURCE_LOCK wine TIME
 
 # The tour's script, without a look at its pictures; and what other readers find in the drawing that it saves.
 set(tour_folder ${CMAKE_BINARY_DIR}/check/tour)
+set(tour_work_folder ${tour_folder}/work)
 file(MAKE_DIRECTORY ${tour_folder})
 windows_path(tour_script ${CMAKE_SOURCE_DIR}/workbench/scripts/tour.txt)
-windows_path(tour_work ${tour_folder}/work)
+windows_path(tour_work ${tour_work_folder})
 add_wine_test(tour plain 330 acad --timeout 300 --script ${tour_script} --work ${tour_work})
 add_test(NAME readback
          COMMAND /usr/bin/python3 ${CMAKE_SOURCE_DIR}/tests/readback/title_block.py
                  ${CMAKE_SOURCE_DIR}/workbench/drawings/Site/Plan.dxf
-                 ${tour_folder}/work/Plant/Site/Plan.dxf)
+                 ${tour_work_folder}/Plant/Site/Plan.dxf)
 set_tests_properties(tour PROPERTIES WORKING_DIRECTORY ${tour_folder} FIXTURES_SETUP tour)
 set_tests_properties(readback PROPERTIES LABELS readback FIXTURES_REQUIRED tour TIMEOUT 120)
 
