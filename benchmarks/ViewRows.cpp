@@ -89,8 +89,8 @@ void showing(BenchSession& session) {
   writeDrawing(file);
   const HWND window = wb::Host::instance().mainWindow();
   Row opening("Opening a drawing of 100,000 entities until it is shown / reading its file alone",
-              "ms");
-  Row again("Showing a drawing of 100,000 entities / 100,000 plain lines", "ms");
+              "ms", 3);
+  Row again("Showing a drawing of 100,000 entities / 100,000 plain lines", "ms", 10);
   for (int round = 0; round < repetitions; ++round) {
     const double opened = spent([&] {
                             session.run("@open %WORK%\\Large.dxf\n");
