@@ -85,14 +85,14 @@ struct Directive {
 /// All directives; adding one is adding a line to the table of its file.
 const std::vector<Directive>& directives();
 
-std::vector<Directive> documentDirectives();  ///< DirectivesDocuments.cpp
-std::vector<Directive> answerDirectives();    ///< DirectivesAnswers.cpp
-std::vector<Directive> clientDirectives();    ///< DirectivesClient.cpp: @client, @fail, @reg
-std::vector<Directive> vaultDirectives();     ///< DirectivesVault.cpp
-std::vector<Directive> checkDirectives();     ///< DirectivesChecks.cpp: @mark, @expect, @shot, @say
-std::vector<Directive> windowDirectives();    ///< DirectivesWindow.cpp: the status window
-std::vector<Directive> drawingDirectives();   ///< DirectivesDrawing.cpp: @layout, @attr
-/// DirectivesSelection.cpp: what is picked, and the right-click menu
+std::vector<Directive> documentDirectives();  ///< directives/Documents.cpp
+std::vector<Directive> answerDirectives();    ///< directives/Answers.cpp
+std::vector<Directive> clientDirectives();    ///< directives/Client.cpp: @client, @fail, @reg
+std::vector<Directive> vaultDirectives();     ///< directives/Vault.cpp
+std::vector<Directive> checkDirectives();    ///< directives/Checks.cpp: @mark, @expect, @shot, @say
+std::vector<Directive> windowDirectives();   ///< directives/Window.cpp: the status window
+std::vector<Directive> drawingDirectives();  ///< directives/Drawing.cpp: @layout, @attr
+/// directives/Selection.cpp: what is picked, and the right-click menu
 std::vector<Directive> selectionDirectives();
 
 /// %WORK% and %DRAWINGS% filled in. Raises ScriptError for one that the session hasn't got.
