@@ -2,6 +2,8 @@
 // end.
 #include <windows.h>
 
+#include <shlwapi.h>
+
 #include <acdocman.h>
 #include <acedads.h>
 #include <axlock.h>
@@ -16,6 +18,7 @@
 #include "editor/DocumentManager.h"
 #include "editor/Editor.h"
 #include "editor/Host.h"
+#include "editor/Selection.h"
 #include "shared/ModuleSession.h"
 #include "watch/ImportWatch.h"
 
@@ -107,6 +110,11 @@ HANDLE WINAPI fileOpened(LPCWSTR name, DWORD access, DWORD share, LPSECURITY_ATT
   return CreateFileW(name, access, share, security, disposition, flags, pattern);
 }
 
+LPWSTR WINAPI fileNameFound(LPCWSTR path) {
+  AtCall::comes();
+  return PathFindFileNameW(path);
+}
+
 LPWSTR WINAPI upperCase(LPWSTR text) {
   AtCall::comes();
   return CharUpperW(text);
@@ -174,6 +182,19 @@ TEST_F(GuardReentrance, AChangeWithoutALockIsSeenBeforeItIsSaved) {
   editByHand();
   run("@answer no\n@save\n");
   expectOrder({asked, L"doc: saved", L"box: flags=MB_YESNO|MB_ICONQUESTION"});
+}
+
+TEST_F(GuardReentrance, ADrawingSavedInTheBackgroundIsNotChangedByTheOneOnTop) {
+  openUnwatched();
+  AcDbDatabase* const unchanged = host().documents().active()->database();
+  run("@vault checkout " + other + "\n@open " + other + "\n@edit\n");
+  mark();
+  host().editor().beginSave(unchanged, pathOf(L"Plan.dxf"));
+  host().runUntilIdle();
+  EXPECT_EQ(count(L"client: ") + count(L"send: "), 0) << recent();
+  // On top it is looked at.
+  run("@activate " + plan + "\n@answer no\n@edit\n");
+  EXPECT_EQ(count(asked), 1) << recent();
 }
 
 TEST_F(GuardReentrance, ADocumentThatGoesWhileTheVaultIsAskedIsLeftAlone) {
@@ -292,6 +313,34 @@ TEST_F(WindowReentrance, NothingChecksXrefsInTheMiddleOfAnotherCheck) {
   }
   EXPECT_EQ(count(L"command: Tessaro_getlatestxrefs"), 2) << recent();
   EXPECT_EQ(count(L"VaultQuery.execute("), 2) << recent();
+}
+
+TEST_F(WindowReentrance, NothingChecksXrefsWhileOneIsFetchedOrCheckedIn) {
+  run("@load\n@open %WORK%\\View\\Site.dxf\n");
+  const auto tickAndClick = [] {
+    tick();
+    SendMessageW(statusWindow(), WM_COMMAND, MAKEWPARAM(1005, BN_CLICKED), 0);
+  };
+  mark();
+  {
+    const AtCall call({"PathFindFileNameW", wb::observerOf(fileNameFound, PathFindFileNameW)},
+                      tickAndClick);
+    run("@pick Part\n_Tessaro_getxrefver2 1 \n");
+  }
+  run("@vault checkout %WORK%\\View\\Part.dxf\n");
+  {
+    // The client's dialog for the check-in is up.
+    const InNextLoop loop(tickAndClick);
+    wb::Selection::instance().answer({L"Part"});
+    wb::Answers::instance().queue(L"cancel");
+    host().runner().run(*host().commands().find(L"Tessaro_unlockxref"),
+                        host().documents().active());
+  }
+  expectOrder({L"VaultFolderActions.getVersion(", L"IContextMenu.InvokeCommand("});
+  EXPECT_EQ(count(L"VaultFile.localVersion("), 0) << "a tick would ask for it, " << recent();
+  EXPECT_EQ(count(L"VaultQuery.execute("), 0) << "a click would ask for it, " << recent();
+  tick();
+  EXPECT_NE(count(L"VaultFile.localVersion("), 0) << recent();
 }
 
 TEST_F(WindowReentrance, WhatTheHostCallsAfterTheUnloadDoesNothing) {
