@@ -21,12 +21,12 @@ using wb::HostCall;
 /// to the process, as the classes do. These calls can't fail.
 #define DEFINE_RX_CLASS(CLASS, PARENT)                                              \
   AcRxClass* CLASS::desc() {                                                        \
-    const HostCall call(L## #CLASS L".desc");                                       \
+    const HostCall call(THIS_FUNCTION);                                             \
     static AcRxClass* const description = AcRxClassImp::define(L## #CLASS, PARENT); \
     return description;                                                             \
   }                                                                                 \
   AcRxClass* CLASS::isA() const {                                                   \
-    const HostCall call(L## #CLASS L".isA");                                        \
+    const HostCall call(THIS_FUNCTION);                                             \
     return CLASS::desc();                                                           \
   }                                                                                 \
   namespace {                                                                       \
@@ -63,7 +63,7 @@ DEFINE_RX_CLASS(AcDbBlockReference, AcDbEntity::desc())
 DEFINE_RX_CLASS(AcDbText, AcDbEntity::desc())
 DEFINE_RX_CLASS(AcDbAttribute, AcDbText::desc())
 
-AcRxObject::AcRxObject() { const HostCall call(L"host.AcRxObject"); }
+AcRxObject::AcRxObject() { const HostCall call(THIS_FUNCTION); }
 AcGiDrawable::AcGiDrawable() = default;
 AcDbObject::AcDbObject() = default;
 AcDbObject::~AcDbObject() = default;

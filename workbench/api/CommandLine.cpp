@@ -63,7 +63,7 @@ bool readArguments(int type, va_list list, std::vector<std::wstring>& words) {
 extern "C" {
 
 int acedPrompt(const ACHAR* text) {
-  return HostCall(L"host.acedPrompt").run(RTERROR, [&] {
+  return HostCall(THIS_FUNCTION).run(RTERROR, [&] {
     if (!text) return RTERROR;
     wb::commandLineSays(text);
     return RTNORM;
@@ -71,7 +71,7 @@ int acedPrompt(const ACHAR* text) {
 }
 
 int acedGetInt(const ACHAR* prompt, int* result) {
-  return HostCall(L"host.acedGetInt", HostCall::swept).run(RTERROR, [&] {
+  return HostCall(THIS_FUNCTION, HostCall::swept).run(RTERROR, [&] {
     if (!result) return RTERROR;
     for (;;) {
       wb::commandLineSays(prompt ? prompt : L"");
@@ -87,7 +87,7 @@ int acedGetInt(const ACHAR* prompt, int* result) {
 int acedCommand(int rtype, ...) {
   va_list list;
   va_start(list, rtype);
-  const int result = HostCall(L"host.acedCommand").run(RTERROR, [&] {
+  const int result = HostCall(THIS_FUNCTION).run(RTERROR, [&] {
     std::vector<std::wstring> words;
     if (!readArguments(rtype, list, words)) return RTERROR;
     if (words.empty()) return RTNORM;
@@ -107,7 +107,7 @@ int acedCommand(int rtype, ...) {
 }
 
 int acedGetVar(const ACHAR* name, resbuf* result) {
-  return HostCall(L"host.acedGetVar").run(RTERROR, [&] {
+  return HostCall(THIS_FUNCTION).run(RTERROR, [&] {
     const auto* document =
         static_cast<const wb::Document*>(wb::Host::instance().documents().curDocument());
     if (!name || !result || !document) return RTERROR;

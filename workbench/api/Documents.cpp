@@ -22,7 +22,7 @@ wb::HandleLedger<const AcAxDocLock*>& locks() { return wb::sessionPart<DocumentL
 }  // namespace
 
 AcApDocManager* acDocManagerPtr() {
-  const HostCall call(L"host.acDocManagerPtr");
+  const HostCall call(THIS_FUNCTION);
   return &wb::Host::instance().documents();
 }
 
@@ -31,7 +31,7 @@ AcAxDocLock::AcAxDocLock(AcDbDatabase* pDb, DocLockType)
       m_pDocToUnlock(nullptr),
       m_pCurDocToRestore(nullptr),
       m_restoreActivation(false) {
-  const HostCall call(L"host.AcAxDocLock", HostCall::swept);
+  const HostCall call(THIS_FUNCTION, HostCall::swept);
   m_lockStatus = call.run(Acad::eLockViolation, [&] {
     wb::DocumentManager& manager = wb::Host::instance().documents();
     wb::Document* document = manager.find(pDb);
@@ -44,7 +44,7 @@ AcAxDocLock::AcAxDocLock(AcDbDatabase* pDb, DocLockType)
 }
 
 AcAxDocLock::~AcAxDocLock() {
-  const HostCall call(L"host.~AcAxDocLock");
+  const HostCall call(THIS_FUNCTION);
   if (m_lockStatus != Acad::eOk) return;
   locks().closed(this);
   wb::DocumentManager& manager = wb::Host::instance().documents();
@@ -54,13 +54,11 @@ AcAxDocLock::~AcAxDocLock() {
 }
 
 Acad::ErrorStatus AcAxDocLock::lockStatus() const {
-  return HostCall(L"AcAxDocLock.lockStatus").run(Acad::eLockViolation, [&] {
-    return m_lockStatus;
-  });
+  return HostCall(THIS_FUNCTION).run(Acad::eLockViolation, [&] { return m_lockStatus; });
 }
 
 long acdbSetDbmod(AcDbDatabase* database, long newValue) {
-  return HostCall(L"host.acdbSetDbmod").run(0L, [&] {
+  return HostCall(THIS_FUNCTION).run(0L, [&] {
     wb::Drawing* drawing = wb::Drawing::of(database);
     if (!drawing) return 0L;
     const long before = drawing->dbmod();

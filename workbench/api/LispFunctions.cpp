@@ -10,14 +10,14 @@ using wb::HostCall;
 extern "C" {
 
 int acedDefun(const ACHAR* name, short functionCode) {
-  return HostCall(L"host.acedDefun").run(RTERROR, [&] {
+  return HostCall(THIS_FUNCTION).run(RTERROR, [&] {
     return name && *name && wb::Host::instance().lisp().define(name, functionCode) ? RTNORM
                                                                                    : RTERROR;
   });
 }
 
 int acedRegFunc(int (*function)(void), int functionCode) {
-  return HostCall(L"host.acedRegFunc").run(RTERROR, [&] {
+  return HostCall(THIS_FUNCTION).run(RTERROR, [&] {
     return function && wb::Host::instance().lisp().setFunction(function, functionCode) ? RTNORM
                                                                                        : RTERROR;
   });

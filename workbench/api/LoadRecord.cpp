@@ -34,31 +34,27 @@ class AcadAppInfoImp {
   wb::LoadRecord record;
 };
 
-AcadAppInfo::AcadAppInfo() : mpImp(new AcadAppInfoImp) { const HostCall call(L"host.AcadAppInfo"); }
+AcadAppInfo::AcadAppInfo() : mpImp(new AcadAppInfoImp) { const HostCall call(THIS_FUNCTION); }
 
 AcadAppInfo::~AcadAppInfo() {
-  const HostCall call(L"host.~AcadAppInfo");
+  const HostCall call(THIS_FUNCTION);
   delete mpImp;
 }
 
 void AcadAppInfo::setAppName(const ACHAR* appName) {
-  HostCall(L"AcadAppInfo.setAppName").run([&] { mpImp->record.name = appName ? appName : L""; });
+  HostCall(THIS_FUNCTION).run([&] { mpImp->record.name = appName ? appName : L""; });
 }
 
 void AcadAppInfo::setModuleName(const ACHAR* moduleName) {
-  HostCall(L"AcadAppInfo.setModuleName").run([&] {
-    mpImp->record.file = moduleName ? moduleName : L"";
-  });
+  HostCall(THIS_FUNCTION).run([&] { mpImp->record.file = moduleName ? moduleName : L""; });
 }
 
 void AcadAppInfo::setLoadReason(AcadApp::LoadReasons reason) {
-  HostCall(L"AcadAppInfo.setLoadReason").run([&] {
-    mpImp->record.reason = static_cast<DWORD>(reason);
-  });
+  HostCall(THIS_FUNCTION).run([&] { mpImp->record.reason = static_cast<DWORD>(reason); });
 }
 
 AcadApp::ErrorStatus AcadAppInfo::writeToRegistry(bool bObjDbx, bool skipHKLM) {
-  return HostCall(L"AcadAppInfo.writeToRegistry").run(AcadApp::eUnknownError, [&] {
+  return HostCall(THIS_FUNCTION).run(AcadApp::eUnknownError, [&] {
     wb::note(L"record", std::wstring(L"write") + (bObjDbx ? L" for ObjectDBX" : L"") +
                             (skipHKLM ? L" without HKLM" : L""));
     return statusOf(wb::writeLoadRecord(mpImp->record));
@@ -66,7 +62,7 @@ AcadApp::ErrorStatus AcadAppInfo::writeToRegistry(bool bObjDbx, bool skipHKLM) {
 }
 
 AcadApp::ErrorStatus acrxUnregisterApp(const ACHAR* name, bool bDwgU) {
-  return HostCall(L"host.acrxUnregisterApp").run(AcadApp::eUnknownError, [&] {
+  return HostCall(THIS_FUNCTION).run(AcadApp::eUnknownError, [&] {
     wb::note(L"record", std::wstring(L"delete") + (bDwgU ? L" of the user" : L""));
     return statusOf(wb::deleteLoadRecord(name ? name : L""));
   });

@@ -22,7 +22,7 @@ struct Buffers {
 
 bool acutNewBuffer(void*& pBuffer, size_t size) {
   pBuffer = nullptr;
-  return HostCall(L"host.acutNewBuffer").run(false, [&] {
+  return HostCall(THIS_FUNCTION).run(false, [&] {
     pBuffer = std::malloc(size ? size : 1);
     if (!pBuffer) return false;
     wb::sessionPart<Buffers>().open.opened(pBuffer, std::to_wstring(size) + L" bytes");
@@ -31,7 +31,7 @@ bool acutNewBuffer(void*& pBuffer, size_t size) {
 }
 
 void acutDelBuffer(void*& pBuffer) {
-  HostCall(L"host.acutDelBuffer").run([&] {
+  HostCall(THIS_FUNCTION).run([&] {
     if (!pBuffer) return;
     if (wb::sessionPart<Buffers>().open.closed(pBuffer)) {
       std::free(pBuffer);
@@ -44,7 +44,7 @@ void acutDelBuffer(void*& pBuffer) {
 
 Acad::ErrorStatus acutNewString(const ACHAR* pInput, ACHAR*& pOutput) {
   pOutput = nullptr;
-  return HostCall(L"host.acutNewString").run(Acad::eOutOfMemory, [&] {
+  return HostCall(THIS_FUNCTION).run(Acad::eOutOfMemory, [&] {
     if (!pInput) return Acad::eNullObjectPointer;
     void* buffer = nullptr;
     const size_t size = (std::wcslen(pInput) + 1) * sizeof(ACHAR);

@@ -33,7 +33,7 @@ extern "C" {
 
 int acedSSGet(const ACHAR* mode, const void* point1, const void* point2, const resbuf* filter,
               ads_name ss) {
-  return HostCall(L"host.acedSSGet", HostCall::swept).run(RTERROR, [&] {
+  return HostCall(THIS_FUNCTION, HostCall::swept).run(RTERROR, [&] {
     const std::wstring_view wanted = mode ? mode : L"";
     const bool implied = wanted == L"I" || wanted == L"_I";
     if ((!implied && !wanted.empty()) || point1 || point2 || filter) {
@@ -55,7 +55,7 @@ int acedSSGet(const ACHAR* mode, const void* point1, const void* point2, const r
 }
 
 int acedSSLength(const ads_name ss, long* length) {
-  return HostCall(L"host.acedSSLength", HostCall::swept).run(RTERROR, [&] {
+  return HostCall(THIS_FUNCTION, HostCall::swept).run(RTERROR, [&] {
     if (!length) return RTERROR;
     *length = static_cast<long>(sets().find(setNumber(ss)).size());
     return RTNORM;
@@ -63,7 +63,7 @@ int acedSSLength(const ads_name ss, long* length) {
 }
 
 int acedSSName(const ads_name ss, long i, ads_name entity) {
-  return HostCall(L"host.acedSSName", HostCall::swept).run(RTERROR, [&] {
+  return HostCall(THIS_FUNCTION, HostCall::swept).run(RTERROR, [&] {
     const wb::Selection::Ids& ids = sets().find(setNumber(ss));
     if (i < 0 || static_cast<size_t>(i) >= ids.size()) return RTERROR;
     nameEntity(ids[static_cast<size_t>(i)], entity);
@@ -72,7 +72,7 @@ int acedSSName(const ads_name ss, long i, ads_name entity) {
 }
 
 int acedSSFree(const ads_name ss) {
-  return HostCall(L"host.acedSSFree").run(RTERROR, [&] {
+  return HostCall(THIS_FUNCTION).run(RTERROR, [&] {
     try {
       sets().free(setNumber(ss));
       return RTNORM;
@@ -84,7 +84,7 @@ int acedSSFree(const ads_name ss) {
 }
 
 int acedEntSel(const ACHAR* prompt, ads_name entity, ads_point point) {
-  return HostCall(L"host.acedEntSel", HostCall::swept).run(RTERROR, [&] {
+  return HostCall(THIS_FUNCTION, HostCall::swept).run(RTERROR, [&] {
     wb::Selection::Ids ids;
     const int asked = wb::SelectionPrompt(prompt ? prompt : L"\nSelect object: ").askOne(ids);
     if (asked != RTNORM) return asked;

@@ -5,26 +5,18 @@
 #include "database/Drawing.h"
 #include "editor/FileSelection.h"
 #include "gate/HostCall.h"
-#include "gate/NotServed.h"
-#include "notserved/Editor.h"
+#include "notserved/Classes.h"
 
 using wb::HostCall;
 
 namespace {
 
-class Services : public AcDbHostApplicationServices {
- public:
-  Acad::ErrorStatus findFile(ACHAR*, int, const ACHAR*, AcDbDatabase*, FindFileHint) override {
-    return wb::NotServed(L"AcDbHostApplicationServices.findFile");
-  }
-};
-
 AcDbHostApplicationServices& services() {
-  static Services one;
+  static wb::NotServedAcDbHostApplicationServices one;
   return one;
 }
 
-class LayoutManager : public wb::NotServedLayoutManager {
+class LayoutManager : public wb::NotServedAcDbLayoutManager {
  public:
   const ACHAR* findActiveLayout(bool allowModel) override {
     return HostCall(L"AcDbLayoutManager.findActiveLayout").run<const ACHAR*>(nullptr, [&] {
@@ -57,13 +49,12 @@ AcDbHostApplicationServices::AcDbHostApplicationServices()
 AcDbHostApplicationServices::~AcDbHostApplicationServices() = default;
 
 void AcDbHostApplicationServices::setWorkingDatabase(AcDbDatabase* pDatabase) {
-  const HostCall call(L"AcDbHostApplicationServices.setWorkingDatabase");
-  call.run([&] { mpWorkingDatabase = pDatabase; });
+  HostCall(THIS_FUNCTION).run([&] { mpWorkingDatabase = pDatabase; });
 }
 
 AcDbLayoutManager* AcDbHostApplicationServices::layoutManager() const {
   static LayoutManager manager;
-  const HostCall call(L"AcDbHostApplicationServices.layoutManager");
+  const HostCall call(THIS_FUNCTION);
   return &manager;
 }
 
@@ -73,7 +64,7 @@ Acad::ErrorStatus AcDbHostApplicationServices::selectFile(short* userCancel, ACH
                                                           const ACHAR* name, const ACHAR* type,
                                                           int* pnChoice, bool* pbReadOnly,
                                                           const ACHAR* pszWSTags, void* pReserved) {
-  const HostCall call(L"AcDbHostApplicationServices.selectFile");
+  const HostCall call(THIS_FUNCTION);
   if (call.refused()) return Acad::eOutOfMemory;
   wb::FileSelection& selection = wb::FileSelection::instance();
   for (SELECTFILEPROC proc : selection.callbacks()) {
@@ -90,8 +81,7 @@ Acad::ErrorStatus AcDbHostApplicationServices::registerSelectFileCallback(const 
                                                                           SELECTFILEPROC proc,
                                                                           bool unRegister,
                                                                           bool asPrimary) {
-  const HostCall call(L"AcDbHostApplicationServices.registerSelectFileCallback");
-  return call.run(Acad::eInvalidInput, [&] {
+  return HostCall(THIS_FUNCTION).run(Acad::eInvalidInput, [&] {
     if (!appName || !proc) return Acad::eInvalidInput;
     wb::FileSelection& selection = wb::FileSelection::instance();
     if (unRegister) return selection.removeCallback(appName, proc) ? Acad::eOk : Acad::eKeyNotFound;

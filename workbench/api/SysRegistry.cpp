@@ -20,10 +20,10 @@ using wb::HostCall;
 namespace {
 
 /// The services that applications register; they own none of what they take out.
-class ServiceDictionary : public wb::NotServedDictionary {
+class ServiceDictionary : public wb::NotServedAcRxDictionary {
  public:
-  using NotServedDictionary::at;
-  using NotServedDictionary::remove;
+  using NotServedAcRxDictionary::at;
+  using NotServedAcRxDictionary::remove;
   AcRxObject* at(const ACHAR* key) const override {
     return HostCall(L"AcRxDictionary.at").run<AcRxObject*>(nullptr, [&]() -> AcRxObject* {
       const auto found = key ? services.find(key) : services.end();
@@ -49,10 +49,10 @@ class ServiceDictionary : public wb::NotServedDictionary {
 };
 
 /// Classes and services of the host's own can't be taken away.
-class FixedDictionary : public wb::NotServedDictionary {
+class FixedDictionary : public wb::NotServedAcRxDictionary {
  public:
-  using NotServedDictionary::at;
-  using NotServedDictionary::remove;
+  using NotServedAcRxDictionary::at;
+  using NotServedAcRxDictionary::remove;
   AcRxObject* at(const ACHAR* key) const override {
     return HostCall(L"AcRxDictionary.at").run<AcRxObject*>(nullptr, [&] {
       return key ? find(key) : nullptr;
@@ -70,7 +70,7 @@ class ClassDictionary : public FixedDictionary {
   AcRxObject* find(const ACHAR* key) const override { return AcRxClassImp::find(key); }
 };
 
-class DynamicLinker : public wb::NotServedLinker {
+class DynamicLinker : public wb::NotServedAcRxDynamicLinker {
  public:
   bool lockApplication(void* appId) const override {
     return HostCall(L"AcRxDynamicLinker.lockApplication").run(false, [&] {
@@ -125,12 +125,12 @@ class SysRegistry : public FixedDictionary {
 }  // namespace
 
 extern "C" AcRxDictionary* acrxSysRegistry() {
-  const HostCall call(L"host.acrxSysRegistry");
+  const HostCall call(THIS_FUNCTION);
   return &wb::sessionPart<SysRegistry>();
 }
 
 void* acrxRegisterService(const ACHAR* name) {
-  return HostCall(L"host.acrxRegisterService").run<void*>(nullptr, [&] {
+  return HostCall(THIS_FUNCTION).run<void*>(nullptr, [&] {
     return name && *name ? wb::sessionPart<SysRegistry>().services().add(name) : nullptr;
   });
 }

@@ -27,26 +27,26 @@ Meter& meter() { return wb::sessionPart<Meter>(); }
 }  // namespace
 
 extern "C" HWND adsw_acadMainWnd() {
-  return HostCall(L"host.adsw_acadMainWnd").run<HWND>(nullptr, [] {
+  return HostCall(THIS_FUNCTION).run<HWND>(nullptr, [] {
     return wb::Host::instance().mainWindow();
   });
 }
 
 Adesk::Boolean acedAddObjectContextMenu(const AcRxClass* pClass, AcEdUIContext* pContext,
                                         const void* /*appId*/) {
-  return HostCall(L"host.acedAddObjectContextMenu").run<Adesk::Boolean>(Adesk::kFalse, [&] {
+  return HostCall(THIS_FUNCTION).run<Adesk::Boolean>(Adesk::kFalse, [&] {
     return wb::Host::instance().menus().add(pClass, pContext);
   });
 }
 
 Adesk::Boolean acedRemoveObjectContextMenu(const AcRxClass* pClass, AcEdUIContext* pContext) {
-  return HostCall(L"host.acedRemoveObjectContextMenu").run<Adesk::Boolean>(Adesk::kFalse, [&] {
+  return HostCall(THIS_FUNCTION).run<Adesk::Boolean>(Adesk::kFalse, [&] {
     return wb::Host::instance().menus().remove(pClass, pContext);
   });
 }
 
 int acedSetStatusBarProgressMeter(const ACHAR* label, int min, int max) {
-  return HostCall(L"host.acedSetStatusBarProgressMeter").run(-1, [&] {
+  return HostCall(THIS_FUNCTION).run(-1, [&] {
     if (!label || max < min) return -1;
     if (meter().ticket) wb::giveBack(meter().ticket);
     meter() = {wb::handOut(L"progress meter", label), min, max};
@@ -57,7 +57,7 @@ int acedSetStatusBarProgressMeter(const ACHAR* label, int min, int max) {
 }
 
 int acedSetStatusBarProgressMeterPos(int position) {
-  return HostCall(L"host.acedSetStatusBarProgressMeterPos").run(-1, [&] {
+  return HostCall(THIS_FUNCTION).run(-1, [&] {
     if (!meter().ticket) return -1;
     wb::tell(wb::Event::window,
              L"progress at " + std::to_wstring(std::clamp(position, meter().min, meter().max)));
@@ -66,7 +66,7 @@ int acedSetStatusBarProgressMeterPos(int position) {
 }
 
 void acedRestoreStatusBar() {
-  HostCall(L"host.acedRestoreStatusBar").run([] {
+  HostCall(THIS_FUNCTION).run([] {
     if (!meter().ticket) return;
     wb::giveBack(meter().ticket);
     meter() = {};

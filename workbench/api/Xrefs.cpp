@@ -69,25 +69,24 @@ AcDbXrefGraphNode::AcDbXrefGraphNode(const ACHAR* pName, AcDbObjectId btrId)
 AcDbXrefGraphNode::~AcDbXrefGraphNode() { std::free(mpName); }
 
 AcDbXrefGraph::AcDbXrefGraph(AcDbXrefGraphNode* pHost) : AcDbGraph(pHost) {
-  const HostCall call(L"host.AcDbXrefGraph");
+  const HostCall call(THIS_FUNCTION);
 }
 
 AcDbXrefGraph::~AcDbXrefGraph() {
-  const HostCall call(L"host.~AcDbXrefGraph");
+  const HostCall call(THIS_FUNCTION);
   wb::databaseState().graphs.closed(this);
   reset();
 }
 
 Acad::ErrorStatus acedGetCurDwgXrefGraph(AcDbXrefGraph& graph, Adesk::Boolean includeGhosts) {
-  const HostCall call(L"host.acedGetCurDwgXrefGraph", HostCall::swept);
-  return call.run(Acad::eOutOfMemory, [&] {
+  return HostCall(THIS_FUNCTION, HostCall::swept).run(Acad::eOutOfMemory, [&] {
     wb::fillXrefGraph(graph, drawingOf(nullptr), includeGhosts != Adesk::kFalse);
     return Acad::eOk;
   });
 }
 
 Acad::ErrorStatus acedXrefUnload(const ACHAR* XrefBlockname, const bool, AcDbDatabase* pHostDb) {
-  return HostCall(L"host.acedXrefUnload", HostCall::swept).run(Acad::eFilerError, [&] {
+  return HostCall(THIS_FUNCTION, HostCall::swept).run(Acad::eFilerError, [&] {
     if (!XrefBlockname || !*XrefBlockname) return Acad::eNullBlockName;
     drawingOf(pHostDb).xrefs().unload(XrefBlockname);
     return Acad::eOk;
@@ -95,7 +94,7 @@ Acad::ErrorStatus acedXrefUnload(const ACHAR* XrefBlockname, const bool, AcDbDat
 }
 
 Acad::ErrorStatus acedXrefReload(const ACHAR* XrefBlockname, const bool, AcDbDatabase* pHostDb) {
-  return HostCall(L"host.acedXrefReload", HostCall::swept).run(Acad::eFilerError, [&] {
+  return HostCall(THIS_FUNCTION, HostCall::swept).run(Acad::eFilerError, [&] {
     if (!XrefBlockname || !*XrefBlockname) return Acad::eNullBlockName;
     drawingOf(pHostDb).xrefs().reload(XrefBlockname);
     return Acad::eOk;

@@ -2,10 +2,10 @@
 
 #include <string_view>
 
-#include "notserved/Rx.h"
+#include "notserved/Classes.h"
 
 /// The host's description of a class; all of them live until the process ends.
-class AcRxClassImp : public wb::NotServedClass {
+class AcRxClassImp : public wb::NotServedAcRxClass {
  public:
   /// Enters a class under `name`, a literal; for each class once.
   static AcRxClass* define(const ACHAR* name, AcRxClass* parent);

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "core/Accounts.h"
-#include "notserved/Editor.h"
+#include "notserved/Classes.h"
 
 namespace wb {
 
@@ -23,7 +23,7 @@ struct Command {
 };
 
 /// The commands by name. A name, global or local, can be used once.
-class CommandStack : public NotServedCommandStack {
+class CommandStack : public NotServedAcEdCommandStack {
  public:
   Acad::ErrorStatus addCommand(const ACHAR* cmdGroupName, const ACHAR* cmdGlobalName,
                                const ACHAR* cmdLocalName, Adesk::Int32 commandFlags,

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "notserved/Editor.h"
+#include "notserved/Classes.h"
 
 namespace wb {
 
@@ -32,7 +32,7 @@ class FileHold {
 
 /// An open drawing. After its closing it stays in memory as a tombstone: an application that still
 /// uses it is told as an `error` instead of taking the process down.
-class Document : public NotServedDocument {
+class Document : public NotServedAcApDocument {
  public:
   Document(std::wstring path, bool readOnly);
   ~Document() override;

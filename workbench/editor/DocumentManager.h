@@ -14,7 +14,7 @@
 namespace wb {
 
 /// The open documents, their life and its events.
-class DocumentManager : public NotServedDocManager {
+class DocumentManager : public NotServedAcApDocManager {
  public:
   DocumentManager();
   ~DocumentManager() override;

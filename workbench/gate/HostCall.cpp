@@ -1,17 +1,47 @@
 #include "gate/HostCall.h"
 
-#include <string>
+#include <string_view>
 
 #include "core/Transcript.h"
 #include "faults/Faults.h"
 
 namespace wb {
 
-HostCall::HostCall(const wchar_t* name, Sweep sweep)
+namespace {
+
+std::wstring countedName(Signature function) {
+  const std::wstring name = function.name();
+  const size_t colons = name.find(L"::");
+  if (colons == std::wstring::npos) return L"host." + name;
+  const std::wstring type = name.substr(0, colons), method = name.substr(colons + 2);
+  const bool special = method == type || method.front() == L'~';
+  return (special ? L"host" : type) + L"." + method;
+}
+
+}  // namespace
+
+std::wstring Signature::name() const {
+  constexpr std::string_view convention = "__cdecl ";
+  std::string_view full = text;
+  full.remove_prefix(full.find(convention) + convention.size());
+  full = full.substr(0, full.find('('));
+  // A class that isn't the host's own is one of notserved/Classes.h.
+  constexpr std::string_view base = "wb::NotServed";
+  if (full.substr(0, base.size()) == base) full.remove_prefix(base.size());
+  return {full.begin(), full.end()};
+}
+
+HostCall::HostCall(Signature function, Sweep sweep)
+    : name(countedName(function)), refused_(FAILED(takeFault(name, sweep == swept))) {}
+
+HostCall::HostCall(std::wstring_view name, Sweep sweep)
     : name(name), refused_(FAILED(takeFault(name, sweep == swept))) {}
 
-void HostCall::reportLackOfMemory() const {
-  tell(Event::error, std::wstring(name) + L" lacks memory");
+void HostCall::reportLackOfMemory() const { tell(Event::error, name + L" lacks memory"); }
+
+NotServed::NotServed(Signature function) {
+  if (HostCall(function).refused()) return;
+  tell(Event::error, function.name() + L" isn't served by this host");
 }
 
 }  // namespace wb

@@ -3,12 +3,27 @@
 #include <acadstrc.h>
 
 #include <new>
+#include <string>
 #include <type_traits>
 
 #include "core/StandInTime.h"
 #include "gate/HostError.h"
 
+/// The function in which it stands, as HostCall takes it.
+#define THIS_FUNCTION (wb::Signature{__FUNCSIG__})
+/// The result of a function that this host doesn't serve: a failure of the function's type. The
+/// call is reported as an `error`, so that it can't go unseen.
+#define NOT_SERVED (wb::NotServed(THIS_FUNCTION))
+
 namespace wb {
+
+/// A function of the host's interface as the compiler writes it: "RESULT __cdecl NAME(ARGUMENTS)".
+struct Signature {
+  const char* text;
+
+  /// "Class::method", or "function".
+  std::wstring name() const;
+};
 
 /// One call of the host's interface by an application: every function and method that the host
 /// offers is run through it, as the client's are through ClientCall. The call's time counts as the
@@ -23,8 +38,10 @@ class HostCall {
     swept  ///< can fail in practice, so the sweep lets it
   };
 
-  /// @param name "Class.method", or "host.function", a literal
-  explicit HostCall(const wchar_t* name, Sweep sweep = notSwept);
+  /// The name is "Class.method", "host.function", "host.Class" or "host.~Class".
+  explicit HostCall(Signature function, Sweep sweep = notSwept);
+  /// For a method of the host's own class, and one of several functions of a name.
+  explicit HostCall(std::wstring_view name, Sweep sweep = notSwept);
 
   /// Whether a fault was ordered for this call.
   bool refused() const { return refused_; }
@@ -59,8 +76,21 @@ class HostCall {
   void reportLackOfMemory() const;
 
   const InStandIn inside;
-  const wchar_t* const name;
+  const std::wstring name;
   const bool refused_;
+};
+
+/// See NOT_SERVED.
+class NotServed {
+ public:
+  explicit NotServed(Signature function);
+
+  operator Acad::ErrorStatus() const { return Acad::eNotImplementedYet; }
+  /// Null, false, 0, a null id.
+  template <class T>
+  operator T() const {
+    return T();
+  }
 };
 
 }  // namespace wb

@@ -1,217 +1,92 @@
 #include <dbapserv.h>
 
-#include "gate/NotServed.h"
+#include "gate/HostCall.h"
 
-using wb::NotServed;
+using ErrorStatus = Acad::ErrorStatus;
+using Services = AcDbHostApplicationServices;
 
-Acad::ErrorStatus AcDbHostApplicationServices::getRoamableRootFolder(const ACHAR*&) {
-  return NotServed(L"AcDbHostApplicationServices.getRoamableRootFolder");
+ErrorStatus Services::getRoamableRootFolder(const ACHAR*&) { return NOT_SERVED; }
+ErrorStatus Services::getLocalRootFolder(const ACHAR*&) { return NOT_SERVED; }
+const ACHAR* Services::primaryClientForSelectFileCallback() { return NOT_SERVED; }
+ErrorStatus Services::getRegisteredSelectFileClients(AcArray<const ACHAR*>&) { return NOT_SERVED; }
+ErrorStatus Services::mapFile(ACHAR*&, const ACHAR*, int, void*) { return NOT_SERVED; }
+ErrorStatus Services::registerMapFileCallback(const ACHAR*, REMAPPROC, bool, bool) {
+  return NOT_SERVED;
 }
-Acad::ErrorStatus AcDbHostApplicationServices::getLocalRootFolder(const ACHAR*&) {
-  return NotServed(L"AcDbHostApplicationServices.getLocalRootFolder");
+const ACHAR* Services::primaryClientForMapFileCallback() { return NOT_SERVED; }
+bool Services::setMapFlag(bool) { return NOT_SERVED; }
+ErrorStatus Services::getRegisteredFileMapClients(AcArray<const ACHAR*>&) { return NOT_SERVED; }
+ErrorStatus Services::registerMapFileNotification(const ACHAR*, MAPFILENOTIFYPROC, bool) {
+  return NOT_SERVED;
 }
-const ACHAR* AcDbHostApplicationServices::primaryClientForSelectFileCallback() {
-  return NotServed(L"AcDbHostApplicationServices.primaryClientForSelectFileCallback");
-}
-Acad::ErrorStatus AcDbHostApplicationServices::getRegisteredSelectFileClients(
-    AcArray<const ACHAR*>&) {
-  return NotServed(L"AcDbHostApplicationServices.getRegisteredSelectFileClients");
-}
-Acad::ErrorStatus AcDbHostApplicationServices::mapFile(ACHAR*&, const ACHAR*, int, void*) {
-  return NotServed(L"AcDbHostApplicationServices.mapFile");
-}
-Acad::ErrorStatus AcDbHostApplicationServices::registerMapFileCallback(const ACHAR*, REMAPPROC,
-                                                                       bool, bool) {
-  return NotServed(L"AcDbHostApplicationServices.registerMapFileCallback");
-}
-const ACHAR* AcDbHostApplicationServices::primaryClientForMapFileCallback() {
-  return NotServed(L"AcDbHostApplicationServices.primaryClientForMapFileCallback");
-}
-bool AcDbHostApplicationServices::setMapFlag(bool) {
-  return NotServed(L"AcDbHostApplicationServices.setMapFlag");
-}
-Acad::ErrorStatus AcDbHostApplicationServices::getRegisteredFileMapClients(AcArray<const ACHAR*>&) {
-  return NotServed(L"AcDbHostApplicationServices.getRegisteredFileMapClients");
-}
-Acad::ErrorStatus AcDbHostApplicationServices::registerMapFileNotification(const ACHAR*,
-                                                                           MAPFILENOTIFYPROC,
-                                                                           bool) {
-  return NotServed(L"AcDbHostApplicationServices.registerMapFileNotification");
-}
-void AcDbHostApplicationServices::fatalError(const ACHAR*, ...) {
-  NotServed(L"AcDbHostApplicationServices.fatalError");
-}
-void AcDbHostApplicationServices::reportUnhandledArxException(const _EXCEPTION_POINTERS*,
-                                                              const ACHAR*) {
-  NotServed(L"AcDbHostApplicationServices.reportUnhandledArxException");
-}
-Adesk::Boolean AcDbHostApplicationServices::userBreak(bool) const {
-  return NotServed(L"AcDbHostApplicationServices.userBreak");
-}
-void AcDbHostApplicationServices::displayChar(ACHAR) const {
-  NotServed(L"AcDbHostApplicationServices.displayChar");
-}
-void AcDbHostApplicationServices::displayString(const ACHAR*, int) const {
-  NotServed(L"AcDbHostApplicationServices.displayString");
-}
-Adesk::Boolean AcDbHostApplicationServices::readyToDisplayMessages() {
-  return NotServed(L"AcDbHostApplicationServices.readyToDisplayMessages");
-}
-void AcDbHostApplicationServices::enableMessageDisplay(Adesk::Boolean) {
-  NotServed(L"AcDbHostApplicationServices.enableMessageDisplay");
-}
-Adesk::Boolean AcDbHostApplicationServices::doFullCRCCheck() {
-  return NotServed(L"AcDbHostApplicationServices.doFullCRCCheck");
-}
-unsigned int AcDbHostApplicationServices::getTempPath(Adesk::UInt32, ACHAR*) {
-  return NotServed(L"AcDbHostApplicationServices.getTempPath");
-}
-const ACHAR* AcDbHostApplicationServices::getEnv(const ACHAR*) {
-  return NotServed(L"AcDbHostApplicationServices.getEnv");
-}
-AcDbHostApplicationProgressMeter* AcDbHostApplicationServices::newProgressMeter() {
-  return NotServed(L"AcDbHostApplicationServices.newProgressMeter");
-}
-AcDbAbstractClipBoundaryDefinition* AcDbHostApplicationServices::newClipBoundaryRectangular() {
-  return NotServed(L"AcDbHostApplicationServices.newClipBoundaryRectangular");
-}
-AcDbAbstractClipBoundaryDefinition* AcDbHostApplicationServices::newClipBoundaryPolygonal() {
-  return NotServed(L"AcDbHostApplicationServices.newClipBoundaryPolygonal");
-}
-ClipBoundaryArray* AcDbHostApplicationServices::newClipBoundaryArray() {
-  return NotServed(L"AcDbHostApplicationServices.newClipBoundaryArray");
-}
-AcDbUndoController* AcDbHostApplicationServices::defaultUndoController() {
-  return NotServed(L"AcDbHostApplicationServices.defaultUndoController");
-}
-AcDbTransactionManager* AcDbHostApplicationServices::workingTransactionManager() {
-  return NotServed(L"AcDbHostApplicationServices.workingTransactionManager");
-}
-AcDbGlobals* AcDbHostApplicationServices::createWorkingGlobals() {
-  return NotServed(L"AcDbHostApplicationServices.createWorkingGlobals");
-}
-const ACHAR* AcDbHostApplicationServices::program() {
-  return NotServed(L"AcDbHostApplicationServices.program");
-}
-const ACHAR* AcDbHostApplicationServices::product() {
-  return NotServed(L"AcDbHostApplicationServices.product");
-}
-const ACHAR* AcDbHostApplicationServices::companyName() {
-  return NotServed(L"AcDbHostApplicationServices.companyName");
-}
+void Services::fatalError(const ACHAR*, ...) { NOT_SERVED; }
+void Services::reportUnhandledArxException(const _EXCEPTION_POINTERS*, const ACHAR*) { NOT_SERVED; }
+Adesk::Boolean Services::userBreak(bool) const { return NOT_SERVED; }
+void Services::displayChar(ACHAR) const { NOT_SERVED; }
+void Services::displayString(const ACHAR*, int) const { NOT_SERVED; }
+Adesk::Boolean Services::readyToDisplayMessages() { return NOT_SERVED; }
+void Services::enableMessageDisplay(Adesk::Boolean) { NOT_SERVED; }
+Adesk::Boolean Services::doFullCRCCheck() { return NOT_SERVED; }
+unsigned int Services::getTempPath(Adesk::UInt32, ACHAR*) { return NOT_SERVED; }
+const ACHAR* Services::getEnv(const ACHAR*) { return NOT_SERVED; }
+AcDbHostApplicationProgressMeter* Services::newProgressMeter() { return NOT_SERVED; }
+AcDbAbstractClipBoundaryDefinition* Services::newClipBoundaryRectangular() { return NOT_SERVED; }
+AcDbAbstractClipBoundaryDefinition* Services::newClipBoundaryPolygonal() { return NOT_SERVED; }
+ClipBoundaryArray* Services::newClipBoundaryArray() { return NOT_SERVED; }
+AcDbUndoController* Services::defaultUndoController() { return NOT_SERVED; }
+AcDbTransactionManager* Services::workingTransactionManager() { return NOT_SERVED; }
+AcDbGlobals* Services::createWorkingGlobals() { return NOT_SERVED; }
+const ACHAR* Services::program() { return NOT_SERVED; }
+const ACHAR* Services::product() { return NOT_SERVED; }
+const ACHAR* Services::companyName() { return NOT_SERVED; }
 // Published with a const that says nothing.
 #if defined(__GNUC__) || defined(__clang__)
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wignored-qualifiers"
 #endif
-const AcDbHostApplicationServices::ProdIdCode AcDbHostApplicationServices::prodcode() {
-  return NotServed(L"AcDbHostApplicationServices.prodcode");
-}
+const Services::ProdIdCode Services::prodcode() { return NOT_SERVED; }
 #if defined(__GNUC__) || defined(__clang__)
 #pragma GCC diagnostic pop
 #endif
-const ACHAR* AcDbHostApplicationServices::releaseMajorMinorString() {
-  return NotServed(L"AcDbHostApplicationServices.releaseMajorMinorString");
+const ACHAR* Services::releaseMajorMinorString() { return NOT_SERVED; }
+int Services::releaseMajorVersion() { return NOT_SERVED; }
+int Services::releaseMinorVersion() { return NOT_SERVED; }
+const ACHAR* Services::versionString() { return NOT_SERVED; }
+const ACHAR* Services::getRegistryProductRootKey() { return NOT_SERVED; }
+LCID Services::getRegistryProductLCID() { return NOT_SERVED; }
+bool Services::supportsMultiRedo() const { return NOT_SERVED; }
+Services::ModelerFlavor Services::getModelerFlavor() const { return NOT_SERVED; }
+AcadInternalServices* Services::acadInternalServices() { return NOT_SERVED; }
+Adesk::Boolean Services::isURL(const ACHAR*) const { return NOT_SERVED; }
+Adesk::Boolean Services::isRemoteFile(const ACHAR*, ACHAR*) const { return NOT_SERVED; }
+ErrorStatus Services::getRemoteFile(const ACHAR*, ACHAR*, Adesk::Boolean) const {
+  return NOT_SERVED;
 }
-int AcDbHostApplicationServices::releaseMajorVersion() {
-  return NotServed(L"AcDbHostApplicationServices.releaseMajorVersion");
+ErrorStatus Services::putRemoteFile(const ACHAR*, const ACHAR*) const { return NOT_SERVED; }
+Adesk::Boolean Services::launchBrowserDialog(ACHAR*, const ACHAR*, const ACHAR*, const ACHAR*,
+                                             const ACHAR*, Adesk::Boolean) const {
+  return NOT_SERVED;
 }
-int AcDbHostApplicationServices::releaseMinorVersion() {
-  return NotServed(L"AcDbHostApplicationServices.releaseMinorVersion");
+void Services::drawOleOwnerDrawItem(COleClientItem*, Adesk::LongPtr, long, long, long, long) {
+  NOT_SERVED;
 }
-const ACHAR* AcDbHostApplicationServices::versionString() {
-  return NotServed(L"AcDbHostApplicationServices.versionString");
+ErrorStatus Services::getNewOleClientItem(COleClientItem*&) { return NOT_SERVED; }
+ErrorStatus Services::serializeOleItem(COleClientItem*, CArchive*) { return NOT_SERVED; }
+Adesk::Boolean Services::_entToWorldTransform(double*, flagmat*) { return NOT_SERVED; }
+void Services::terminateScript() { NOT_SERVED; }
+Adesk::Boolean Services::getSubstituteFont(ACHAR**, ACHAR*, int, int) { return NOT_SERVED; }
+void Services::alert(const ACHAR*) const { NOT_SERVED; }
+void Services::auditPrintReport(AcDbAuditInfo*, const ACHAR*, int) const { NOT_SERVED; }
+ACHAR* Services::getAlternateFontName() const { return NOT_SERVED; }
+ACHAR* Services::getFontMapFileName() const { return NOT_SERVED; }
+bool Services::cacheSymbolIndices() const { return NOT_SERVED; }
+AcDbPlotSettingsValidator* Services::plotSettingsValidator() const { return NOT_SERVED; }
+bool Services::loadApp(const ACHAR*, AcadApp::LoadReasons, bool, bool) { return NOT_SERVED; }
+void Services::getDefaultPlotCfgInfo(ACHAR*, ACHAR*) { NOT_SERVED; }
+ErrorStatus Services::signingComplete(ErrorStatus, const ACHAR*, bool*) { return NOT_SERVED; }
+bool Services::getPassword(const ACHAR*, PasswordOptions, wchar_t*, const size_t) {
+  return NOT_SERVED;
 }
-const ACHAR* AcDbHostApplicationServices::getRegistryProductRootKey() {
-  return NotServed(L"AcDbHostApplicationServices.getRegistryProductRootKey");
-}
-LCID AcDbHostApplicationServices::getRegistryProductLCID() {
-  return NotServed(L"AcDbHostApplicationServices.getRegistryProductLCID");
-}
-bool AcDbHostApplicationServices::supportsMultiRedo() const {
-  return NotServed(L"AcDbHostApplicationServices.supportsMultiRedo");
-}
-AcDbHostApplicationServices::ModelerFlavor AcDbHostApplicationServices::getModelerFlavor() const {
-  return NotServed(L"AcDbHostApplicationServices.getModelerFlavor");
-}
-AcadInternalServices* AcDbHostApplicationServices::acadInternalServices() {
-  return NotServed(L"AcDbHostApplicationServices.acadInternalServices");
-}
-Adesk::Boolean AcDbHostApplicationServices::isURL(const ACHAR*) const {
-  return NotServed(L"AcDbHostApplicationServices.isURL");
-}
-Adesk::Boolean AcDbHostApplicationServices::isRemoteFile(const ACHAR*, ACHAR*) const {
-  return NotServed(L"AcDbHostApplicationServices.isRemoteFile");
-}
-Acad::ErrorStatus AcDbHostApplicationServices::getRemoteFile(const ACHAR*, ACHAR*,
-                                                             Adesk::Boolean) const {
-  return NotServed(L"AcDbHostApplicationServices.getRemoteFile");
-}
-Acad::ErrorStatus AcDbHostApplicationServices::putRemoteFile(const ACHAR*, const ACHAR*) const {
-  return NotServed(L"AcDbHostApplicationServices.putRemoteFile");
-}
-Adesk::Boolean AcDbHostApplicationServices::launchBrowserDialog(ACHAR*, const ACHAR*, const ACHAR*,
-                                                                const ACHAR*, const ACHAR*,
-                                                                Adesk::Boolean) const {
-  return NotServed(L"AcDbHostApplicationServices.launchBrowserDialog");
-}
-void AcDbHostApplicationServices::drawOleOwnerDrawItem(COleClientItem*, Adesk::LongPtr, long, long,
-                                                       long, long) {
-  NotServed(L"AcDbHostApplicationServices.drawOleOwnerDrawItem");
-}
-Acad::ErrorStatus AcDbHostApplicationServices::getNewOleClientItem(COleClientItem*&) {
-  return NotServed(L"AcDbHostApplicationServices.getNewOleClientItem");
-}
-Acad::ErrorStatus AcDbHostApplicationServices::serializeOleItem(COleClientItem*, CArchive*) {
-  return NotServed(L"AcDbHostApplicationServices.serializeOleItem");
-}
-Adesk::Boolean AcDbHostApplicationServices::_entToWorldTransform(double*, flagmat*) {
-  return NotServed(L"AcDbHostApplicationServices._entToWorldTransform");
-}
-void AcDbHostApplicationServices::terminateScript() {
-  NotServed(L"AcDbHostApplicationServices.terminateScript");
-}
-Adesk::Boolean AcDbHostApplicationServices::getSubstituteFont(ACHAR**, ACHAR*, int, int) {
-  return NotServed(L"AcDbHostApplicationServices.getSubstituteFont");
-}
-void AcDbHostApplicationServices::alert(const ACHAR*) const {
-  NotServed(L"AcDbHostApplicationServices.alert");
-}
-void AcDbHostApplicationServices::auditPrintReport(AcDbAuditInfo*, const ACHAR*, int) const {
-  NotServed(L"AcDbHostApplicationServices.auditPrintReport");
-}
-ACHAR* AcDbHostApplicationServices::getAlternateFontName() const {
-  return NotServed(L"AcDbHostApplicationServices.getAlternateFontName");
-}
-ACHAR* AcDbHostApplicationServices::getFontMapFileName() const {
-  return NotServed(L"AcDbHostApplicationServices.getFontMapFileName");
-}
-bool AcDbHostApplicationServices::cacheSymbolIndices() const {
-  return NotServed(L"AcDbHostApplicationServices.cacheSymbolIndices");
-}
-AcDbPlotSettingsValidator* AcDbHostApplicationServices::plotSettingsValidator() const {
-  return NotServed(L"AcDbHostApplicationServices.plotSettingsValidator");
-}
-bool AcDbHostApplicationServices::loadApp(const ACHAR*, AcadApp::LoadReasons, bool, bool) {
-  return NotServed(L"AcDbHostApplicationServices.loadApp");
-}
-void AcDbHostApplicationServices::getDefaultPlotCfgInfo(ACHAR*, ACHAR*) {
-  NotServed(L"AcDbHostApplicationServices.getDefaultPlotCfgInfo");
-}
-Acad::ErrorStatus AcDbHostApplicationServices::signingComplete(Acad::ErrorStatus, const ACHAR*,
-                                                               bool*) {
-  return NotServed(L"AcDbHostApplicationServices.signingComplete");
-}
-bool AcDbHostApplicationServices::getPassword(const ACHAR*, PasswordOptions, wchar_t*,
-                                              const size_t) {
-  return NotServed(L"AcDbHostApplicationServices.getPassword");
-}
-void AcDbHostApplicationServices::usedPasswordFromCacheMsg(const ACHAR*) {
-  NotServed(L"AcDbHostApplicationServices.usedPasswordFromCacheMsg");
-}
-void AcDbHostApplicationServices::missingCryptoProviderMsg() {
-  NotServed(L"AcDbHostApplicationServices.missingCryptoProviderMsg");
-}
-const ACHAR* AcDbHostApplicationServices::getColorBookLocation() const {
-  return NotServed(L"AcDbHostApplicationServices.getColorBookLocation");
-}
+void Services::usedPasswordFromCacheMsg(const ACHAR*) { NOT_SERVED; }
+void Services::missingCryptoProviderMsg() { NOT_SERVED; }
+const ACHAR* Services::getColorBookLocation() const { return NOT_SERVED; }
