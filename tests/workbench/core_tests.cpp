@@ -11,7 +11,6 @@
 #include "core/SessionState.h"
 #include "core/Text.h"
 #include "core/Transcript.h"
-#include "faults/DiskFaults.h"
 #include "faults/Faults.h"
 #include "vault/ResultCodeTable.h"
 

@@ -6,7 +6,6 @@
 #include "core/ResultNames.h"
 #include "core/SessionState.h"
 #include "core/Transcript.h"
-#include "faults/DiskFaults.h"
 #include "faults/Faults.h"
 #include "scripting/ClientLibrary.h"
 #include "scripting/Directives.h"
