@@ -6,13 +6,10 @@
 
 #include <cstdint>
 #include <cstdlib>
-#include <cstring>
-#include <exception>
 #include <map>
 
 #include "core/SessionState.h"
 #include "core/Transcript.h"
-#include "watch/ImportWatch.h"
 #include "watch/WatchedCalls.h"
 
 namespace wb {
@@ -20,20 +17,17 @@ namespace {
 
 /// The blocks of the runtime's heap that watched modules hold: where each begins and its bytes.
 struct WatchedMemory {
-  std::map<const char*, size_t> blocks;
+  std::map<const void*, size_t> blocks;
 };
 
-std::map<const char*, size_t>& blocks() { return sessionPart<WatchedMemory>().blocks; }
+std::map<const void*, size_t>& blocks() { return sessionPart<WatchedMemory>().blocks; }
 
-void* entered(void* block, size_t size) {
-  if (block) blocks()[static_cast<const char*>(block)] = size;
-  return block;
+void enter(const void* block, size_t size) {
+  if (block) blocks()[block] = size;
 }
 
-void left(void* block) { blocks().erase(static_cast<const char*>(block)); }
-
 /// Whether the runtime's heap holds the block and nothing was written beyond it, as far as the
-/// heap's flags let it say so. A block that isn't sound is told and left alone.
+/// heap's flags show it. A block that isn't sound is reported and left alone.
 bool isSound(void* block) {
   static const bool watched = heapsAreWatched();
   const auto heap = reinterpret_cast<HANDLE>(_get_heap_handle());
@@ -46,78 +40,47 @@ bool isSound(void* block) {
   return false;
 }
 
-void* seenMalloc(size_t size) {
-  if (windowsFails(L"module.malloc")) return nullptr;
-  return entered(std::malloc(size), size);
-}
-
-void* seenCalloc(size_t count, size_t size) {
-  if (windowsFails(L"module.calloc")) return nullptr;
-  return entered(std::calloc(count, size), count * size);
-}
-
 void* seenRealloc(void* block, size_t size) {
   if (!isSound(block) || windowsFails(L"module.realloc")) return nullptr;
-  const auto old = blocks().extract(static_cast<const char*>(block));
+  const auto old = blocks().extract(block);
   void* const moved = std::realloc(block, size);
   // What can't be resized stays where it is.
-  if (!moved && size > 0 && old) entered(block, old.mapped());
-  return entered(moved, size);
+  if (!moved && size > 0 && old) enter(block, old.mapped());
+  enter(moved, size);
+  return moved;
 }
 
 void seenFree(void* block) {
   if (!isSound(block)) return;
-  left(block);
+  blocks().erase(block);
   std::free(block);
 }
 
-/// COM's memory may go back in other hands than those that asked for it.
-void enteredForCom(const void* block, const wchar_t* kind, size_t size) {
+/// COM's memory may be freed by others than those that asked for it.
+void enterForCom(const void* block, const wchar_t* kind, size_t size) {
   const Ticket ticket = handOutMemory(block, kind, std::to_wstring(size) + L" bytes of a module");
   if (ticket) keepBeyondCommand(ticket);
 }
 
-BSTR enteredText(BSTR text) {
-  enteredForCom(text, L"string", SysStringByteLen(text));
-  return text;
-}
-
-BSTR WINAPI seenSysAllocString(const OLECHAR* text) {
-  if (windowsFails(L"module.SysAllocString")) return nullptr;
-  return enteredText(SysAllocString(text));
-}
-
-BSTR WINAPI seenSysAllocStringLen(const OLECHAR* text, UINT length) {
-  if (windowsFails(L"module.SysAllocStringLen")) return nullptr;
-  return enteredText(SysAllocStringLen(text, length));
-}
-
-BSTR WINAPI seenSysAllocStringByteLen(LPCSTR text, UINT length) {
-  if (windowsFails(L"module.SysAllocStringByteLen")) return nullptr;
-  return enteredText(SysAllocStringByteLen(text, length));
-}
-
-LPVOID WINAPI seenCoTaskMemAlloc(SIZE_T size) {
-  if (windowsFails(L"module.CoTaskMemAlloc")) return nullptr;
-  void* const block = CoTaskMemAlloc(size);
-  enteredForCom(block, L"memory", size);
-  return block;
-}
+}  // namespace
 
 std::vector<WatchedCall> memoryCalls() {
+  const auto enterText = [](BSTR text, auto...) {
+    enterForCom(text, L"string", SysStringByteLen(text));
+  };
   return {
-      {"malloc", observerOf(seenMalloc, std::malloc)},
-      {"calloc", observerOf(seenCalloc, std::calloc)},
+      failing("malloc", std::malloc, nullptr, [](void* block, size_t size) { enter(block, size); }),
+      failing("calloc", std::calloc, nullptr,
+              [](void* block, size_t count, size_t size) { enter(block, count * size); }),
       {"realloc", observerOf(seenRealloc, std::realloc)},
       {"free", observerOf(seenFree, std::free)},
-      {"SysAllocString", observerOf(seenSysAllocString, SysAllocString)},
-      {"SysAllocStringLen", observerOf(seenSysAllocStringLen, SysAllocStringLen)},
-      {"SysAllocStringByteLen", observerOf(seenSysAllocStringByteLen, SysAllocStringByteLen)},
-      {"CoTaskMemAlloc", observerOf(seenCoTaskMemAlloc, CoTaskMemAlloc)},
+      failing("SysAllocString", SysAllocString, nullptr, enterText),
+      failing("SysAllocStringLen", SysAllocStringLen, nullptr, enterText),
+      failing("SysAllocStringByteLen", SysAllocStringByteLen, nullptr, enterText),
+      failing("CoTaskMemAlloc", CoTaskMemAlloc, nullptr,
+              [](LPVOID block, SIZE_T size) { enterForCom(block, L"memory", size); }),
   };
 }
-
-}  // namespace
 
 bool heapsAreWatched() {
   const HMODULE library = GetModuleHandleW(L"ntdll.dll");
@@ -126,11 +89,7 @@ bool heapsAreWatched() {
   return globalFlags && (globalFlags() & heapCheckFlags) == heapCheckFlags;
 }
 
-void watchMemory(HMODULE module) {
-  if (!SessionState::get().accounts.memoryIsLeftOut()) patchImports(module, memoryCalls());
-}
-
-void tellMemoryLeft() {
+void reportMemoryLeft() {
   for (const auto& [block, size] : blocks()) {
     tell(Event::leak, L"memory " + std::to_wstring(size) + L" bytes");
   }

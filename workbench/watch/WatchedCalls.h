@@ -1,45 +1,62 @@
 #pragma once
 
-#include <windows.h>
+#include <string>
+#include <type_traits>
 
-#include <vector>
+#include "watch/ImportWatch.h"
 
 namespace wb {
 
-/// A function of Windows by its name, and the observer that takes its place in an import table.
-struct WatchedCall {
-  const char* name;
-  void* observer;
+/// Files, keys, images, menus, boxes, dialogs, timers, apartments.
+std::vector<WatchedCall> handleCalls();
+/// Forgets the handles; open accounts stay.
+void forgetHandles();
+
+/// Memory of the runtime and of COM.
+std::vector<WatchedCall> memoryCalls();
+void reportMemoryLeft();
+
+/// Whether a call that a watched module makes of Windows has to fail (faults/Faults.h: the
+/// operation is "module." and the function's name). Windows' error is set then.
+bool windowsFails(const std::wstring& operation);
+
+/// What takes the place of a function; each `After` is a lambda's own type.
+template <class After, class Result, class... Arguments>
+struct Observer {
+  static inline Result (*original)(Arguments...);
+  static inline void (*after)(Result, Arguments...);
+  static inline std::wstring operation;  ///< by which it can fail; empty if it can't
+  static inline Result failure;
+
+  static Result WINAPI run(Arguments... arguments) {
+    if (!operation.empty() && windowsFails(operation)) return failure;
+    const Result result = original(arguments...);
+    const DWORD error = GetLastError();
+    after(result, arguments...);
+    SetLastError(error);
+    return result;
+  }
 };
 
-std::vector<WatchedCall> registryCalls();  ///< WatchRegistry.cpp
-std::vector<WatchedCall> resourceCalls();  ///< WatchResources.cpp: files, images, menus
-std::vector<WatchedCall> windowCalls();    ///< WatchWindows.cpp: boxes, dialogs, timers, apartments
+/// Observes a function of Windows: `after` is called with the result and the arguments, and doesn't
+/// change Windows' error.
+template <class After, class Result, class... Arguments>
+WatchedCall observed(const char* name, Result (*original)(Arguments...), After after) {
+  using One = Observer<After, Result, Arguments...>;
+  One::original = original;
+  One::after = after;
+  return {name, reinterpret_cast<void*>(One::run)};
+}
 
-/// What the observers remember of handles is dropped; open accounts stay.
-void forgetWatchedKeys();
-void forgetWatchedResources();
-void forgetWatchedWindows();
-
-void tellMemoryLeft();  ///< WatchMemory.cpp
-
-/// A place in an import table, and what stood there.
-struct PatchedSlot {
-  void** slot;
-  void* original;
-};
-
-/// Puts the observers into the module's import table.
-std::vector<PatchedSlot> patchImports(HMODULE module, const std::vector<WatchedCall>& calls);
-
-/// Whether a call that a watched module makes of Windows has to fail (core/Faults.h: the operation
-/// is "module." and the function's name). Windows' error is set then.
-bool windowsFails(const wchar_t* operation);
-
-/// The observer's address, checked against the signature of the function it stands for.
-template <typename Function>
-void* observerOf(Function* observer, Function* /*original*/) {
-  return reinterpret_cast<void*>(observer);
+/// The same for a function that fails on demand.
+/// @param failure what it returns then
+template <class After, class Result, class... Arguments>
+WatchedCall failing(const char* name, Result (*original)(Arguments...),
+                    std::common_type_t<Result> failure, After after) {
+  using One = Observer<After, Result, Arguments...>;
+  One::operation = L"module." + std::wstring(name, name + std::char_traits<char>::length(name));
+  One::failure = failure;
+  return observed(name, original, after);
 }
 
 }  // namespace wb
