@@ -3,7 +3,7 @@
 #include <cstring>
 #include <map>
 
-#include "database/Database.h"
+#include "database/Drawing.h"
 #include "editor/Document.h"
 #include "editor/DocumentManager.h"
 #include "editor/Host.h"
@@ -75,7 +75,7 @@ class TitleBlock : public ModuleSession {
   }
   static AcDbObjectImp& attribute(const wchar_t* layout, size_t index) {
     const auto& owner = static_cast<wb::ReferenceImp&>(reference(layout));
-    return *AcDbObjectImp::find(owner.attributes.at(index));
+    return *owner.attributes.at(index);
   }
 };
 

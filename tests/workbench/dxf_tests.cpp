@@ -1,8 +1,6 @@
 #include "shared/DrawingTest.h"
 
-#include "database/Database.h"
-#include "dxf/Groups.h"
-#include "dxf/Text.h"
+#include "dxf/File.h"
 
 namespace {
 
@@ -137,8 +135,7 @@ TEST_F(DxfTest, ACutDrawingNeverOpens) {
     const std::string whole = bytesOf(sample);
     const size_t end = whole.rfind("EOF") + 3;
     for (size_t length = 0; length < end; length += length < end - 100 ? end / 50 : 1) {
-      wb::DxfGroups groups;
-      EXPECT_NE(L"", refusal([&] { groups.parse(whole.substr(0, length)); })) << sample << length;
+      EXPECT_NE(L"", refusal([&] { wb::DxfGroups(whole.substr(0, length)); })) << sample << length;
     }
   }
 }
@@ -179,7 +176,7 @@ TEST_F(DxfTest, WhatWouldNotBeTheDrawingIsNotSaved) {
   const auto drawing = openText(dxf("0 SECTION\n2 ENTITIES\n0 ENDSEC\n"));
   const std::string before = bytesOf(folder / L"text.dxf");
   for (const char* remark : {"one\ntwo", "one\r\n  0\r\nEOF", "a\n999\nb"}) {
-    drawing->content().addRemark(remark);
+    drawing->addRemark(remark);
     const std::wstring error = refusal([&] { drawing->save(folder / L"text.dxf"); });
     EXPECT_EQ(0u, error.find(L"the file wouldn't be this drawing any more: line ")) << remark;
     EXPECT_EQ(before, bytesOf(folder / L"text.dxf"));
@@ -188,8 +185,7 @@ TEST_F(DxfTest, WhatWouldNotBeTheDrawingIsNotSaved) {
 }
 
 TEST_F(DxfTest, AnAddedGroupStaysAndGoesWithTheObjectBeforeIt) {
-  wb::DxfGroups groups;
-  groups.parse("0\nTEXT\n8\nA\n0\nTEXT\n8\nB\n0\nEOF");
+  wb::DxfGroups groups("0\nTEXT\n8\nA\n0\nTEXT\n8\nB\n0\nEOF");
   groups.addBefore(2, 1, "a");
   groups.addBefore(4, 1, "b");
   groups.remove(2, 4);

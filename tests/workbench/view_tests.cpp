@@ -6,8 +6,6 @@
 #include <cstdio>
 #include <sstream>
 
-#include "database/Database.h"
-#include "database/Objects.h"
 #include "database/Xrefs.h"
 #include "shared/DrawingTest.h"
 #include "view/Builder.h"
@@ -154,7 +152,7 @@ TEST_F(View, AChangedAttributeAndALayoutAreSeenAtOnce) {
   const AcDbObjectId block = drawing->entities(L"A1_TITLE").at(0);
   const auto* reference = static_cast<const wb::ReferenceImp*>(AcDbObjectImp::find(block));
   AcDbText* attribute = nullptr;
-  ASSERT_EQ(acdbOpenObject(attribute, reference->attributes.at(0), AcDb::kForWrite), Acad::eOk);
+  ASSERT_EQ(acdbOpenObject(attribute, reference->attributes.at(0)->id, AcDb::kForWrite), Acad::eOk);
   EXPECT_EQ(attribute->setTextString(L"Pump house"), Acad::eOk);
   attribute->close();
   EXPECT_TRUE(holds(L"Pump house"));

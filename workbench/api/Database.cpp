@@ -5,12 +5,9 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
-#include "database/Database.h"
-#include "database/DatabaseState.h"
 #include "database/Drawing.h"
-#include "database/Iterators.h"
-#include "database/Objects.h"
 #include "gate/HostCall.h"
 
 using ErrorStatus = Acad::ErrorStatus;
@@ -20,7 +17,58 @@ using wb::ReferenceImp;
 using wb::Signature;
 using wb::TextImp;
 
+/// The attributes of a reference as they were when the iterator was made.
+class AcDbSpaceIterator {
+ public:
+  explicit AcDbSpaceIterator(const wb::ReferenceImp& reference) {
+    for (const AcDbObjectImp* attribute : reference.attributes) ids.push_back(attribute->id);
+    start(false);
+  }
+
+  static AcDbObjectIterator* make(const wb::ReferenceImp& reference) {
+    return new AcDbObjectIterator(new AcDbSpaceIterator(reference));
+  }
+
+  void start(bool atEnd) {
+    position = atEnd ? last() : 0;
+    skipErased(atEnd);
+  }
+  bool done() const { return position < 0 || position > last(); }
+  void step(bool backwards, bool skipDeleted) {
+    if (done()) return;
+    position += backwards ? -1 : 1;
+    if (skipDeleted) skipErased(backwards);
+  }
+  AcDbObjectId objectId() const {
+    return done() ? AcDbObjectId() : ids[static_cast<size_t>(position)];
+  }
+
+ private:
+  std::ptrdiff_t last() const { return static_cast<std::ptrdiff_t>(ids.size()) - 1; }
+  void skipErased(bool backwards) {
+    const auto isErased = [](const AcDbObjectImp* imp) { return !imp || imp->erased; };
+    while (!done() && isErased(AcDbObjectImp::find(objectId()))) position += backwards ? -1 : 1;
+  }
+
+  std::vector<AcDbObjectId> ids;
+  std::ptrdiff_t position = 0;
+};
+
+/// Makes what only the host may make.
+class AcDbBlockReferenceIdIteratorImp {
+ public:
+  static AcDbBlockReferenceIdIterator* make(const wb::BlockRecordImp& record) {
+    auto* iterator = new AcDbBlockReferenceIdIterator;
+    for (const wb::ReferenceImp* reference : record.references) {
+      iterator->mAry.append(reference->id);
+    }
+    return iterator;
+  }
+};
+
 namespace {
+
+AcDbObjectId idOf(const AcDbObjectImp* imp) { return imp ? imp->id : AcDbObjectId(); }
 
 /// Runs a call that reads an open object; `value` is a member of the object or a function of it.
 template <class Imp, class Result, class Value>
@@ -95,7 +143,8 @@ AcDbObjectId AcDbObject::objectId() const {
 }
 
 AcDbObjectId AcDbObject::ownerId() const {
-  return read<AcDbObjectImp>(this, THIS_FUNCTION, AcDbObjectId(), &AcDbObjectImp::owner);
+  return read<AcDbObjectImp>(this, THIS_FUNCTION, AcDbObjectId(),
+                             [](auto& imp) { return idOf(imp.owner); });
 }
 
 ErrorStatus AcDbObject::close() {
@@ -108,17 +157,19 @@ ErrorStatus AcDbObject::close() {
 ErrorStatus AcDbDatabase::getSymbolTable(AcDbBlockTable*& pTable, AcDb::OpenMode mode) {
   pTable = nullptr;
   return HostCall(THIS_FUNCTION).run(Acad::eNotOpenForRead, [&] {
-    return acdbOpenObject(pTable, wb::DrawingDatabase::of(*this).blockTable().id, mode);
+    const wb::Drawing* drawing = wb::Drawing::of(this);
+    if (!drawing) return Acad::ePermanentlyErased;
+    return acdbOpenObject(pTable, drawing->blockTable().id, mode);
   });
 }
 
 // Every record of this host is a block's.
 ErrorStatus AcDbSymbolTableRecord::getName(ACHAR*& pName) const {
-  return readText(this, THIS_FUNCTION, &BlockRecordImp::blockName, pName);
+  return readText(this, THIS_FUNCTION, &AcDbObjectImp::name, pName);
 }
 
 ErrorStatus AcDbSymbolTableRecord::getName(const ACHAR*& pName) const {
-  return readText(this, THIS_FUNCTION, &BlockRecordImp::blockName, pName);
+  return readText(this, THIS_FUNCTION, &AcDbObjectImp::name, pName);
 }
 
 ErrorStatus AcDbBlockTableRecord::pathName(ACHAR*& pPath) const {
@@ -138,7 +189,8 @@ bool AcDbBlockTableRecord::hasAttributeDefinitions() const {
 }
 
 AcDbObjectId AcDbBlockTableRecord::getLayoutId() const {
-  return read<BlockRecordImp>(this, THIS_FUNCTION, AcDbObjectId(), &BlockRecordImp::layout);
+  return read<BlockRecordImp>(this, THIS_FUNCTION, AcDbObjectId(),
+                              [](auto& imp) { return idOf(imp.layout); });
 }
 
 ErrorStatus AcDbBlockTableRecord::newBlockReferenceIdIterator(
@@ -146,6 +198,7 @@ ErrorStatus AcDbBlockTableRecord::newBlockReferenceIdIterator(
   pIter = nullptr;
   return read<BlockRecordImp>(this, THIS_FUNCTION, Acad::eNotOpenForRead, [&](auto& imp) {
     pIter = AcDbBlockReferenceIdIteratorImp::make(imp);
+    wb::databaseState().iterators.opened(pIter, L"AcDbBlockReferenceIdIterator of " + imp.label());
     return Acad::eOk;
   });
 }
@@ -156,7 +209,7 @@ ErrorStatus AcDbBlockTable::getAt(const ACHAR* entryName, AcDbObjectId& recordId
   return HostCall(THIS_FUNCTION, HostCall::swept).run(Acad::eInvalidInput, [&] {
     const AcDbObjectImp& imp = AcDbObjectImp::read(this, L"AcDbBlockTable::getAt");
     if (!entryName) return Acad::eInvalidInput;
-    const BlockRecordImp* found = imp.database.findRecord(entryName);
+    const BlockRecordImp* found = imp.drawing.findRecord(entryName);
     if (!found) return Acad::eKeyNotFound;
     if (found->erased && !getErasedRec) return Acad::eWasErased;
     recordId = found->id;
@@ -175,16 +228,20 @@ ErrorStatus AcDbBlockTable::getAt(const ACHAR* entryName, AcDbBlockTableRecord*&
 }
 
 ErrorStatus AcDbLayout::getLayoutName(ACHAR*& pLayoutName) const {
-  return readText(this, THIS_FUNCTION, &wb::LayoutImp::layoutName, pLayoutName);
+  return readText(this, THIS_FUNCTION, &AcDbObjectImp::name, pLayoutName);
 }
 
 AcDbObjectId AcDbBlockReference::blockTableRecord() const {
-  return read<ReferenceImp>(this, THIS_FUNCTION, AcDbObjectId(), &ReferenceImp::record);
+  return read<ReferenceImp>(this, THIS_FUNCTION, AcDbObjectId(),
+                            [](auto& imp) { return idOf(imp.record); });
 }
 
 AcDbObjectIterator* AcDbBlockReference::attributeIterator() const {
-  return read<ReferenceImp, AcDbObjectIterator*>(this, THIS_FUNCTION, nullptr,
-                                                 AcDbSpaceIterator::make);
+  return read<ReferenceImp, AcDbObjectIterator*>(this, THIS_FUNCTION, nullptr, [](auto& imp) {
+    AcDbObjectIterator* iterator = AcDbSpaceIterator::make(imp);
+    wb::databaseState().iterators.opened(iterator, L"AcDbObjectIterator of " + imp.label());
+    return iterator;
+  });
 }
 
 ErrorStatus AcDbBlockReference::openAttribute(AcDbAttribute*& pAttribute, AcDbObjectId objId,
@@ -201,7 +258,7 @@ ErrorStatus AcDbText::setTextString(const ACHAR* pText) {
     auto& imp = AcDbObjectImp::write<TextImp>(this, L"AcDbText::setTextString");
     imp.setText(pText);
     imp.aligned = imp.leftAligned;
-    imp.database.drawing().touch();
+    imp.drawing.touch();
     return Acad::eOk;
   });
 }
@@ -212,7 +269,7 @@ ErrorStatus AcDbText::setTextString(const ACHAR* pText) {
 ErrorStatus AcDbText::adjustAlignment(const AcDbDatabase* pDb) {
   return HostCall(THIS_FUNCTION).run(Acad::eNotOpenForWrite, [&] {
     auto& imp = AcDbObjectImp::write<TextImp>(this, L"AcDbText::adjustAlignment");
-    const AcDbDatabase* own = imp.database.database();
+    const AcDbDatabase* own = imp.drawing.database();
     const AcDbDatabase* working = acdbHostApplicationServices()->workingDatabase();
     if (working == own && (!pDb || pDb == own)) imp.aligned = true;
     return Acad::eOk;
@@ -221,7 +278,7 @@ ErrorStatus AcDbText::adjustAlignment(const AcDbDatabase* pDb) {
 
 ACHAR* AcDbAttribute::tag() const {
   ACHAR* copy = nullptr;
-  readText(this, THIS_FUNCTION, &wb::AttributeImp::tag, copy);
+  readText(this, THIS_FUNCTION, &AcDbObjectImp::name, copy);
   return copy;
 }
 

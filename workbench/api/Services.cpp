@@ -1,7 +1,6 @@
 #include <dbapserv.h>
 
 #include "core/StandInTime.h"
-#include "database/DatabaseState.h"
 #include "database/Drawing.h"
 #include "editor/FileSelection.h"
 #include "gate/HostCall.h"

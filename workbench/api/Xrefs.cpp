@@ -10,9 +10,7 @@
 #include <cwchar>
 #include <string>
 
-#include "database/DatabaseState.h"
 #include "database/Drawing.h"
-#include "database/XrefGraph.h"
 #include "database/Xrefs.h"
 #include "gate/HostCall.h"
 
@@ -80,7 +78,7 @@ AcDbXrefGraph::~AcDbXrefGraph() {
 
 Acad::ErrorStatus acedGetCurDwgXrefGraph(AcDbXrefGraph& graph, Adesk::Boolean includeGhosts) {
   return HostCall(THIS_FUNCTION, HostCall::swept).run(Acad::eOutOfMemory, [&] {
-    wb::fillXrefGraph(graph, drawingOf(nullptr), includeGhosts != Adesk::kFalse);
+    drawingOf(nullptr).xrefs().fill(graph, includeGhosts != Adesk::kFalse);
     return Acad::eOk;
   });
 }

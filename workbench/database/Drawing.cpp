@@ -1,13 +1,23 @@
 #include "database/Drawing.h"
 
+#include <dbmain.h>
+
 #include <algorithm>
 #include <charconv>
+#include <iterator>
 
-#include "core/Text.h"
-#include "database/Database.h"
-#include "database/DatabaseState.h"
 #include "database/File.h"
 #include "database/Xrefs.h"
+
+/// Makes what only the host may make.
+class AcDbDatabaseImp {
+ public:
+  static std::unique_ptr<AcDbDatabase> make() {
+    return std::unique_ptr<AcDbDatabase>(new AcDbDatabase);
+  }
+};
+
+AcDbDatabase::~AcDbDatabase() = default;
 
 namespace wb {
 
@@ -18,19 +28,14 @@ constexpr char blankFile[] =
     "  0\r\nSECTION\r\n  2\r\nHEADER\r\n  9\r\n$ACADVER\r\n  1\r\nAC1009\r\n  0\r\nENDSEC\r\n"
     "  0\r\nSECTION\r\n  2\r\nENTITIES\r\n  0\r\nENDSEC\r\n  0\r\nEOF\r\n";
 
-const LayoutImp& layoutOf(const BlockRecordImp& record) {
-  return static_cast<const LayoutImp&>(*AcDbObjectImp::find(record.layout));
-}
-
-template <class T>
-T& as(AcDbObjectId id) {
-  return static_cast<T&>(*AcDbObjectImp::find(id));
-}
-
 }  // namespace
 
-Drawing::Drawing()
-    : database_(std::make_unique<DrawingDatabase>(*this)), xrefs_(std::make_unique<Xrefs>(*this)) {
+Drawing::Drawing(std::string bytes)
+    : file(std::move(bytes)),
+      database_(AcDbDatabaseImp::make()),
+      xrefs_(std::make_unique<Xrefs>(*this)),
+      table(&add<BlockTableImp>()) {
+  readObjects();
   databaseState().drawings.push_back(this);
 }
 
@@ -39,39 +44,34 @@ Drawing::~Drawing() {
   all.erase(std::remove(all.begin(), all.end(), this), all.end());
 }
 
-std::unique_ptr<Drawing> Drawing::read(std::string bytes) {
-  std::unique_ptr<Drawing> drawing(new Drawing);
-  DrawingDatabase& content = *drawing->database_;
-  content.read(std::move(bytes));
-  drawing->currentSheet_ = layoutOf(content.paperSpace()).layoutName;
-  drawing->currentLayout_ = content.startsInModelSpace() ? layoutOf(content.modelSpace()).layoutName
-                                                         : drawing->currentSheet_;
-  return drawing;
-}
-
 std::unique_ptr<Drawing> Drawing::load(const std::filesystem::path& path) {
-  // Whoever has the file open for writing lets others read it, or nobody gets in.
-  std::unique_ptr<Drawing> drawing =
-      read(readAll(openToRead(path, FILE_SHARE_READ | FILE_SHARE_WRITE).get()));
+  // Whoever has the file open for writing lets others read it, or nobody can open it.
+  std::unique_ptr<Drawing> drawing(
+      new Drawing(readAll(openToRead(path, FILE_SHARE_READ | FILE_SHARE_WRITE).get())));
   drawing->path_ = path;
   drawing->xrefs_->loadAll();
   return drawing;
 }
 
-std::unique_ptr<Drawing> Drawing::blank() { return read(blankFile); }
+std::unique_ptr<Drawing> Drawing::blank() {
+  return std::unique_ptr<Drawing>(new Drawing(blankFile));
+}
 
 void Drawing::save(const std::filesystem::path& path) {
-  replaceDrawing(path, database_->bytes(),
-                 [this](const std::string& written) { database_->requireReadFrom(written); });
+  replaceDrawing(path, file.groups.bytes(), [this](const std::string& written) {
+    try {
+      file.groups.requireReadFrom(written);
+    } catch (const HostError& error) {
+      throw HostError(L"the file wouldn't be this drawing any more: " + error.reason);
+    }
+  });
   path_ = path;
 }
 
 void Drawing::close() {
   closed_ = true;
-  xrefs_->letGo();
+  xrefs_->closeFiles();
 }
-
-AcDbDatabase* Drawing::database() const { return database_->database(); }
 
 Drawing* Drawing::of(const AcDbDatabase* database) {
   for (Drawing* drawing : databaseState().drawings) {
@@ -80,36 +80,76 @@ Drawing* Drawing::of(const AcDbDatabase* database) {
   return nullptr;
 }
 
+BlockRecordImp* Drawing::findRecord(std::wstring_view name) const {
+  const auto found = byName.find(std::wstring(name));
+  return found == byName.end() ? nullptr : found->second;
+}
+
+const LayoutImp* Drawing::findLayout(std::wstring_view name) const {
+  for (const LayoutImp* layout : layouts_) {
+    if (sameName(layout->name, name)) return layout;
+  }
+  return nullptr;
+}
+
+BlockRecordImp& Drawing::recordNamed(const std::wstring& name) {
+  BlockRecordImp*& record = byName[name];
+  if (!record) {
+    record = &add<BlockRecordImp>();
+    record->name = name;
+    record->owner = table;
+    records_.push_back(record);
+  }
+  return *record;
+}
+
+BlockRecordImp& Drawing::addNestedXref(const DxfBlock& block) {
+  BlockRecordImp& record = recordNamed(block.name);
+  record.path = block.path;
+  record.isXref = true;
+  record.erased = false;
+  return record;
+}
+
 std::vector<std::wstring> Drawing::layouts() const {
   std::vector<std::wstring> names;
-  for (const LayoutImp* layout : database_->layouts()) names.push_back(layout->layoutName);
+  for (const LayoutImp* layout : layouts_) names.push_back(layout->name);
   return names;
 }
 
 bool Drawing::setCurrentLayout(std::wstring_view name) {
-  const LayoutImp* layout = database_->findLayout(name);
+  const LayoutImp* layout = findLayout(name);
   if (!layout) return false;
-  currentLayout_ = layout->layoutName;
+  currentLayout_ = layout->name;
   ++revision_;
-  if (layout->id != database_->modelSpace().layout) currentSheet_ = currentLayout_;
+  if (layout != modelSpace_->layout) currentSheet_ = currentLayout_;
   return true;
 }
 
 std::vector<Drawing::AttributeText> Drawing::attributes(std::wstring_view block,
                                                         std::wstring_view tag) const {
   std::vector<AttributeText> result;
-  const BlockRecordImp* record = database_->findRecord(block);
+  const BlockRecordImp* record = findRecord(block);
   if (!record) return result;
-  for (const AcDbObjectId id : record->references) {
-    const auto& reference = as<ReferenceImp>(id);
-    if (reference.erased) continue;
-    const auto& owner = as<BlockRecordImp>(reference.owner);
-    const std::wstring layout = owner.layout.isNull() ? std::wstring() : layoutOf(owner).layoutName;
-    for (const AcDbObjectId attributeId : reference.attributes) {
-      const auto& attribute = as<AttributeImp>(attributeId);
-      if (attribute.erased || folded(attribute.tag) != folded(tag)) continue;
-      result.push_back({layout, attribute.text(), attribute.aligned});
+  for (const ReferenceImp* reference : record->references) {
+    if (reference->erased) continue;
+    const LayoutImp* layout = static_cast<const BlockRecordImp*>(reference->owner)->layout;
+    for (const AttributeImp* attribute : reference->attributes) {
+      if (attribute->erased || !sameName(attribute->name, tag)) continue;
+      result.push_back(
+          {layout ? layout->name : std::wstring(), attribute->text(), attribute->aligned});
     }
+  }
+  return result;
+}
+
+std::vector<const EntityImp*> Drawing::currentEntities() const {
+  std::vector<const EntityImp*> result;
+  const LayoutImp* layout = findLayout(currentLayout_);
+  for (const BlockRecordImp* space : records_) {
+    if (!layout || space->layout != layout) continue;
+    std::copy_if(space->entities.begin(), space->entities.end(), std::back_inserter(result),
+                 [](const EntityImp* entity) { return !entity->erased; });
   }
   return result;
 }
@@ -117,16 +157,10 @@ std::vector<Drawing::AttributeText> Drawing::attributes(std::wstring_view block,
 std::vector<AcDbObjectId> Drawing::entities(std::wstring_view name) const {
   const bool byNumber = name.substr(0, 1) == L"#";
   std::vector<AcDbObjectId> result;
-  const LayoutImp* layout = database_->findLayout(currentLayout_);
-  for (const BlockRecordImp* space : database_->records()) {
-    if (space->layout.isNull() || space->layout != layout->id) continue;
-    for (const AcDbObjectId id : space->entities) {
-      const auto& entity = as<EntityImp>(id);
-      if (entity.erased) continue;
-      const auto* reference = dynamic_cast<const ReferenceImp*>(&entity);
-      const bool wanted =
-          byNumber ? !reference : reference && folded(reference->blockName) == folded(name);
-      if (wanted) result.push_back(id);
+  for (const EntityImp* entity : currentEntities()) {
+    const bool isReference = dynamic_cast<const ReferenceImp*>(entity);
+    if (byNumber ? !isReference : isReference && sameName(entity->name, name)) {
+      result.push_back(entity->id);
     }
   }
   if (!byNumber) return result;
@@ -139,20 +173,22 @@ std::vector<AcDbObjectId> Drawing::entities(std::wstring_view name) const {
 }
 
 void Drawing::edit() {
-  database_->addRemark("edit " + std::to_string(++databaseState().edits));
+  addRemark("edit " + std::to_string(++databaseState().edits));
   touch();
+}
+
+void Drawing::addRemark(std::string text) {
+  file.groups.addBefore(file.groups.size() - 1, 999, std::move(text));
 }
 
 bool Drawing::erase(AcDbObjectId id) {
   auto* entity = dynamic_cast<EntityImp*>(AcDbObjectImp::find(id));
-  if (!entity || &entity->database != database_.get() || entity->erased) return false;
+  if (!entity || &entity->drawing != this || entity->erased) return false;
   entity->erased = true;
   if (const auto* reference = dynamic_cast<const ReferenceImp*>(entity)) {
-    for (const AcDbObjectId attribute : reference->attributes) {
-      as<AttributeImp>(attribute).erased = true;
-    }
+    for (AttributeImp* attribute : reference->attributes) attribute->erased = true;
   }
-  database_->remove(entity->entry);
+  file.groups.remove(entity->entry.begin, entity->entry.end);
   touch();
   return true;
 }

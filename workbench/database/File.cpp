@@ -1,12 +1,8 @@
 #include "database/File.h"
 
-#include <algorithm>
-
 namespace wb {
 
 namespace {
-
-constexpr DWORD chunkSize = 1u << 24;
 
 /// What a Windows error on a file means.
 std::wstring textOf(DWORD code) {
@@ -32,54 +28,30 @@ std::wstring textOf(DWORD code) {
   }
 }
 
-/// A file beside the one that it will replace; gone again unless it is kept.
-class TemporaryFile {
- public:
-  explicit TemporaryFile(const std::filesystem::path& folder) {
-    wchar_t name[MAX_PATH];
-    if (!GetTempFileNameW(folder.c_str(), L"dwg", 0, name)) return;
-    path_ = name;
-    handle_.reset(CreateFileW(name, GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
-                              FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (handle_.get() == INVALID_HANDLE_VALUE) static_cast<void>(handle_.release());
-  }
-  ~TemporaryFile() {
-    handle_.reset();
-    if (!path_.empty()) DeleteFileW(path_.c_str());
-  }
-  TemporaryFile(const TemporaryFile&) = delete;
-  TemporaryFile& operator=(const TemporaryFile&) = delete;
+/// @throws FileError with Windows' last error
+void require(bool succeeded) {
+  if (!succeeded) throw FileError(GetLastError());
+}
 
-  void write(const std::string& bytes) {
-    if (!handle_) throw FileError(GetLastError());
-    for (size_t position = 0; position < bytes.size();) {
-      const auto size = static_cast<DWORD>(std::min<size_t>(chunkSize, bytes.size() - position));
-      DWORD written = 0;
-      if (!WriteFile(handle_.get(), bytes.data() + position, size, &written, nullptr)) {
-        throw FileError(GetLastError());
-      }
-      position += written;
-    }
-    if (!FlushFileBuffers(handle_.get())) throw FileError(GetLastError());
-  }
+OpenFile open(const std::filesystem::path& path, DWORD access, DWORD share) {
+  const HANDLE handle = CreateFileW(path.c_str(), access, share, nullptr, OPEN_EXISTING,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr);
+  require(handle != INVALID_HANDLE_VALUE);
+  return OpenFile(handle);
+}
 
-  std::string readBack() {
-    if (!SetFilePointerEx(handle_.get(), {}, nullptr, FILE_BEGIN)) throw FileError(GetLastError());
-    return readAll(handle_.get());
-  }
+/// A size as Windows' calls take it: a file is read and written in one call.
+DWORD wholeSize(std::uint64_t size) {
+  if (size > MAXDWORD) throw HostError(L"the file is larger than 4 GB");
+  return static_cast<DWORD>(size);
+}
 
-  void moveTo(const std::filesystem::path& target) {
-    handle_.reset();
-    if (!MoveFileExW(path_.c_str(), target.c_str(),
-                     MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
-      throw FileError(GetLastError());
-    }
-    path_.clear();
+/// Deletes a file unless it is renamed.
+struct FileDeleter {
+  std::wstring path;
+  ~FileDeleter() {
+    if (!path.empty()) DeleteFileW(path.c_str());
   }
-
- private:
-  std::wstring path_;
-  OpenFile handle_;
 };
 
 }  // namespace
@@ -88,43 +60,42 @@ FileError::FileError(DWORD windowsError)
     : HostError(textOf(windowsError)), windowsError(windowsError) {}
 
 OpenFile openToRead(const std::filesystem::path& path, DWORD share) {
-  const HANDLE handle = CreateFileW(path.c_str(), GENERIC_READ, share, nullptr, OPEN_EXISTING,
-                                    FILE_ATTRIBUTE_NORMAL, nullptr);
-  if (handle == INVALID_HANDLE_VALUE) throw FileError(GetLastError());
-  return OpenFile(handle);
+  return open(path, GENERIC_READ, share);
 }
 
 std::string readAll(HANDLE file) {
   LARGE_INTEGER size{};
-  if (!GetFileSizeEx(file, &size)) throw FileError(GetLastError());
-  std::string bytes(static_cast<size_t>(size.QuadPart), '\0');
-  size_t position = 0;
-  while (position < bytes.size()) {
-    const auto wanted = static_cast<DWORD>(std::min<size_t>(chunkSize, bytes.size() - position));
-    DWORD got = 0;
-    if (!ReadFile(file, bytes.data() + position, wanted, &got, nullptr)) {
-      throw FileError(GetLastError());
-    }
-    if (got == 0) break;
-    position += got;
-  }
-  bytes.resize(position);
+  require(SetFilePointerEx(file, {}, nullptr, FILE_BEGIN) && GetFileSizeEx(file, &size));
+  std::string bytes(wholeSize(static_cast<std::uint64_t>(size.QuadPart)), '\0');
+  DWORD read = 0;
+  require(ReadFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr));
+  bytes.resize(read);
   return bytes;
 }
 
 void replaceDrawing(const std::filesystem::path& path, const std::string& bytes,
-                    const ReadBack& judge) {
+                    const std::function<void(const std::string& written)>& judge) {
   const DWORD attributes = GetFileAttributesW(path.c_str());
   if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
     throw HostError(L"the file is write-protected");
   }
-  if (GetFileAttributesW(path.parent_path().c_str()) == INVALID_FILE_ATTRIBUTES) {
+  const std::filesystem::path folder = path.parent_path();
+  if (GetFileAttributesW(folder.c_str()) == INVALID_FILE_ATTRIBUTES) {
     throw HostError(L"the folder doesn't exist");
   }
-  TemporaryFile fresh(path.parent_path());
-  fresh.write(bytes);
-  judge(fresh.readBack());
-  fresh.moveTo(path);
+  wchar_t name[MAX_PATH];
+  require(GetTempFileNameW(folder.c_str(), L"dwg", 0, name));
+  FileDeleter fresh{name};
+  {
+    const OpenFile file = open(fresh.path, GENERIC_READ | GENERIC_WRITE, 0);
+    DWORD written = 0;
+    require(WriteFile(file.get(), bytes.data(), wholeSize(bytes.size()), &written, nullptr) &&
+            FlushFileBuffers(file.get()));
+    judge(readAll(file.get()));
+  }
+  require(MoveFileExW(fresh.path.c_str(), path.c_str(),
+                      MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH));
+  fresh.path.clear();
 }
 
 }  // namespace wb

@@ -28,18 +28,15 @@ class FileError : public HostError {
 /// @throws FileError
 OpenFile openToRead(const std::filesystem::path& path, DWORD share);
 
-/// Reads all of a file.
+/// Reads all of a file, from its begin.
 /// @throws FileError
 std::string readAll(HANDLE file);
 
-/// Judges what was written.
-/// @throws HostError if it isn't what it should be
-using ReadBack = std::function<void(const std::string& written)>;
-
-/// Puts `bytes` in the file's place: written beside it, to the disk, read back and judged, and then
+/// Replaces a file by `bytes`: written beside it, to the disk, read back and judged, and then
 /// renamed.
-/// @throws HostError if that can't be done; the old file is as it was then
+/// @param judge throws HostError if what was read back isn't what it should be
+/// @throws HostError if it can't be done; the old file is as it was then
 void replaceDrawing(const std::filesystem::path& path, const std::string& bytes,
-                    const ReadBack& judge);
+                    const std::function<void(const std::string& written)>& judge);
 
 }  // namespace wb

@@ -1,8 +1,8 @@
 #include "database/Objects.h"
 
+#include <algorithm>
+
 #include "core/Transcript.h"
-#include "database/Database.h"
-#include "database/DatabaseState.h"
 #include "database/Drawing.h"
 #include "gate/HostError.h"
 
@@ -11,11 +11,7 @@ namespace {
 // Published as Acad::eWasOpenForNotify.
 constexpr auto wasOpenForNotify = static_cast<Acad::ErrorStatus>(86);
 
-AcDbObjectId freshId() {
-  Adesk::IntPtr& last = wb::databaseState().lastId;
-  last += 8;
-  return AcDbObjectId().setFromOldId(last);
-}
+AcDbObjectId freshId() { return AcDbObjectId().setFromOldId(wb::databaseState().lastId += 8); }
 
 /// The use of an object that isn't open is an error of the application's.
 [[noreturn]] void refuse(const std::wstring& use, Acad::ErrorStatus code) {
@@ -24,20 +20,14 @@ AcDbObjectId freshId() {
 }
 
 const wchar_t* modeName(AcDb::OpenMode mode) {
-  switch (mode) {
-    case AcDb::kForRead:
-      return L" for read";
-    case AcDb::kForWrite:
-      return L" for write";
-    default:
-      return L" for notify";
-  }
+  if (mode == AcDb::kForRead) return L" for read";
+  return mode == AcDb::kForWrite ? L" for write" : L" for notify";
 }
 
 }  // namespace
 
-AcDbObjectImp::AcDbObjectImp(wb::DrawingDatabase& database, std::unique_ptr<AcDbObject> object)
-    : database(database), id(freshId()), object_(std::move(object)) {
+AcDbObjectImp::AcDbObjectImp(wb::Drawing& drawing, std::unique_ptr<AcDbObject> object)
+    : drawing(drawing), id(freshId()), object_(std::move(object)) {
   object_->imp = this;
   wb::databaseState().objects[id.asOldId()] = this;
 }
@@ -51,61 +41,45 @@ AcDbObjectImp* AcDbObjectImp::find(AcDbObjectId id) {
 }
 
 std::wstring AcDbObjectImp::label() const {
-  const std::wstring own = name();
-  return object_->isA()->name() + (own.empty() ? std::wstring() : L" " + own);
+  return object_->isA()->name() + (name.empty() ? std::wstring() : L" " + name);
+}
+
+bool AcDbObjectImp::isOpen(AcDb::OpenMode mode) const {
+  return std::any_of(openings.begin(), openings.end(),
+                     [&](const Opening& opening) { return opening.mode == mode; });
 }
 
 void AcDbObjectImp::open(AcDb::OpenMode mode, bool openErased) {
-  const auto fail = [this](Acad::ErrorStatus code) {
-    throw wb::HostError(label() + L" can't be opened", code);
+  const auto failIf = [this](bool condition, Acad::ErrorStatus code) {
+    if (condition) throw wb::HostError(label() + L" can't be opened", code);
   };
-  if (database.drawing().closed()) fail(Acad::ePermanentlyErased);
-  if (erased && !openErased) fail(Acad::eWasErased);
-  if (watcher_ && (mode == AcDb::kForNotify || !writer_)) fail(wasOpenForNotify);
-  if (writer_ && mode != AcDb::kForNotify) fail(Acad::eWasOpenForWrite);
+  const bool writing = isOpen(AcDb::kForWrite);
+  failIf(drawing.closed(), Acad::ePermanentlyErased);
+  failIf(erased && !openErased, Acad::eWasErased);
+  failIf(isOpen(AcDb::kForNotify) && (mode == AcDb::kForNotify || !writing), wasOpenForNotify);
+  failIf(writing && mode != AcDb::kForNotify, Acad::eWasOpenForWrite);
   if (mode == AcDb::kForWrite) {
-    if (!readers_.empty()) fail(Acad::eWasOpenForRead);
-    if (!database.drawing().mayBeWritten()) fail(Acad::eLockViolation);
+    failIf(isOpen(AcDb::kForRead), Acad::eWasOpenForRead);
+    failIf(!drawing.mayBeWritten(), Acad::eLockViolation);
   }
-  const wb::Ticket ticket = wb::handOut(L"object", label() + modeName(mode));
-  switch (mode) {
-    case AcDb::kForRead:
-      readers_.push_back(ticket);
-      break;
-    case AcDb::kForWrite:
-      writer_ = ticket;
-      break;
-    default:
-      watcher_ = ticket;
-  }
+  openings.push_back({mode, wb::handOut(L"object", label() + modeName(mode))});
 }
 
 void AcDbObjectImp::close() {
-  if (watcher_) {
-    wb::giveBack(*watcher_);
-    watcher_.reset();
-  } else if (writer_) {
-    wb::giveBack(*writer_);
-    writer_.reset();
-  } else if (!readers_.empty()) {
-    wb::giveBack(readers_.back());
-    readers_.pop_back();
-  } else {
+  if (openings.empty()) {
     refuse(L"AcDbObject::close of " + label() + L", which isn't open", Acad::eNotOpenForRead);
   }
+  wb::giveBack(openings.back().ticket);
+  openings.pop_back();
 }
 
-AcDbObjectImp& AcDbObjectImp::readAny(const AcDbObject* object, const wchar_t* operation) {
-  AcDbObjectImp& imp = *of(object);
-  if (imp.openForRead()) return imp;
-  refuse(operation + (L" of " + imp.label()) + L", which isn't open", Acad::eNotOpenForRead);
-}
-
-AcDbObjectImp& AcDbObjectImp::writeAny(const AcDbObject* object, const wchar_t* operation) {
-  AcDbObjectImp& imp = *of(object);
-  if (imp.openForWrite()) return imp;
-  refuse(operation + (L" of " + imp.label()) + L", which isn't open for write",
-         Acad::eNotOpenForWrite);
+AcDbObjectImp& AcDbObjectImp::requireOpen(const AcDbObject* object, const wchar_t* operation,
+                                          AcDb::OpenMode mode) {
+  AcDbObjectImp& imp = *object->imp;
+  if (imp.isOpen(AcDb::kForWrite) || imp.isOpen(mode)) return imp;
+  const std::wstring use = operation + (L" of " + imp.label()) + L", which isn't open";
+  if (mode == AcDb::kForRead) refuse(use, Acad::eNotOpenForRead);
+  refuse(use + L" for write", Acad::eNotOpenForWrite);
 }
 
 namespace wb {
@@ -117,8 +91,8 @@ constexpr std::string_view textClass = "AcDbText";
 
 }  // namespace
 
-std::wstring TextImp::text() const { return database.textOf(entry, 1, textClass); }
+std::wstring TextImp::text() const { return drawing.file.textOf(entry, 1, textClass); }
 
-void TextImp::setText(std::wstring_view text) { database.setText(entry, 1, textClass, text); }
+void TextImp::setText(std::wstring_view text) { drawing.file.setText(entry, 1, textClass, text); }
 
 }  // namespace wb

@@ -5,135 +5,101 @@
 #include <dbsymtb.h>
 
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
 #include "core/Accounts.h"
-#include "dxf/Outline.h"
+#include "dxf/File.h"
 
 namespace wb {
-class DrawingDatabase;
 class Drawing;
 }  // namespace wb
 
 /// What the host knows of a database object beside the interface that applications see: who it is,
-/// where it stands in the file, and its openings. An id stays good until the database is gone.
+/// where it stands in the file, and its openings. An id stays good until the drawing is gone.
 class AcDbObjectImp {
  public:
-  AcDbObjectImp(wb::DrawingDatabase& database, std::unique_ptr<AcDbObject> object);
+  AcDbObjectImp(wb::Drawing& drawing, std::unique_ptr<AcDbObject> object);
   virtual ~AcDbObjectImp();
   AcDbObjectImp(const AcDbObjectImp&) = delete;
   AcDbObjectImp& operator=(const AcDbObjectImp&) = delete;
 
   AcDbObject* object() const { return object_.get(); }
-  /// For the transcript: the class, and what names the object among its like.
+  /// For the transcript: the class, and the object's name.
   std::wstring label() const;
 
   /// @throws HostError with the host's code for what keeps the object from being opened
   void open(AcDb::OpenMode mode, bool openErased);
   /// @throws HostError if it isn't open
   void close();
-  bool openForRead() const { return !readers_.empty() || writer_.has_value(); }
-  bool openForWrite() const { return writer_.has_value(); }
 
-  /// The object behind an id, null if its database is gone or the id is null.
+  /// The object behind an id, null if its drawing is gone or the id is null.
   static AcDbObjectImp* find(AcDbObjectId id);
-  /// The object behind the interface, which must be open, as the host insists.
+  /// The object behind the interface, which must be open for read or write.
   /// @throws HostError for a closed one; it is reported as an `error`
   template <class Imp = AcDbObjectImp>
   static Imp& read(const AcDbObject* object, const wchar_t* operation) {
-    return static_cast<Imp&>(readAny(object, operation));
+    return static_cast<Imp&>(requireOpen(object, operation, AcDb::kForRead));
   }
+  /// The same for one that must be open for write.
   template <class Imp = AcDbObjectImp>
   static Imp& write(const AcDbObject* object, const wchar_t* operation) {
-    return static_cast<Imp&>(writeAny(object, operation));
-  }
-  static AcDbObjectImp* of(const AcDbObject* object) { return object->imp; }
-
-  /// Makes an object of a class that only the host may make.
-  template <class T>
-  static std::unique_ptr<AcDbObject> make() {
-    return std::unique_ptr<AcDbObject>(new T);
+    return static_cast<Imp&>(requireOpen(object, operation, AcDb::kForWrite));
   }
 
-  wb::DrawingDatabase& database;
+  /// Makes an object with the interface of its class.
+  template <class Imp>
+  static std::unique_ptr<Imp> make(wb::Drawing& drawing) {
+    using Interface = typename Imp::Interface;
+    return std::make_unique<Imp>(drawing, std::unique_ptr<AcDbObject>(new Interface));
+  }
+
+  wb::Drawing& drawing;
   AcDbObjectId id;
-  AcDbObjectId owner;
+  const AcDbObjectImp* owner = nullptr;
   wb::DxfEntry entry;  ///< empty if the file doesn't have the object
+  std::wstring name;   ///< what names the object among its like, if anything
   bool erased = false;
 
- protected:
-  virtual std::wstring name() const { return {}; }
-
  private:
-  static AcDbObjectImp& readAny(const AcDbObject* object, const wchar_t* operation);
-  static AcDbObjectImp& writeAny(const AcDbObject* object, const wchar_t* operation);
+  struct Opening {
+    AcDb::OpenMode mode;
+    wb::Ticket ticket;
+  };
+  bool isOpen(AcDb::OpenMode mode) const;
+  static AcDbObjectImp& requireOpen(const AcDbObject* object, const wchar_t* operation,
+                                    AcDb::OpenMode mode);
 
   std::unique_ptr<AcDbObject> object_;
-  std::vector<wb::Ticket> readers_;
-  std::optional<wb::Ticket> writer_;
-  std::optional<wb::Ticket> watcher_;
+  std::vector<Opening> openings;  ///< the last one is the first to be closed
 };
 
 namespace wb {
 
-class LayoutImp : public AcDbObjectImp {
- public:
-  explicit LayoutImp(DrawingDatabase& database) : AcDbObjectImp(database, make<AcDbLayout>()) {}
-  std::wstring layoutName;
-  int tabOrder = 0;
-
- protected:
-  std::wstring name() const override { return layoutName; }
-};
-
 class BlockTableImp : public AcDbObjectImp {
  public:
-  explicit BlockTableImp(DrawingDatabase& database)
-      : AcDbObjectImp(database, make<AcDbBlockTable>()) {}
+  using Interface = AcDbBlockTable;
+  using AcDbObjectImp::AcDbObjectImp;
 };
 
-class BlockRecordImp : public AcDbObjectImp {
+class LayoutImp : public AcDbObjectImp {
  public:
-  explicit BlockRecordImp(DrawingDatabase& database)
-      : AcDbObjectImp(database, make<AcDbBlockTableRecord>()) {}
+  using Interface = AcDbLayout;
+  using AcDbObjectImp::AcDbObjectImp;
 
-  std::wstring blockName;
-  std::wstring path;  ///< where an xref's file is, as stored
-  bool isXref = false;
-  bool hasAttributeDefinitions = false;
-  AcDbObjectId layout;
-  std::vector<AcDbObjectId> entities;
-  std::vector<AcDbObjectId> references;
-
- protected:
-  std::wstring name() const override { return blockName; }
+  int tabOrder = 0;
 };
 
 class EntityImp : public AcDbObjectImp {
  public:
+  using Interface = AcDbEntity;
   using AcDbObjectImp::AcDbObjectImp;
-  explicit EntityImp(DrawingDatabase& database) : AcDbObjectImp(database, make<AcDbEntity>()) {}
-};
-
-class ReferenceImp : public EntityImp {
- public:
-  explicit ReferenceImp(DrawingDatabase& database)
-      : EntityImp(database, make<AcDbBlockReference>()) {}
-  std::wstring blockName;
-  AcDbObjectId record;
-  std::vector<AcDbObjectId> attributes;
-
- protected:
-  std::wstring name() const override { return blockName; }
 };
 
 class TextImp : public EntityImp {
  public:
-  explicit TextImp(DrawingDatabase& database) : EntityImp(database, make<AcDbText>()) {}
-  TextImp(DrawingDatabase& database, std::unique_ptr<AcDbObject> object)
-      : EntityImp(database, std::move(object)) {}
+  using Interface = AcDbText;
+  using EntityImp::EntityImp;
 
   std::wstring text() const;
   void setText(std::wstring_view text);
@@ -142,13 +108,36 @@ class TextImp : public EntityImp {
   bool aligned = true;  ///< false after a change until `adjustAlignment`
 };
 
+/// Its tag is its name.
 class AttributeImp : public TextImp {
  public:
-  explicit AttributeImp(DrawingDatabase& database) : TextImp(database, make<AcDbAttribute>()) {}
-  std::wstring tag;
+  using Interface = AcDbAttribute;
+  using TextImp::TextImp;
+};
 
- protected:
-  std::wstring name() const override { return tag; }
+class BlockRecordImp;
+
+/// Its name is the block's.
+class ReferenceImp : public EntityImp {
+ public:
+  using Interface = AcDbBlockReference;
+  using EntityImp::EntityImp;
+
+  const BlockRecordImp* record = nullptr;
+  std::vector<AttributeImp*> attributes;
+};
+
+class BlockRecordImp : public AcDbObjectImp {
+ public:
+  using Interface = AcDbBlockTableRecord;
+  using AcDbObjectImp::AcDbObjectImp;
+
+  std::wstring path;  ///< where an xref's file is, as stored
+  bool isXref = false;
+  bool hasAttributeDefinitions = false;
+  const LayoutImp* layout = nullptr;
+  std::vector<EntityImp*> entities;
+  std::vector<ReferenceImp*> references;
 };
 
 }  // namespace wb

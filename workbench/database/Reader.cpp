@@ -1,6 +1,6 @@
 #include <algorithm>
 
-#include "database/Database.h"
+#include "database/Drawing.h"
 
 namespace wb {
 
@@ -22,182 +22,193 @@ std::string handle(std::string_view word) {
 
 // R12 calls the two spaces' blocks by other names where it lists them at all.
 std::wstring todaysName(std::wstring name) {
-  const std::wstring upper = folded(name);
-  if (upper == L"$MODEL_SPACE") return std::wstring(modelSpaceName);
-  if (upper == L"$PAPER_SPACE") return std::wstring(paperSpaceName);
+  if (sameName(name, L"$MODEL_SPACE")) return std::wstring(modelSpaceName);
+  if (sameName(name, L"$PAPER_SPACE")) return std::wstring(paperSpaceName);
   return name;
 }
 
 bool isSheet(const BlockRecordImp& record) {
-  return folded(record.blockName).rfind(folded(paperSpaceName), 0) == 0;
+  return sameName(std::wstring_view(record.name).substr(0, paperSpaceName.size()), paperSpaceName);
 }
 
 }  // namespace
 
-void DrawingDatabase::read(std::string bytes) {
-  groups.parse(std::move(bytes));
-  outline.read(groups);
-  text = DxfText(outline.variable(groups, "$ACADVER"), outline.variable(groups, "$DWGCODEPAGE"));
-  modelOnTop = outline.variable(groups, "$TILEMODE") != "0";
-  readRecords();
-  modelSpace_ = &recordNamed(std::wstring(modelSpaceName));
-  paperSpace_ = &recordNamed(std::wstring(paperSpaceName));
-  readBlocks();
-  readEntities();
-  readLayouts();
-  completeLayouts();
-  linkReferences();
-}
+/// Makes the objects that a drawing's file describes.
+class DrawingReader {
+ public:
+  explicit DrawingReader(Drawing& drawing) : drawing(drawing), file(drawing.file) {}
 
-void DrawingDatabase::readRecords() {
-  for (const DxfEntry& entry : outline.table(groups, "BLOCK_RECORD")) {
-    BlockRecordImp& record = recordNamed(todaysName(nameOf(entry)));
-    byHandle[handle(fields(entry).word(5))] = &record;
-    const std::string layout = handle(fields(entry).word(340));
-    if (!layout.empty()) byLayoutHandle[layout] = &record;
+  void read() {
+    readRecords();
+    modelSpace = &drawing.recordNamed(std::wstring(modelSpaceName));
+    paperSpace = &drawing.recordNamed(std::wstring(paperSpaceName));
+    drawing.modelSpace_ = modelSpace;
+    readBlocks();
+    for (select("ENTITIES"); at < entries->size();) readEntity(ownerOf((*entries)[at]));
+    readLayouts();
+    completeLayouts();
+    linkReferences();
+    drawing.currentSheet_ = paperSpace->layout->name;
+    const bool modelOnTop = file.variable("$TILEMODE") != "0";
+    drawing.currentLayout_ = modelOnTop ? modelSpace->layout->name : drawing.currentSheet_;
   }
-}
 
-void DrawingDatabase::readBlocks() {
-  const std::vector<DxfEntry>& entries = outline.entries("BLOCKS");
-  for (size_t index = 0; index < entries.size();) {
-    if (fields(entries[index]).type() == "BLOCK") {
-      readBlock(entries, index);
+ private:
+  using RecordsByHandle = std::map<std::string, BlockRecordImp*>;
+
+  DxfFields fields(DxfEntry entry) const { return file.fields(entry); }
+  std::wstring nameOf(DxfEntry entry) const { return file.text.decode(fields(entry).word(2)); }
+
+  /// From here on entries are read from the section's first one on.
+  void select(std::string_view section) {
+    entries = &file.entries(section);
+    at = 0;
+  }
+  /// The type of the next entry; empty behind the last one.
+  std::string_view type() const {
+    return at < entries->size() ? fields((*entries)[at]).type() : std::string_view();
+  }
+
+  void readRecords() {
+    for (const DxfEntry& entry : file.table("BLOCK_RECORD")) {
+      BlockRecordImp& record = drawing.recordNamed(todaysName(nameOf(entry)));
+      byHandle[handle(fields(entry).word(5))] = &record;
+      const std::string layout = handle(fields(entry).word(340));
+      if (!layout.empty()) byLayoutHandle[layout] = &record;
+    }
+  }
+
+  void readBlocks() {
+    for (select("BLOCKS"); at < entries->size(); ++at) {
+      if (type() != "BLOCK") continue;
+      const DxfEntry entry = (*entries)[at++];
+      const DxfBlock block(file, entry);
+      BlockRecordImp& record = drawing.recordNamed(todaysName(block.name));
+      record.entry = entry;
+      record.isXref = block.isXref;
+      record.path = block.path;
+      while (type() != "ENDBLK") readEntity(record);
+    }
+  }
+
+  BlockRecordImp& ownerOf(DxfEntry entry) const {
+    const auto found = byHandle.find(handle(fields(entry).word(330)));
+    if (found != byHandle.end()) return *found->second;
+    return fields(entry).number(67) == 1 ? *paperSpace : *modelSpace;
+  }
+
+  /// Reads the next entity with what belongs to it.
+  void readEntity(BlockRecordImp& owner) {
+    const std::string_view kind = type();
+    DxfEntry entry = (*entries)[at++];
+    // Ends of sequences and attributes without a reference belong to nothing.
+    if (kind == "VERTEX" || kind == "ATTRIB" || kind == "SEQEND") return;
+    if (kind == "POLYLINE") entry.end = endOfSequence("VERTEX");
+    if (kind == "ATTDEF") owner.hasAttributeDefinitions = true;
+    EntityImp* entity = nullptr;
+    if (kind == "INSERT") {
+      entity = &readReference(entry);
+    } else if (kind == "TEXT") {
+      entity = &readText<TextImp>(entry, 73);
     } else {
-      ++index;
+      entity = &drawing.add<EntityImp>();
+    }
+    entity->entry = entry;
+    entity->owner = &owner;
+    owner.entities.push_back(entity);
+  }
+
+  /// Skips the members of a sequence and its end mark.
+  /// @return the index behind their groups
+  size_t endOfSequence(std::string_view member) {
+    while (type() == member) ++at;
+    if (type() == "SEQEND") ++at;
+    return (*entries)[at - 1].end;
+  }
+
+  ReferenceImp& readReference(DxfEntry& entry) {
+    ReferenceImp& reference = drawing.add<ReferenceImp>();
+    reference.name = todaysName(nameOf(entry));
+    for (; type() == "ATTRIB"; ++at) {
+      const DxfEntry member = (*entries)[at];
+      AttributeImp& attribute = readText<AttributeImp>(member, 74);
+      attribute.entry = member;
+      attribute.owner = &reference;
+      attribute.name = nameOf(member);
+      reference.attributes.push_back(&attribute);
+    }
+    entry.end = endOfSequence("ATTRIB");
+    references.push_back(&reference);
+    return reference;
+  }
+
+  /// @param vertical the code of the vertical alignment; 72 is that of the horizontal one
+  template <class Imp>
+  Imp& readText(DxfEntry entry, int vertical) {
+    Imp& line = drawing.add<Imp>();
+    line.leftAligned = fields(entry).number(72) == 0 && fields(entry).number(vertical) == 0;
+    return line;
+  }
+
+  void readLayouts() {
+    for (const DxfEntry& entry : file.entries("OBJECTS")) {
+      if (fields(entry).type() != "LAYOUT") continue;
+      LayoutImp& layout = drawing.add<LayoutImp>();
+      layout.entry = entry;
+      layout.name = file.textOf(entry, 1, layoutClass);
+      layout.tabOrder = fields(entry).number(71, layoutClass);
+      drawing.layouts_.push_back(&layout);
+      auto record = byHandle.find(handle(fields(entry).word(330, layoutClass)));
+      if (record == byHandle.end()) {
+        record = byLayoutHandle.find(handle(fields(entry).word(5)));
+        if (record == byLayoutHandle.end()) continue;
+      }
+      record->second->layout = &layout;
     }
   }
-}
 
-void DrawingDatabase::readBlock(const std::vector<DxfEntry>& entries, size_t& index) {
-  const DxfEntry entry = entries[index++];
-  const DxfBlock block(groups, text, entry);
-  BlockRecordImp& record = recordNamed(todaysName(block.name));
-  record.entry = entry;
-  record.isXref = block.isXref();
-  record.path = block.path;
-  while (fields(entries[index]).type() != "ENDBLK") readEntity(entries, index, record);
-  ++index;
-}
-
-void DrawingDatabase::readEntities() {
-  const std::vector<DxfEntry>& entries = outline.entries("ENTITIES");
-  for (size_t index = 0; index < entries.size();) {
-    readEntity(entries, index, ownerOf(entries[index]));
-  }
-}
-
-BlockRecordImp& DrawingDatabase::ownerOf(DxfEntry entry) const {
-  const auto found = byHandle.find(handle(fields(entry).word(330)));
-  if (found != byHandle.end()) return *found->second;
-  return fields(entry).number(67) == 1 ? *paperSpace_ : *modelSpace_;
-}
-
-void DrawingDatabase::readEntity(const std::vector<DxfEntry>& entries, size_t& index,
-                                 BlockRecordImp& owner) {
-  DxfEntry entry = entries[index];
-  const std::string_view type = fields(entry).type();
-  if (type == "INSERT") return readReference(entries, index, owner);
-  ++index;
-  // Ends of sequences and attributes without a reference belong to nobody.
-  if (type == "VERTEX" || type == "ATTRIB" || type == "SEQEND") return;
-  if (type == "POLYLINE") entry.end = endOfSequence(entries, index, "VERTEX");
-  if (type == "ATTDEF") owner.hasAttributeDefinitions = true;
-  EntityImp* entity = nullptr;
-  if (type == "TEXT") {
-    TextImp& line = add<TextImp>();
-    readText(line, entry);
-    entity = &line;
-  } else {
-    entity = &add<EntityImp>();
-  }
-  entity->entry = entry;
-  entity->owner = owner.id;
-  owner.entities.push_back(entity->id);
-}
-
-size_t DrawingDatabase::endOfSequence(const std::vector<DxfEntry>& entries, size_t& index,
-                                      std::string_view member) const {
-  while (index < entries.size() && fields(entries[index]).type() == member) ++index;
-  if (index < entries.size() && fields(entries[index]).type() == "SEQEND") ++index;
-  return entries[index - 1].end;
-}
-
-void DrawingDatabase::readReference(const std::vector<DxfEntry>& entries, size_t& index,
-                                    BlockRecordImp& owner) {
-  ReferenceImp& reference = add<ReferenceImp>();
-  reference.entry = entries[index++];
-  reference.owner = owner.id;
-  reference.blockName = todaysName(nameOf(reference.entry));
-  const size_t first = index;
-  reference.entry.end = endOfSequence(entries, index, "ATTRIB");
-  for (size_t member = first; member < index; ++member) {
-    if (fields(entries[member]).type() != "ATTRIB") continue;
-    AttributeImp& attribute = add<AttributeImp>();
-    readText(attribute, entries[member]);
-    attribute.owner = reference.id;
-    attribute.tag = nameOf(entries[member]);
-    reference.attributes.push_back(attribute.id);
-  }
-  owner.entities.push_back(reference.id);
-  references.push_back(&reference);
-}
-
-// 72 is the horizontal alignment; the vertical one is 73 in a text, 74 in an attribute.
-void DrawingDatabase::readText(TextImp& line, DxfEntry entry) {
-  line.entry = entry;
-  const int vertical = fields(entry).type() == "TEXT" ? 73 : 74;
-  line.leftAligned = fields(entry).number(72) == 0 && fields(entry).number(vertical) == 0;
-}
-
-void DrawingDatabase::readLayouts() {
-  for (const DxfEntry& entry : outline.entries("OBJECTS")) {
-    if (fields(entry).type() != "LAYOUT") continue;
-    LayoutImp& layout = add<LayoutImp>();
-    layout.entry = entry;
-    layout.layoutName = textOf(entry, 1, layoutClass);
-    const auto order = fields(entry).find(71, layoutClass);
-    layout.tabOrder = order ? groups.number(*order) : 0;
-    layouts_.push_back(&layout);
-    auto record = byHandle.find(handle(fields(entry).word(330, layoutClass)));
-    if (record == byHandle.end()) {
-      record = byLayoutHandle.find(handle(fields(entry).word(5)));
-      if (record == byLayoutHandle.end()) continue;
+  // Before release 2000 a file has no layouts; the host makes one for each space.
+  void completeLayouts() {
+    int sheet = 0;
+    for (BlockRecordImp* record : drawing.records_) {
+      const bool model = record == modelSpace;
+      if (record->layout || (!model && !isSheet(*record))) continue;
+      std::wstring name = L"Model";
+      while (!model && drawing.findLayout(name = L"Layout" + std::to_wstring(++sheet))) continue;
+      LayoutImp& layout = drawing.add<LayoutImp>();
+      layout.name = name;
+      layout.tabOrder = model ? 0 : static_cast<int>(drawing.layouts_.size()) + 1;
+      drawing.layouts_.push_back(&layout);
+      record->layout = &layout;
     }
-    record->second->layout = layout.id;
+    const auto place = [&](const LayoutImp* layout) {
+      return std::pair(layout != modelSpace->layout, layout->tabOrder);
+    };
+    std::stable_sort(drawing.layouts_.begin(), drawing.layouts_.end(),
+                     [&](auto* left, auto* right) { return place(left) < place(right); });
   }
-}
 
-// Before release 2000 a file has no layouts; the host makes one for each space.
-void DrawingDatabase::completeLayouts() {
-  int sheet = 0;
-  for (BlockRecordImp* record : records_) {
-    const bool model = record == modelSpace_;
-    if (!record->layout.isNull() || (!model && !isSheet(*record))) continue;
-    LayoutImp& layout = add<LayoutImp>();
-    layout.layoutName = L"Model";
-    layout.tabOrder = model ? 0 : static_cast<int>(layouts_.size()) + 1;
-    while (!model && (++sheet, findLayout(L"Layout" + std::to_wstring(sheet)))) {
+  void linkReferences() {
+    for (ReferenceImp* reference : references) {
+      BlockRecordImp* record = drawing.findRecord(reference->name);
+      if (!record) continue;
+      reference->record = record;
+      reference->name = record->name;
+      record->references.push_back(reference);
     }
-    if (!model) layout.layoutName = L"Layout" + std::to_wstring(sheet);
-    layouts_.push_back(&layout);
-    record->layout = layout.id;
   }
-  std::stable_sort(layouts_.begin(), layouts_.end(), [this](LayoutImp* a, LayoutImp* b) {
-    const bool firstIsModel = modelSpace_->layout == a->id;
-    if (firstIsModel || modelSpace_->layout == b->id) return firstIsModel && a != b;
-    return a->tabOrder < b->tabOrder;
-  });
-}
 
-void DrawingDatabase::linkReferences() {
-  for (ReferenceImp* reference : references) {
-    BlockRecordImp* record = findRecord(reference->blockName);
-    if (!record) continue;
-    reference->record = record->id;
-    reference->blockName = record->blockName;
-    record->references.push_back(reference->id);
-  }
-}
+  Drawing& drawing;
+  const DxfFile& file;
+  const std::vector<DxfEntry>* entries = nullptr;
+  size_t at = 0;
+  RecordsByHandle byHandle;
+  RecordsByHandle byLayoutHandle;
+  std::vector<ReferenceImp*> references;
+  BlockRecordImp* modelSpace = nullptr;
+  BlockRecordImp* paperSpace = nullptr;
+};
+
+void Drawing::readObjects() { DrawingReader(*this).read(); }
 
 }  // namespace wb

@@ -1,10 +1,13 @@
 #include "database/Xrefs.h"
 
+#include <xgraph.h>
+
 #include <algorithm>
+#include <map>
+#include <optional>
 
 #include "core/Text.h"
 #include "core/Transcript.h"
-#include "database/Database.h"
 #include "database/Drawing.h"
 #include "gate/HostError.h"
 
@@ -12,41 +15,64 @@ namespace wb {
 
 namespace {
 
-void say(const std::wstring& what, const std::wstring& name, const std::wstring& rest = {},
-         Event::Cause cause = Event::other) {
+using std::filesystem::path;
+
+void report(const std::wstring& what, const std::wstring& name, const std::wstring& rest = {},
+            Event::Cause cause = Event::other) {
   tell({Event::xref, cause, name, what + L" " + name + rest});
 }
 
-bool leadsTo(const Xrefs::Xref& from, const Xrefs::Xref& to) {
-  return &from == &to || std::any_of(from.nested.begin(), from.nested.end(),
-                                     [&](const auto* next) { return leadsTo(*next, to); });
+/// Whether a chain of xrefs leads from one to the other.
+/// @param throughLoaded only xrefs that are loaded lead on
+bool leadsTo(const Xrefs::Xref& from, const Xrefs::Xref& to, bool throughLoaded) {
+  if (&from == &to) return true;
+  return (from.loaded || !throughLoaded) &&
+         std::any_of(from.nested.begin(), from.nested.end(),
+                     [&](const auto* next) { return leadsTo(*next, to, throughLoaded); });
 }
 
-bool leadsToLoaded(const Xrefs::Xref& from, const Xrefs::Xref& to) {
-  if (&from == &to) return true;
-  return from.loaded && std::any_of(from.nested.begin(), from.nested.end(),
-                                    [&](const auto* next) { return leadsToLoaded(*next, to); });
+/// The host lets others read a loaded xref, not write it. One that somebody has open for writing is
+/// read and not held: it can be saved while it is in use.
+OpenFile openShared(const path& file, bool& held) {
+  try {
+    held = true;
+    return openToRead(file, FILE_SHARE_READ);
+  } catch (const FileError& error) {
+    if (error.windowsError != ERROR_SHARING_VIOLATION) throw;
+  }
+  held = false;
+  return openToRead(file, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE);
 }
 
 }  // namespace
 
-Xrefs::~Xrefs() = default;
-
 Xrefs::Xref* Xrefs::find(const BlockRecordImp* record) const {
-  for (const auto& xref : xrefs) {
-    if (xref->record == record) return xref.get();
-  }
-  return nullptr;
+  const auto found = std::find_if(xrefs.begin(), xrefs.end(),
+                                  [&](const auto& xref) { return xref->record == record; });
+  return found == xrefs.end() ? nullptr : found->get();
 }
 
-Xrefs::Xref* Xrefs::find(std::wstring_view name) const {
-  return find(drawing.content().findRecord(name));
+/// @param undone what isn't done to an xref that doesn't exist
+Xrefs::Xref& Xrefs::require(std::wstring_view name, const wchar_t* undone) const {
+  if (Xref* xref = find(drawing.findRecord(name))) return *xref;
+  report(L"unknown", std::wstring(name), L", not " + std::wstring(undone));
+  throw HostError(L"there is no such xref", Acad::eKeyNotFound);
+}
+
+/// Whether a chain of xrefs leads from the drawing to it.
+bool Xrefs::reached(const Xref& xref, bool throughLoaded) const {
+  return std::any_of(xrefs.begin(), xrefs.end(), [&](const auto& one) {
+    return one->direct && leadsTo(*one, xref, throughLoaded);
+  });
+}
+
+void Xrefs::add(BlockRecordImp& record, bool direct, const path& folder) {
+  xrefs.push_back(std::make_unique<Xref>(Xref{&record, direct, folder}));
 }
 
 void Xrefs::loadAll() {
-  for (BlockRecordImp* record : drawing.content().records()) {
-    if (!record->isXref) continue;
-    xrefs.push_back(std::make_unique<Xref>(Xref{record, true, false, {}, {}, {}}));
+  for (BlockRecordImp* record : drawing.records()) {
+    if (record->isXref) add(*record, true, {});
   }
   // Nested ones are added behind these, each loaded by the one that names it.
   const size_t direct = xrefs.size();
@@ -54,31 +80,61 @@ void Xrefs::loadAll() {
 }
 
 bool Xrefs::load(Xref& xref) {
-  const std::wstring& name = xref.record->blockName;
+  const std::wstring& name = xref.record->name;
   // Saved elsewhere, the drawing counts its own paths from there.
   if (xref.direct) xref.folder = drawing.path().parent_path();
   xref.loaded = false;
   try {
-    xref.file.open(xref.record->path, xref.folder, drawing.path().parent_path());
-    if (sameName(xref.file.path().wstring(), drawing.path().wstring())) {
-      xref.file.close();
-      throw HostError(L"it is the drawing itself");
-    }
+    read(xref);
   } catch (const HostError& error) {
-    say(L"unresolved", name, L" (" + xref.record->path + L"): " + error.reason);
+    report(L"unresolved", name, L" (" + xref.record->path + L"): " + error.reason);
     return false;
   }
   xref.loaded = true;
-  say(L"loaded", name, L" from " + xref.file.path().wstring(), Event::xrefLoaded);
-  readNested(xref, xref.file.attached());
+  report(L"loaded", name, L" from " + xref.path.wstring(), Event::xrefLoaded);
+  readNested(xref);
   return true;
 }
 
-void Xrefs::readNested(Xref& xref, const std::vector<DxfBlock>& blocks) {
+/// Finds the file and reads it. One that isn't where the stored path leads is looked for under its
+/// bare name there and in the drawing's folder.
+/// @throws HostError if it can't be read
+void Xrefs::read(Xref& xref) {
+  xref.file.reset();
+  xref.content.reset();
+  const path stored(xref.record->path);
+  const bool absolute = stored.has_root_name() || stored.has_root_directory();
+  std::optional<FileError> first;
+  for (const path& place :
+       {(absolute ? stored : xref.folder / stored).lexically_normal(),
+        xref.folder / stored.filename(), drawing.path().parent_path() / stored.filename()}) {
+    OpenFile file;
+    bool held = false;
+    try {
+      file = openShared(place, held);
+    } catch (const FileError& error) {
+      if (!first) first.emplace(error);
+      continue;
+    }
+    xref.path = place;
+    xref.content = std::make_unique<DxfFile>(readAll(file.get()));
+    if (sameName(place.wstring(), drawing.path().wstring())) {
+      throw HostError(L"it is the drawing itself");
+    }
+    if (held) xref.file = std::move(file);
+    return;
+  }
+  throw FileError(*first);
+}
+
+void Xrefs::readNested(Xref& xref) {
   std::vector<Xref*> fresh;
   xref.nested.clear();
-  for (const DxfBlock& block : blocks) {
-    Xref* nested = nest(xref, block);
+  for (const DxfEntry& entry : xref.content->entries("BLOCKS")) {
+    if (xref.content->fields(entry).type() != "BLOCK") continue;
+    const DxfBlock block(*xref.content, entry);
+    // An overlay is for the drawing that it stands in, not for those that refer to that one.
+    Xref* nested = block.isXref && !block.isOverlay ? nest(xref, block) : nullptr;
     if (!nested) continue;
     xref.nested.push_back(nested);
     if (!nested->direct && !nested->loaded) fresh.push_back(nested);
@@ -86,101 +142,103 @@ void Xrefs::readNested(Xref& xref, const std::vector<DxfBlock>& blocks) {
   for (Xref* nested : fresh) load(*nested);
 }
 
-// Gives the xref for a block that `parent` names, new or known; null if it can't be one.
+/// @return the xref for a block that `parent` names, new or known; null if it can't be one
 Xrefs::Xref* Xrefs::nest(Xref& parent, const DxfBlock& block) {
-  const std::wstring inParent = L", nested in " + parent.record->blockName;
-  BlockRecordImp* record = drawing.content().findRecord(block.name);
+  const std::wstring inParent = L", nested in " + parent.record->name;
+  BlockRecordImp* record = drawing.findRecord(block.name);
   if (record && !record->isXref) {
-    say(L"ignored", block.name, inParent + L": the drawing has a block of that name");
+    report(L"ignored", block.name, inParent + L": the drawing has a block of that name");
     return nullptr;
   }
   if (Xref* known = find(record)) {
-    if (!leadsTo(*known, parent)) return known;
-    say(L"ignored", block.name, inParent + L": it refers back to itself");
+    if (!leadsTo(*known, parent, false)) return known;
+    report(L"ignored", block.name, inParent + L": it refers back to itself");
     return nullptr;
   }
-  xrefs.push_back(std::make_unique<Xref>(Xref{&drawing.content().addNestedXref(block),
-                                              false,
-                                              false,
-                                              parent.file.path().parent_path(),
-                                              {},
-                                              {}}));
+  add(drawing.addNestedXref(block), false, parent.path.parent_path());
   return xrefs.back().get();
 }
 
-bool Xrefs::reached(const Xref& xref) const {
-  return std::any_of(xrefs.begin(), xrefs.end(),
-                     [&](const auto& one) { return one->direct && leadsToLoaded(*one, xref); });
-}
-
-// The drawing holds a file once, under however many names it uses it: the first of them to go lets
-// it be replaced, and what is loaded under the others stays as it was read.
+// The drawing holds a file once, under however many names it uses it: the first of them to be
+// released lets it be replaced, and what is loaded under the others stays as it was read.
 void Xrefs::release(Xref& xref) {
   for (const auto& one : xrefs) {
-    if (sameName(one->file.path().wstring(), xref.file.path().wstring())) one->file.close();
+    if (sameName(one->path.wstring(), xref.path.wstring())) one->file.reset();
   }
   xref.loaded = false;
 }
 
+void Xrefs::unload(Xref& xref) {
+  release(xref);
+  report(L"unloaded", xref.record->name, {}, Event::xrefUnloaded);
+}
+
 // What is nested only in xrefs that aren't loaded isn't loaded either.
-void Xrefs::releaseUnreached() {
+void Xrefs::unloadUnreached() {
   for (const auto& xref : xrefs) {
-    if (!xref->loaded || reached(*xref)) continue;
-    release(*xref);
-    say(L"unloaded", xref->record->blockName, {}, Event::xrefUnloaded);
+    if (xref->loaded && !reached(*xref, true)) unload(*xref);
   }
 }
 
 // Forgets nested xrefs that no file names any more.
 void Xrefs::dropUnnamed() {
-  const auto named = [this](const Xref& xref) {
-    return xref.direct || std::any_of(xrefs.begin(), xrefs.end(), [&](const auto& one) {
-             return one->direct && leadsTo(*one, xref);
-           });
-  };
-  std::vector<Xref*> gone;
   for (const auto& xref : xrefs) {
-    if (!named(*xref)) gone.push_back(xref.get());
+    if (!reached(*xref, false)) xref->record->erased = true;
   }
-  for (Xref* xref : gone) xref->record->erased = true;
   xrefs.erase(std::remove_if(xrefs.begin(), xrefs.end(),
                              [](const auto& xref) { return xref->record->erased; }),
               xrefs.end());
 }
 
 void Xrefs::unload(std::wstring_view name) {
-  Xref* xref = find(name);
-  if (!xref) {
-    say(L"unknown", std::wstring(name), L", not unloaded");
-    throw HostError(L"there is no such xref", Acad::eKeyNotFound);
-  }
-  if (!xref->loaded) return;
-  release(*xref);
-  say(L"unloaded", xref->record->blockName, {}, Event::xrefUnloaded);
-  releaseUnreached();
+  Xref& xref = require(name, L"unloaded");
+  if (!xref.loaded) return;
+  unload(xref);
+  unloadUnreached();
   drawing.touch();
 }
 
 void Xrefs::reload(std::wstring_view name) {
-  Xref* xref = find(name);
-  if (!xref) {
-    say(L"unknown", std::wstring(name), L", not reloaded");
-    throw HostError(L"there is no such xref", Acad::eKeyNotFound);
-  }
-  if (!reached(*xref)) {
-    say(L"not reloaded", xref->record->blockName, L": what it is nested in isn't loaded");
+  Xref& xref = require(name, L"reloaded");
+  if (!reached(xref, true)) {
+    report(L"not reloaded", xref.record->name, L": what it is nested in isn't loaded");
     throw HostError(L"what it is nested in isn't loaded", Acad::eNotApplicable);
   }
   drawing.touch();
   // What is nested only here is read again with it.
-  release(*xref);
-  releaseUnreached();
-  if (!load(*xref)) throw HostError(L"its file can't be read", Acad::eFileNotFound);
+  release(xref);
+  unloadUnreached();
+  if (!load(xref)) throw HostError(L"its file can't be read", Acad::eFileNotFound);
   dropUnnamed();
 }
 
-void Xrefs::letGo() {
+void Xrefs::closeFiles() {
   for (const auto& xref : xrefs) release(*xref);
+}
+
+void Xrefs::fill(AcDbXrefGraph& graph, bool withGhosts) const {
+  const auto add = [&](const std::wstring& name, AcDbObjectId record) {
+    auto* node = new AcDbXrefGraphNode(name.c_str(), record);
+    graph.addNode(node);
+    return node;
+  };
+  graph.reset();
+  databaseState().graphs.opened(&graph, L"AcDbXrefGraph");
+  AcDbGraphNode* root = add(drawing.path().stem().wstring(), drawing.modelSpace().id);
+  std::map<const Xref*, AcDbGraphNode*> nodeOf;
+  for (const auto& xref : xrefs) {
+    if (!withGhosts && !reached(*xref, true)) continue;
+    AcDbGraphNode* node = add(xref->record->name, xref->record->id);
+    nodeOf[xref.get()] = node;
+    if (xref->direct) graph.addEdge(root, node);
+  }
+  for (const auto& [xref, node] : nodeOf) {
+    if (!withGhosts && !xref->loaded) continue;
+    for (const auto* nested : xref->nested) {
+      const auto found = nodeOf.find(nested);
+      if (found != nodeOf.end()) graph.addEdge(node, found->second);
+    }
+  }
 }
 
 }  // namespace wb

@@ -2,11 +2,13 @@
 
 #include <filesystem>
 #include <memory>
-#include <string>
 #include <string_view>
 #include <vector>
 
-#include "database/XrefFile.h"
+#include "database/File.h"
+#include "dxf/File.h"
+
+class AcDbXrefGraph;
 
 namespace wb {
 
@@ -18,41 +20,48 @@ class Drawing;
 class Xrefs {
  public:
   explicit Xrefs(Drawing& drawing) : drawing(drawing) {}
-  ~Xrefs();
   Xrefs(const Xrefs&) = delete;
   Xrefs& operator=(const Xrefs&) = delete;
 
-  /// Reads the files of all xrefs; those that can't be had stay, unresolved.
+  /// Reads the files of all xrefs; those that can't be read stay, unresolved.
   void loadAll();
   /// @throws HostError with `eKeyNotFound` for a name that no xref has
   void unload(std::wstring_view name);
   /// @throws HostError with `eKeyNotFound` for a name that no xref has, `eFileNotFound` if the file
   /// can't be read, `eNotApplicable` for an xref that is nested only in unloaded ones
   void reload(std::wstring_view name);
-  /// Lets go of all files, without a word.
-  void letGo();
+  /// Closes all files; nothing is reported.
+  void closeFiles();
+  /// Fills the graph with the xrefs, and enters it in the accounts.
+  /// @param withGhosts also those that no chain of loaded xrefs leads to
+  void fill(AcDbXrefGraph& graph, bool withGhosts) const;
 
   struct Xref {
     BlockRecordImp* record;
-    bool direct;  ///< the drawing itself names it
-    bool loaded;
+    bool direct;                   ///< the drawing itself names it
     std::filesystem::path folder;  ///< the stored path counts from here
-    XrefFile file;
-    std::vector<Xref*> nested;
+    bool loaded = false;
+    std::filesystem::path path = {};
+    OpenFile file = {};  ///< held open, so that nobody replaces it under the drawing
+    /// What was read of the file, which stays when it is closed; null if it couldn't be read.
+    std::unique_ptr<const DxfFile> content = {};
+    std::vector<Xref*> nested = {};
   };
   /// Those that the drawing names first, in its order.
   const std::vector<std::unique_ptr<Xref>>& all() const { return xrefs; }
-  /// True if a chain of loaded xrefs leads from the drawing to it.
-  bool reached(const Xref& xref) const;
 
  private:
+  bool reached(const Xref& xref, bool throughLoaded) const;
   Xref* find(const BlockRecordImp* record) const;
-  Xref* find(std::wstring_view name) const;
+  Xref& require(std::wstring_view name, const wchar_t* undone) const;
+  void add(BlockRecordImp& record, bool direct, const std::filesystem::path& folder);
   bool load(Xref& xref);
-  void readNested(Xref& xref, const std::vector<DxfBlock>& blocks);
+  void read(Xref& xref);
+  void readNested(Xref& xref);
   Xref* nest(Xref& parent, const DxfBlock& block);
   void release(Xref& xref);
-  void releaseUnreached();
+  void unload(Xref& xref);
+  void unloadUnreached();
   void dropUnnamed();
 
   Drawing& drawing;

@@ -4,11 +4,11 @@
 
 #include <algorithm>
 #include <cctype>
-#include <cwchar>
-#include <cwctype>
+#include <charconv>
+#include <cstdio>
+#include <iterator>
 #include <optional>
-
-#include "dxf/Groups.h"
+#include <string>
 
 namespace wb {
 
@@ -19,7 +19,7 @@ struct NamedPage {
   unsigned page;
 };
 
-// The names that don't tell their number, in lower case.
+// The names without their number in them, in lower case.
 constexpr NamedPage namedPages[] = {
     {"ascii", 1252}, {"johab", 1361},    {"ksc5601", 949},  {"big5", 950},
     {"gb2312", 936}, {"utf-8", CP_UTF8}, {"utf8", CP_UTF8}, {"mac-roman", 10000},
@@ -28,24 +28,16 @@ constexpr NamedPage namedPages[] = {
 // The first release with UTF-8, 2007.
 constexpr std::string_view firstUtf8Release = "AC1021";
 
-unsigned trailingNumber(std::string_view text) {
-  const size_t last = text.find_last_not_of("0123456789");
-  unsigned number = 0;
-  for (const char digit : text.substr(last == std::string_view::npos ? 0 : last + 1)) {
-    number = number * 10 + static_cast<unsigned>(digit - '0');
-    if (number > 65535) return 0;
-  }
-  return number;
-}
-
 unsigned pageOf(std::string_view codePage) {
-  std::string name(trimmed(codePage));
+  std::string name(codePage);
   std::transform(name.begin(), name.end(), name.begin(),
                  [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-  for (const NamedPage& named : namedPages) {
-    if (named.name == name) return named.page;
+  for (const auto& [known, page] : namedPages) {
+    if (known == name) return page;
   }
-  unsigned page = trailingNumber(name);
+  unsigned page = 0;
+  const size_t digits = name.find_last_not_of("0123456789") + 1;
+  std::from_chars(name.data() + digits, name.data() + name.size(), page);
   if (name.rfind("iso8859", 0) == 0) page += 28590;
   // Without a usable name the host takes the system's own; ours is the western one, so that a
   // drawing reads alike on every machine.
@@ -56,15 +48,11 @@ unsigned pageOf(std::string_view codePage) {
 constexpr unsigned multibytePages[] = {932, 950, 949, 1361, 936};
 
 std::optional<unsigned> hexAt(std::wstring_view text, size_t position, size_t digits) {
-  if (text.size() < position + digits) return std::nullopt;
-  unsigned value = 0;
-  for (const wchar_t digit : text.substr(position, digits)) {
-    if (!std::iswxdigit(static_cast<wint_t>(digit)) || digit > L'f') return std::nullopt;
-    value = value * 16 + (std::iswdigit(static_cast<wint_t>(digit))
-                              ? static_cast<unsigned>(digit - L'0')
-                              : static_cast<unsigned>((digit | 0x20) - L'a' + 10));
-  }
-  return value;
+  const std::wstring number(text.substr(std::min(position, text.size()), digits));
+  if (number.size() < digits) return std::nullopt;
+  if (number.find_first_not_of(L"0123456789ABCDEFabcdef") != std::wstring::npos)
+    return std::nullopt;
+  return std::stoul(number, nullptr, 16);
 }
 
 std::wstring convert(unsigned page, std::string_view text, DWORD flags) {
@@ -86,8 +74,7 @@ std::optional<Escape> multibyteEscape(std::wstring_view text, size_t position) {
   const auto code = hexAt(text, position + 4, 4);
   if (!page || !code || *page < 1 || *page > std::size(multibytePages)) return std::nullopt;
   const char bytes[] = {static_cast<char>(*code >> 8), static_cast<char>(*code & 0xFF)};
-  const std::wstring character = convert(multibytePages[*page - 1], {bytes, 2}, 0);
-  return Escape{character, 8};
+  return Escape{convert(multibytePages[*page - 1], {bytes, 2}, 0), 8};
 }
 
 std::optional<Escape> escapeAt(std::wstring_view text, size_t position) {
@@ -107,8 +94,6 @@ std::optional<Escape> escapeAt(std::wstring_view text, size_t position) {
   return std::nullopt;
 }
 
-bool isSurrogate(wchar_t c) { return c >= 0xD800 && c <= 0xDFFF; }
-
 }  // namespace
 
 DxfText::DxfText(std::string_view release, std::string_view codePage)
@@ -122,7 +107,7 @@ std::wstring DxfText::widen(std::string_view text) const {
 }
 
 std::wstring DxfText::decode(std::string_view text) const {
-  std::wstring raw = widen(text);
+  const std::wstring raw = widen(text);
   if (raw.find_first_of(L"\\^") == std::wstring::npos) return raw;
   std::wstring result;
   for (size_t position = 0; position < raw.size();) {
@@ -153,8 +138,8 @@ std::string DxfText::encode(std::wstring_view text) const {
   std::string result;
   for (size_t position = 0; position < text.size(); ++position) {
     const wchar_t c = text[position];
-    const bool pair =
-        isSurrogate(c) && position + 1 < text.size() && IS_SURROGATE_PAIR(c, text[position + 1]);
+    const bool surrogate = IS_HIGH_SURROGATE(c) || IS_LOW_SURROGATE(c);
+    const bool pair = position + 1 < text.size() && IS_SURROGATE_PAIR(c, text[position + 1]);
     if (c < L' ') {
       result += {'^', static_cast<char>(c + '@')};
     } else if (c == L'^') {
@@ -163,7 +148,7 @@ std::string DxfText::encode(std::wstring_view text) const {
       result += "\\U+005C";
     } else if (pair && page == CP_UTF8) {
       narrow(text.substr(position++, 2), result);
-    } else if (isSurrogate(c) || !narrow(text.substr(position, 1), result)) {
+    } else if (surrogate || !narrow(text.substr(position, 1), result)) {
       char escape[8];
       std::snprintf(escape, sizeof escape, "\\U+%04X", static_cast<unsigned>(c));
       result += escape;

@@ -15,7 +15,7 @@ class DxfText {
   DxfText(std::string_view release, std::string_view codePage);
 
   std::wstring decode(std::string_view text) const;
-  /// Gives what `decode` makes the same text of; no line end is ever in it.
+  /// @return what `decode` makes the same text of; without line ends
   std::string encode(std::wstring_view text) const;
 
   unsigned codePage() const { return page; }

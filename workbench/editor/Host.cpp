@@ -6,7 +6,6 @@
 
 #include "core/SessionState.h"
 #include "core/Transcript.h"
-#include "database/DatabaseState.h"
 #include "database/Drawing.h"
 #include "editor/BuiltInCommands.h"
 #include "editor/CommandRunner.h"

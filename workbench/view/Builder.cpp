@@ -2,7 +2,6 @@
 
 #include <memory>
 
-#include "database/Database.h"
 #include "database/Drawing.h"
 #include "database/Xrefs.h"
 #include "view/Colors.h"
@@ -34,7 +33,7 @@ class Builder {
   DisplayList build();
 
  private:
-  SourceFile& fileOf(const DxfSource& source);
+  SourceFile& fileOf(const DxfFile& source);
   void drawEntry(const Surroundings& around, DxfEntry entry);
   void drawEntries(const Surroundings& around, const std::vector<DxfEntry>& entries, size_t first,
                    size_t end);
@@ -49,7 +48,7 @@ class Builder {
 
   const Drawing& drawing;
   DisplayList list;
-  std::map<const DxfGroups*, std::unique_ptr<SourceFile>> files;
+  std::map<const DxfFile*, std::unique_ptr<SourceFile>> files;
 };
 
 COLORREF colorOf(const Surroundings& around, const Fields& fields, const SourceFile::Layer& layer) {
@@ -61,22 +60,15 @@ COLORREF colorOf(const Surroundings& around, const Fields& fields, const SourceF
 }
 
 DisplayList Builder::build() {
-  const DrawingDatabase& content = drawing.content();
-  const LayoutImp* layout = content.findLayout(drawing.currentLayout());
-  SourceFile& file = fileOf(content.source());
+  SourceFile& file = fileOf(drawing.file);
   const Surroundings around{&file, nullptr, {}, colorOfIndex(7), nullptr, 0};
-  for (const BlockRecordImp* space : content.records()) {
-    if (!layout || space->layout.isNull() || space->layout != layout->id) continue;
-    for (const AcDbObjectId id : space->entities) {
-      const AcDbObjectImp* entity = AcDbObjectImp::find(id);
-      if (entity->erased) continue;
-      const size_t first = list.items.size();
-      drawEntry(around, entity->entry);
-      if (file.source.groups.word(entity->entry.begin) != "INSERT") continue;
-      const Fields fields(file.source, entity->entry);
-      list.references.push_back(
-          {id, objectCoordinates(fields)(fields.point(10)), first, list.items.size()});
-    }
+  for (const EntityImp* entity : drawing.currentEntities()) {
+    const size_t first = list.items.size();
+    drawEntry(around, entity->entry);
+    if (file.source.groups.word(entity->entry.begin) != "INSERT") continue;
+    const Fields fields(file.source, entity->entry);
+    list.references.push_back(
+        {entity->id, objectCoordinates(fields)(fields.point(10)), first, list.items.size()});
   }
   readRemarks();
   return std::move(list);
@@ -84,7 +76,7 @@ DisplayList Builder::build() {
 
 // A remark of the host's stands just before the file's end.
 void Builder::readRemarks() {
-  const DxfGroups& groups = drawing.content().source().groups;
+  const DxfGroups& groups = drawing.file.groups;
   const auto note = [this](std::string_view text) {
     if (!text.empty()) list.remarks.emplace_back(text.begin(), text.end());
   };
@@ -94,8 +86,8 @@ void Builder::readRemarks() {
   note(groups.added(groups.size() - 1, 999));
 }
 
-SourceFile& Builder::fileOf(const DxfSource& source) {
-  std::unique_ptr<SourceFile>& known = files[&source.groups];
+SourceFile& Builder::fileOf(const DxfFile& source) {
+  std::unique_ptr<SourceFile>& known = files[&source];
   if (!known) known = std::make_unique<SourceFile>(source);
   return *known;
 }
@@ -154,7 +146,7 @@ void Builder::drawDefinition(const Surroundings& around, COLORREF color, const F
 }
 
 void Builder::drawAttributes(const Surroundings& around, DxfEntry entry) {
-  const DxfSource& source = around.file->source;
+  const DxfFile& source = around.file->source;
   for (size_t index = entry.begin + 1; index < entry.end; ++index) {
     if (!source.groups.is(index, 0, "ATTRIB")) continue;
     const Fields fields(source, {index, entry.end});
@@ -203,12 +195,12 @@ void Builder::drawContent(const Surroundings& inside, const SourceFile::Block& b
   if (block.isXref) return drawXref(inside, block);
   Surroundings based = inside;
   based.place = inside.place * Transform::translation(-1 * block.base);
-  drawEntries(based, inside.file->source.outline.entries("BLOCKS"), block.first, block.end);
+  drawEntries(based, inside.file->source.entries("BLOCKS"), block.first, block.end);
 }
 
 const Xrefs::Xref* Builder::xrefNamed(const Surroundings& around, const std::wstring& name) const {
   const auto isWanted = [&](const Xrefs::Xref& one) {
-    return one.loaded && one.file.content() && folded(one.record->blockName) == folded(name);
+    return one.loaded && one.content && sameName(one.record->name, name);
   };
   if (!around.xref) {
     for (const auto& one : drawing.xrefs().all()) {
@@ -227,12 +219,12 @@ void Builder::drawXref(const Surroundings& inside, const SourceFile::Block& bloc
   if (inside.xref && block.isOverlay) return;
   const Xrefs::Xref* xref = xrefNamed(inside, block.name);
   if (!xref) return list.addLabel(inside.blockColor, inside.place.o, block.name);
-  SourceFile& file = fileOf(xref->file.content()->source());
+  SourceFile& file = fileOf(*xref->content);
   Surroundings within = inside;
   within.file = &file;
   within.xref = xref;
   within.place = inside.place * Transform::translation(-1 * file.insertionBase());
-  const std::vector<DxfEntry>& entities = file.source.outline.entries("ENTITIES");
+  const std::vector<DxfEntry>& entities = file.source.entries("ENTITIES");
   drawEntries(within, entities, 0, entities.size());
 }
 

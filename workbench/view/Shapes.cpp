@@ -171,8 +171,8 @@ Shape shapeOf(std::string_view type) {
   return nullptr;
 }
 
-bool drawPolyline(DisplayList& list, COLORREF color, const Transform& place,
-                  const DxfSource& source, DxfEntry entry) {
+bool drawPolyline(DisplayList& list, COLORREF color, const Transform& place, const DxfFile& source,
+                  DxfEntry entry) {
   constexpr int closedFlag = 1, spatialFlag = 8, surfaceFlags = 16 | 64, frameVertexFlag = 16;
   const Fields header(source, entry);
   const int flags = header.whole(70);

@@ -18,8 +18,8 @@ using Shape = void (*)(DisplayList& list, COLORREF color, const Transform& place
 Shape shapeOf(std::string_view type);
 
 /// A polyline with its vertices. False if it is a surface, which isn't drawn.
-bool drawPolyline(DisplayList& list, COLORREF color, const Transform& place,
-                  const DxfSource& source, DxfEntry entry);
+bool drawPolyline(DisplayList& list, COLORREF color, const Transform& place, const DxfFile& source,
+                  DxfEntry entry);
 
 /// A line of text. `verticalCode` is the group with the vertical alignment.
 void drawText(DisplayList& list, COLORREF color, const Transform& place, const Fields& fields,

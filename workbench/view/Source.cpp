@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "database/Database.h"
 #include "view/Colors.h"
 
 namespace wb {
@@ -43,9 +42,9 @@ double realOf(std::string_view word) {
 
 }  // namespace
 
-Fields::Fields(const DxfSource& source, DxfEntry entry) : source(source), entry(entry) {
+Fields::Fields(const DxfFile& source, DxfEntry entry) : source(source), entry(entry) {
   indices.reserve(16);
-  DxfFields(source.groups, entry).list(indices);
+  source.fields(entry).list(indices);
 }
 
 size_t Fields::find(int code) const {
@@ -74,7 +73,7 @@ std::string_view Fields::word(int code) const {
 std::wstring Fields::text(int code) const {
   const size_t at = find(code);
   if (at < size()) return source.text.decode(source.groups.value(indices[at]));
-  const size_t end = DxfFields(source.groups, entry).endOf("AcDbText");
+  const size_t end = source.fields(entry).endOf("AcDbText");
   return source.text.decode(source.groups.added(end, code));
 }
 
@@ -105,25 +104,25 @@ Transform objectCoordinates(const Fields& fields) {
   return {{a.x, a.y}, other, height * Point{n.x, n.y}};
 }
 
-SourceFile::SourceFile(DxfSource source) : source(source) {
-  for (const DxfEntry& entry : source.outline.table(source.groups, "LAYER")) {
+SourceFile::SourceFile(const DxfFile& source) : source(source) {
+  for (const DxfEntry& entry : source.table("LAYER")) {
     const Fields fields(source, entry);
     const int color = fields.whole(62, 7);
     const bool frozen = (fields.whole(70) & 1) != 0;
     const int trueColor = fields.whole(420, -1);
-    layers[folded(fields.text(2))] = {
+    layers[fields.text(2)] = {
         trueColor < 0 ? colorOfIndex(std::abs(color))
                       : RGB(trueColor >> 16 & 255, trueColor >> 8 & 255, trueColor & 255),
         color < 0, frozen};
   }
-  const std::vector<DxfEntry>& entries = source.outline.entries("BLOCKS");
+  const std::vector<DxfEntry>& entries = source.entries("BLOCKS");
   for (size_t at = 0; at < entries.size(); ++at) {
-    if (DxfFields(source.groups, entries[at]).type() != "BLOCK") continue;
+    if (source.fields(entries[at]).type() != "BLOCK") continue;
     const Fields fields(source, entries[at]);
-    const DxfBlock header(source.groups, source.text, entries[at]);
-    Block& block = blocks[folded(header.name)];
-    block = {header.name, fields.point(10), header.isXref(), header.isOverlay(), at + 1, at + 1};
-    while (DxfFields(source.groups, entries[block.end]).type() != "ENDBLK") ++block.end;
+    const DxfBlock header(source, entries[at]);
+    Block& block = blocks[header.name];
+    block = {header.name, fields.point(10), header.isXref, header.isOverlay, at + 1, at + 1};
+    while (source.fields(entries[block.end]).type() != "ENDBLK") ++block.end;
     at = block.end;
   }
 }
@@ -131,20 +130,19 @@ SourceFile::SourceFile(DxfSource source) : source(source) {
 const SourceFile::Layer& SourceFile::layer(std::string_view name) {
   const Layer*& known = layersAsWritten[name];
   if (!known) {
-    known =
-        &layers.try_emplace(folded(source.text.decode(name)), Layer{colorOfIndex(7), false, false})
-             .first->second;
+    known = &layers.try_emplace(source.text.decode(name), Layer{colorOfIndex(7), false, false})
+                 .first->second;
   }
   return *known;
 }
 
 const SourceFile::Block* SourceFile::block(std::string_view name) const {
-  const auto found = blocks.find(folded(source.text.decode(name)));
+  const auto found = blocks.find(source.text.decode(name));
   return found == blocks.end() ? nullptr : &found->second;
 }
 
 Point SourceFile::insertionBase() const {
-  const auto index = source.outline.findVariable(source.groups, "$INSBASE");
+  const auto index = source.findVariable("$INSBASE");
   if (!index || *index + 1 >= source.groups.size()) return {};
   return {realOf(source.groups.word(*index)), realOf(source.groups.word(*index + 1))};
 }

@@ -8,7 +8,8 @@
 #include <unordered_map>
 #include <vector>
 
-#include "dxf/Source.h"
+#include "core/Text.h"
+#include "dxf/File.h"
 #include "view/Geometry.h"
 
 namespace wb {
@@ -16,7 +17,7 @@ namespace wb {
 /// An object's own groups, read once.
 class Fields {
  public:
-  Fields(const DxfSource& source, DxfEntry entry);
+  Fields(const DxfFile& source, DxfEntry entry);
 
   size_t size() const { return indices.size(); }
   int code(size_t at) const { return source.groups.code(indices[at]); }
@@ -35,7 +36,7 @@ class Fields {
  private:
   size_t find(int code) const;
 
-  const DxfSource& source;
+  const DxfFile& source;
   DxfEntry entry;
   std::vector<size_t> indices;
 };
@@ -60,9 +61,9 @@ class SourceFile {
     size_t first, end;  ///< of its entries in the section BLOCKS
   };
 
-  explicit SourceFile(DxfSource source);
+  explicit SourceFile(const DxfFile& source);
 
-  const DxfSource source;
+  const DxfFile& source;
   /// The layer of that name as written in the file, a plain one if the file has none.
   const Layer& layer(std::string_view name);
   /// Null if there is none.
@@ -71,9 +72,9 @@ class SourceFile {
   Point insertionBase() const;
 
  private:
-  std::map<std::wstring, Layer> layers;
+  std::map<std::wstring, Layer, LessIgnoringCase> layers;
   std::unordered_map<std::string_view, const Layer*> layersAsWritten;
-  std::map<std::wstring, Block> blocks;
+  std::map<std::wstring, Block, LessIgnoringCase> blocks;
 };
 
 }  // namespace wb
