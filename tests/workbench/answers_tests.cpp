@@ -154,9 +154,9 @@ TEST_F(AnswersTest, DialogIsFilledCheckedAndClosedThroughItsControls) {
   std::wstring comment;
   bool checked = false;
   LRESULT row = -1;
-  answers.prepare(wb::FillControl{1201, L"Walls moved"});
-  answers.prepare(wb::CheckControl{1202, true});
-  answers.prepare(wb::SelectRow{2, false});
+  answers.prepare(wb::fillControl(1201, L"Walls moved"));
+  answers.prepare(wb::checkControl(1202, true));
+  answers.prepare(wb::selectRow(2, false));
   answers.queue(L"ok");
   const INT_PTR result = runDialog(dialog, [&](HWND window, int id) {
     if (id == 0) {
@@ -233,15 +233,15 @@ TEST_F(AnswersTest, StepThatCantBeDoneIsAnErrorThatNamesIt) {
   const OnCommand onCommand = [](HWND window, int id) {
     if (id) EndDialog(window, id);
   };
-  answers.prepare(wb::FillControl{99, L"x"});
+  answers.prepare(wb::fillControl(99, L"x"));
   answers.queue(L"cancel");
   EXPECT_EQ(IDCANCEL, runDialog(dialog, onCommand));
   EXPECT_TRUE(session.told(L"error: dialog can't be answered, it has no control 99: \"Small\""));
-  answers.prepare(wb::FillControl{7, L"x"});
+  answers.prepare(wb::fillControl(7, L"x"));
   answers.queue(L"cancel");
   EXPECT_EQ(IDCANCEL, runDialog(dialog, onCommand));
   EXPECT_TRUE(session.told(L"its control 7 is disabled"));
-  answers.queue(L"cancel", {wb::SelectRow{1, false}});
+  answers.queue(L"cancel", {wb::selectRow(1, false)});
   EXPECT_EQ(IDCANCEL, runDialog(dialog, onCommand));
   EXPECT_TRUE(session.told(L"it has no list"));
 }

@@ -2,19 +2,55 @@
 
 #include <commctrl.h>
 
+#include <iterator>
+
 #include "core/Transcript.h"
-#include "dialogs/DialogError.h"
 #include "dialogs/Reader.h"
 #include "dialogs/Screenshot.h"
 
 namespace wb {
 namespace {
 
-std::wstring noSuchControl(int id) { return L"it has no control " + std::to_wstring(id); }
+// A dialog may stay open whatever is pressed, such as one that rejects what its fields hold.
+constexpr unsigned mostAnswers = 6;
+
+/// A dialog's list: a list view or a list box; both null if it has none.
+struct DialogList {
+  explicit DialogList(HWND dialog)
+      : view(FindWindowExW(dialog, nullptr, WC_LISTVIEWW, nullptr)),
+        box(FindWindowExW(dialog, nullptr, L"ListBox", nullptr)) {}
+
+  int rows() const {
+    return view ? ListView_GetItemCount(view)
+                : static_cast<int>(SendMessageW(box, LB_GETCOUNT, 0, 0));
+  }
+
+  const HWND view;
+  const HWND box;
+};
 
 void notifyParent(HWND control, int code) {
   SendMessageW(GetParent(control), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(control), code),
                reinterpret_cast<LPARAM>(control));
+}
+
+/// Clicks a button; the dialog is made the active one first, as a click does.
+void click(HWND dialog, HWND button) {
+  SetActiveWindow(dialog);
+  SendMessageW(button, BM_CLICK, 0, 0);
+}
+
+void clickAt(HWND list, UINT message, LPARAM point) {
+  // The control may wait for the release inside of this very message.
+  PostMessageW(list, WM_LBUTTONUP, 0, point);
+  SendMessageW(list, message, MK_LBUTTON, point);
+}
+
+HWND enabledControl(HWND dialog, int id) {
+  const HWND control = findControl(dialog, id);
+  if (!control) throw DialogError(L"it has no control " + std::to_wstring(id));
+  if (IsWindowEnabled(control)) return control;
+  throw DialogError(L"its control " + std::to_wstring(id) + L" is disabled");
 }
 
 void pickInCombo(HWND combo, const std::wstring& text) {
@@ -25,120 +61,109 @@ void pickInCombo(HWND combo, const std::wstring& text) {
   notifyParent(combo, CBN_SELCHANGE);
 }
 
-class StepPerformer {
- public:
-  StepPerformer(HWND dialog, std::wstring& told) : dialog(dialog), told(told) {}
+void selectInListView(HWND list, int index, bool activate) {
+  SetFocus(list);
+  ListView_EnsureVisible(list, index, FALSE);
+  // On the words of its last column, as people do: it is the row that they mean.
+  RECT cell{};
+  const int last = Header_GetItemCount(ListView_GetHeader(list)) - 1;
+  ListView_GetSubItemRect(list, index, last, LVIR_LABEL, &cell);
+  const LPARAM point = MAKELPARAM(cell.left + 8, (cell.top + cell.bottom) / 2);
+  // Setting the state would select the row without marking it, as no click does.
+  clickAt(list, WM_LBUTTONDOWN, point);
+  if (activate && IsWindow(list)) clickAt(list, WM_LBUTTONDBLCLK, point);
+}
 
-  void operator()(const FillControl& step) const {
-    const HWND control = findControl(dialog, step.id);
-    if (!control) throw DialogError(noSuchControl(step.id));
-    if (!IsWindowEnabled(control)) throw DialogError(disabled(step.id));
-    told = std::to_wstring(step.id) + L"=" + wb::quoted(step.text);
-    if (windowClass(control) == L"ComboBox" &&
-        (GetWindowLongPtrW(control, GWL_STYLE) & 3) == CBS_DROPDOWNLIST) {
-      return pickInCombo(control, step.text);
+/// Fields that take a text and boxes that can be ticked, in tab order.
+std::vector<HWND> inputsOf(HWND dialog) {
+  std::vector<HWND> inputs;
+  for (const HWND control : children(dialog)) {
+    const LONG_PTR style = GetWindowLongPtrW(control, GWL_STYLE);
+    const LONG_PTR kind = style & BS_TYPEMASK;
+    const bool box =
+        windowClass(control) == L"Button" && (kind == BS_CHECKBOX || kind == BS_AUTOCHECKBOX ||
+                                              kind == BS_3STATE || kind == BS_AUTO3STATE);
+    const bool field = windowClass(control) == L"Edit" && !(style & ES_READONLY);
+    if ((box || field) && IsWindowEnabled(control) && IsWindowVisible(control)) {
+      inputs.push_back(control);
     }
-    // Replacing the selection notifies as typing does; setting the text wouldn't in every field.
-    SendMessageW(control, EM_SETSEL, 0, -1);
-    SendMessageW(control, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(step.text.c_str()));
-    if (windowTitle(control) == step.text) return;
-    throw DialogError(L"its field " + std::to_wstring(step.id) + L" doesn't take the text " +
-                      wb::quoted(step.text));
   }
+  return inputs;
+}
 
-  void operator()(const CheckControl& step) const {
-    const HWND control = findControl(dialog, step.id);
-    if (!control) throw DialogError(noSuchControl(step.id));
-    if (!IsWindowEnabled(control)) throw DialogError(disabled(step.id));
-    told = std::to_wstring(step.id) + (step.on ? L"=on" : L"=off");
-    const LRESULT wanted = step.on ? BST_CHECKED : BST_UNCHECKED;
-    for (int clicks = 0; clicks < 3; ++clicks) {
-      if (SendMessageW(control, BM_GETCHECK, 0, 0) == wanted) return;
-      clickControl(dialog, control);
-    }
-    throw DialogError(L"its box " + std::to_wstring(step.id) + L" can't be turned " +
-                      (step.on ? L"on" : L"off"));
-  }
-
-  void operator()(const SelectRow& step) const {
-    told = (step.activate ? L"activate-row=" : L"row=") + std::to_wstring(step.row);
-    const int index = step.row - 1;
-    if (const HWND list = FindWindowExW(dialog, nullptr, WC_LISTVIEWW, nullptr)) {
-      return selectInListView(list, index, step.activate);
-    }
-    if (const HWND list = FindWindowExW(dialog, nullptr, L"ListBox", nullptr)) {
-      return selectInListBox(list, index, step.activate);
-    }
-    throw DialogError(L"it has no list");
-  }
-
-  void operator()(const ClickControl& step) const {
-    const HWND control = findControl(dialog, step.id);
-    if (!control) throw DialogError(noSuchControl(step.id));
-    if (!IsWindowEnabled(control)) throw DialogError(disabled(step.id));
-    told = L"click=" + std::to_wstring(step.id);
-    clickControl(dialog, control);
-  }
-
-  void operator()(const TakePicture& step) const { savePicture(step.file); }
-
-  void operator()(const TellTexts&) const {
-    tell(Event::dialog, wb::quoted(windowTitle(dialog)) + L" texts" + controlTexts(dialog));
-  }
-
- private:
-  static std::wstring disabled(int id) {
-    return L"its control " + std::to_wstring(id) + L" is disabled";
-  }
-
-  static std::wstring noSuchRow(int index) {
-    return L"its list has no row " + std::to_wstring(index + 1);
-  }
-
-  static void selectInListView(HWND list, int index, bool activate) {
-    if (index < 0 || index >= ListView_GetItemCount(list)) throw DialogError(noSuchRow(index));
-    SetFocus(list);
-    ListView_EnsureVisible(list, index, FALSE);
-    // On the words of its last column, as people do: it is the row that they mean.
-    RECT cell{};
-    const int last = Header_GetItemCount(ListView_GetHeader(list)) - 1;
-    ListView_GetSubItemRect(list, index, last, LVIR_LABEL, &cell);
-    const LPARAM point = MAKELPARAM(cell.left + 8, (cell.top + cell.bottom) / 2);
-    // Setting the state would select the row without marking it, as no click does.
-    clickAt(list, WM_LBUTTONDOWN, point);
-    if (activate && IsWindow(list)) clickAt(list, WM_LBUTTONDBLCLK, point);
-  }
-
-  static void clickAt(HWND list, UINT message, LPARAM point) {
-    // The control may wait for the release inside of this very message.
-    PostMessageW(list, WM_LBUTTONUP, 0, point);
-    SendMessageW(list, message, MK_LBUTTON, point);
-  }
-
-  static void selectInListBox(HWND list, int index, bool activate) {
-    if (index < 0 || index >= SendMessageW(list, LB_GETCOUNT, 0, 0)) {
-      throw DialogError(noSuchRow(index));
-    }
-    SendMessageW(list, LB_SETCURSEL, static_cast<WPARAM>(index), 0);
-    notifyParent(list, LBN_SELCHANGE);
-    if (activate) notifyParent(list, LBN_DBLCLK);
-  }
-
-  HWND dialog;
-  std::wstring& told;
-};
+std::wstring idOf(HWND button) { return std::to_wstring(GetDlgCtrlID(button)); }
 
 }  // namespace
 
-std::wstring performStep(HWND dialog, const AnswerStep& step) {
-  std::wstring told;
-  std::visit(StepPerformer(dialog, told), step);
-  return told;
+AnswerStep fillControl(int id, std::wstring text) {
+  return [=](HWND dialog) {
+    const HWND control = enabledControl(dialog, id);
+    const std::wstring number = std::to_wstring(id);
+    if (windowClass(control) == L"ComboBox" &&
+        (GetWindowLongPtrW(control, GWL_STYLE) & 3) == CBS_DROPDOWNLIST) {
+      pickInCombo(control, text);
+    } else {
+      // Replacing the selection notifies as typing does; setting the text wouldn't in every field.
+      SendMessageW(control, EM_SETSEL, 0, -1);
+      SendMessageW(control, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
+      if (windowTitle(control) != text) {
+        throw DialogError(L"its field " + number + L" doesn't take the text " + wb::quoted(text));
+      }
+    }
+    return number + L"=" + wb::quoted(text);
+  };
 }
 
-void clickControl(HWND dialog, HWND button) {
-  SetActiveWindow(dialog);
-  SendMessageW(button, BM_CLICK, 0, 0);
+AnswerStep checkControl(int id, bool on) {
+  return [=](HWND dialog) {
+    const HWND control = enabledControl(dialog, id);
+    const std::wstring number = std::to_wstring(id), state = on ? L"on" : L"off";
+    for (int clicks = 0; clicks < 3; ++clicks) {
+      const LRESULT checked = SendMessageW(control, BM_GETCHECK, 0, 0);
+      if (checked == (on ? BST_CHECKED : BST_UNCHECKED)) return number + L"=" + state;
+      click(dialog, control);
+    }
+    throw DialogError(L"its box " + number + L" can't be turned " + state);
+  };
+}
+
+AnswerStep selectRow(int row, bool activate) {
+  return [=](HWND dialog) {
+    const DialogList list(dialog);
+    if (!list.view && !list.box) throw DialogError(L"it has no list");
+    if (row < 1 || row > list.rows()) {
+      throw DialogError(L"its list has no row " + std::to_wstring(row));
+    }
+    if (list.view) {
+      selectInListView(list.view, row - 1, activate);
+    } else {
+      SendMessageW(list.box, LB_SETCURSEL, static_cast<WPARAM>(row) - 1, 0);
+      notifyParent(list.box, LBN_SELCHANGE);
+      if (activate) notifyParent(list.box, LBN_DBLCLK);
+    }
+    return (activate ? L"activate-row=" : L"row=") + std::to_wstring(row);
+  };
+}
+
+AnswerStep clickControl(int id) {
+  return [=](HWND dialog) {
+    click(dialog, enabledControl(dialog, id));
+    return L"click=" + std::to_wstring(id);
+  };
+}
+
+AnswerStep takePicture(std::wstring file) {
+  return [=](HWND) {
+    savePicture(file);
+    return std::wstring();
+  };
+}
+
+AnswerStep reportTexts() {
+  return [](HWND dialog) {
+    tell(Event::dialog, wb::quoted(windowTitle(dialog)) + L" texts" + controlTexts(dialog));
+    return std::wstring();
+  };
 }
 
 void pressButton(HWND dialog, const std::wstring& name) {
@@ -159,15 +184,46 @@ void pressButton(HWND dialog, const std::wstring& name) {
   if (!IsWindowEnabled(button)) {
     throw DialogError(L"its button " + wb::quoted(name) + L" is disabled");
   }
-  clickControl(dialog, button);
+  click(dialog, button);
 }
 
 void closeQuietly(HWND dialog) {
   if (const HWND button = leastButton(dialog)) {
-    clickControl(dialog, button);
+    click(dialog, button);
   } else {
     SendMessageW(dialog, WM_CLOSE, 0, 0);
   }
+}
+
+Answer randomAnswer(HWND dialog, std::mt19937& stream, unsigned answeredBefore) {
+  const auto below = [&](size_t end) { return stream() % static_cast<unsigned>(end); };
+  if (answeredBefore >= mostAnswers) {
+    const HWND least = leastButton(dialog);
+    return {{}, least ? idOf(least) : L"close"};
+  }
+  Answer answer;
+  const int rows = DialogList(dialog).rows();
+  if (rows > 0 && below(3)) {
+    answer.steps.push_back(
+        selectRow(static_cast<int>(below(static_cast<size_t>(rows))) + 1, false));
+  }
+  for (const HWND input : inputsOf(dialog)) {
+    if (below(3) == 0) continue;
+    const int id = GetDlgCtrlID(input);
+    if (windowClass(input) == L"Button") {
+      answer.steps.push_back(clickControl(id));
+    } else {
+      static constexpr const wchar_t* texts[] = {L"", L"0", L"1", L"15", L"60", L"99999"};
+      answer.steps.push_back(fillControl(id, texts[below(std::size(texts))]));
+    }
+  }
+  std::vector<std::wstring> buttons;
+  for (const HWND button : pushButtons(dialog)) {
+    // A row that is picked first may turn a button off or on; those it has now are what is known.
+    if (IsWindowEnabled(button)) buttons.push_back(idOf(button));
+  }
+  answer.button = buttons.empty() ? L"close" : buttons[below(buttons.size())];
+  return answer;
 }
 
 }  // namespace wb

@@ -1,11 +1,9 @@
 #include "dialogs/MenuPicture.h"
 
 #include <algorithm>
-#include <optional>
 
-#include "core/SessionState.h"
 #include "core/Transcript.h"
-#include "dialogs/DialogError.h"
+#include "dialogs/Reader.h"
 #include "dialogs/Screenshot.h"
 
 namespace wb {
@@ -15,16 +13,6 @@ constexpr UINT tickLength = 50;  // milliseconds
 constexpr int ticksToWait = 100;
 constexpr UINT firstHostId = 0xE000;
 constexpr POINT clicked{260, 120};  // in the owner's client area
-
-// "&&" shows one "&"; a single one only marks the letter behind it.
-std::wstring shownText(const std::wstring& text) {
-  std::wstring shown;
-  for (size_t at = 0; at < text.size(); ++at) {
-    if (text[at] == L'&' && ++at == text.size()) break;
-    shown += text[at];
-  }
-  return shown;
-}
 
 std::wstring storedText(HMENU menu, UINT position) {
   const int length = GetMenuStringW(menu, position, nullptr, 0, MF_BYPOSITION);
@@ -37,7 +25,7 @@ std::wstring storedText(HMENU menu, UINT position) {
 /// The host's menu for objects. The submenus of the entries in it stay the applications' own.
 class ObjectMenu {
  public:
-  explicit ObjectMenu(const std::vector<HMENU>& entries, UINT stateOfOwn = MF_ENABLED)
+  explicit ObjectMenu(const std::vector<HMENU>& entries, UINT stateOfOwn)
       : menu(CreatePopupMenu()) {
     UINT id = firstHostId;
     for (const wchar_t* text : {L"&Erase", L"&Move", L"&Rotate"}) append(stateOfOwn, id++, text);
@@ -52,75 +40,73 @@ class ObjectMenu {
     while (GetMenuItemCount(menu) > 0) RemoveMenu(menu, 0, MF_BYPOSITION);
     DestroyMenu(menu);
   }
-  HMENU handle() const { return menu; }
 
-  /// How often the arrow key is pressed until the item is lit: separators are no stop on the way.
-  std::optional<int> keysTo(const std::wstring& text) const {
+  /// @return the number of the chosen item, 0 for none
+  UINT show(HWND owner, POINT place) const {
+    const UINT flags = TPM_RETURNCMD | TPM_NONOTIFY | TPM_RIGHTBUTTON;
+    return static_cast<UINT>(TrackPopupMenu(menu, flags, place.x, place.y, 0, owner, nullptr));
+  }
+
+  /// How often the arrow key is pressed until the submenu is lit: separators are no stop on the
+  /// way.
+  /// @throws DialogError if there is none
+  int keysTo(const std::wstring& submenu) const {
     int keys = 0;
-    for (int position = 0; position < GetMenuItemCount(menu); ++position) {
-      if (GetMenuState(menu, static_cast<UINT>(position), MF_BYPOSITION) & MF_SEPARATOR &&
-          !GetSubMenu(menu, position)) {
-        continue;
-      }
-      ++keys;
-      if (GetSubMenu(menu, position) && menuItemText(menu, static_cast<UINT>(position)) == text) {
-        return keys;
+    for (UINT position = 0; position < static_cast<UINT>(GetMenuItemCount(menu)); ++position) {
+      if (GetSubMenu(menu, static_cast<int>(position))) {
+        ++keys;
+        if (menuItemText(menu, position) == submenu) return keys;
+      } else if (!(GetMenuState(menu, position, MF_BYPOSITION) & MF_SEPARATOR)) {
+        ++keys;
       }
     }
-    return {};
+    throw DialogError(L"the menu has no submenu " + wb::quoted(submenu));
   }
 
  private:
   void append(UINT flags, UINT id, const wchar_t* text) { AppendMenuW(menu, flags, id, text); }
 
   void addItemsOf(HMENU entries) {
-    for (int position = 0; position < GetMenuItemCount(entries); ++position) {
-      std::wstring text = storedText(entries, static_cast<UINT>(position));
+    for (UINT position = 0; position < static_cast<UINT>(GetMenuItemCount(entries)); ++position) {
+      std::wstring text = storedText(entries, position);
       MENUITEMINFOW item{};
       item.cbSize = sizeof(item);
       item.fMask = MIIM_ID | MIIM_STATE | MIIM_SUBMENU | MIIM_FTYPE;
-      if (!GetMenuItemInfoW(entries, static_cast<UINT>(position), TRUE, &item)) continue;
+      if (!GetMenuItemInfoW(entries, position, TRUE, &item)) continue;
       item.fMask |= MIIM_STRING;
       item.dwTypeData = text.data();
       InsertMenuItemW(menu, static_cast<UINT>(GetMenuItemCount(menu)), TRUE, &item);
     }
   }
 
-  HMENU menu;
+  const HMENU menu;
 };
 
-BOOL CALLBACK countMenu(HWND window, LPARAM count) {
-  wchar_t name[16] = {};
-  GetClassNameW(window, name, 16);
-  if (std::wstring(name) == L"#32768" && IsWindowVisible(window)) ++*reinterpret_cast<int*>(count);
-  return TRUE;
-}
-
-/// Plays the person in front of a menu. A menu's loop is Windows' own and lets nobody else in: the
-/// timer gets its turn in it, and the keys wait in the queue that it reads.
+/// Does what a person does in front of a menu. A menu's loop is Windows' own: a timer of the owner
+/// runs in it, and the keys wait in the queue that it reads.
 class MenuReader {
  public:
   MenuReader(HWND owner, int keys, const std::wstring& file)
-      : owner(owner), keys(keys), file(file), timer(SetTimer(nullptr, 0, tickLength, onTimer)) {
-    current() = this;
+      : owner(owner), keys(keys), file(file) {
+    SetTimer(owner, id(), tickLength, onTimer);
   }
   MenuReader(const MenuReader&) = delete;
   MenuReader& operator=(const MenuReader&) = delete;
-  ~MenuReader() {
-    KillTimer(nullptr, timer);
-    current() = nullptr;
-  }
+  ~MenuReader() { KillTimer(owner, id()); }
+
   std::wstring problem = L"the menu wasn't shown";
 
  private:
-  static void CALLBACK onTimer(HWND, UINT, UINT_PTR, DWORD) {
-    if (current()) current()->tick();
+  UINT_PTR id() const { return reinterpret_cast<UINT_PTR>(this); }
+  static void CALLBACK onTimer(HWND, UINT, UINT_PTR id, DWORD) {
+    reinterpret_cast<MenuReader*>(id)->tick();
   }
 
   static int menusOnScreen() {
-    int count = 0;
-    EnumThreadWindows(GetCurrentThreadId(), countMenu, reinterpret_cast<LPARAM>(&count));
-    return count;
+    const std::vector<HWND> windows = threadWindows();
+    return static_cast<int>(std::count_if(windows.begin(), windows.end(), [](HWND window) {
+      return windowClass(window) == L"#32768" && IsWindowVisible(window);
+    }));
   }
 
   void press(WPARAM key) const {
@@ -156,16 +142,9 @@ class MenuReader {
     }
   }
 
-  /// A timer without a window carries nothing that leads to its reader.
-  struct Current {
-    MenuReader* reader = nullptr;
-  };
-  static MenuReader*& current() { return sessionPart<Current>().reader; }
-
   const HWND owner;
   const int keys;
   const std::wstring& file;
-  const UINT_PTR timer;
   int ticks = 0;
   bool opened = false;
   bool pictured = false;
@@ -173,29 +152,31 @@ class MenuReader {
 
 }  // namespace
 
+// "&&" shows one "&"; a single one only marks the letter behind it.
 std::wstring menuItemText(HMENU menu, UINT position) {
-  return shownText(storedText(menu, position));
+  const std::wstring text = storedText(menu, position);
+  std::wstring shown;
+  for (size_t at = 0; at < text.size(); ++at) {
+    if (text[at] == L'&' && ++at == text.size()) break;
+    shown += text[at];
+  }
+  return shown;
 }
 
 UINT showMenu(HWND owner, const std::vector<HMENU>& entries, POINT place) {
-  const ObjectMenu menu(entries, MF_GRAYED);
-  return static_cast<UINT>(TrackPopupMenu(menu.handle(),
-                                          TPM_RETURNCMD | TPM_NONOTIFY | TPM_RIGHTBUTTON, place.x,
-                                          place.y, 0, owner, nullptr));
+  return ObjectMenu(entries, MF_GRAYED).show(owner, place);
 }
 
 void pictureMenu(HWND owner, const std::vector<HMENU>& entries, const std::wstring& submenu,
                  const std::wstring& file) {
-  const ObjectMenu menu(entries);
-  const std::optional<int> keys = submenu.empty() ? 0 : menu.keysTo(submenu);
-  if (!keys) throw DialogError(L"the menu has no submenu " + wb::quoted(submenu));
+  const ObjectMenu menu(entries, MF_ENABLED);
+  const int keys = submenu.empty() ? 0 : menu.keysTo(submenu);
   POINT place = clicked;
   ClientToScreen(owner, &place);
   // The pointer stands where the menu opens; elsewhere it would light an item that it lies on.
   SetCursorPos(place.x, place.y);
-  MenuReader reader(owner, *keys, file);
-  TrackPopupMenu(menu.handle(), TPM_RETURNCMD | TPM_NONOTIFY | TPM_RIGHTBUTTON, place.x, place.y, 0,
-                 owner, nullptr);
+  MenuReader reader(owner, keys, file);
+  menu.show(owner, place);
   if (!reader.problem.empty()) throw DialogError(reader.problem);
 }
 

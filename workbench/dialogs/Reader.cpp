@@ -2,12 +2,14 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <cwchar>
 #include <iterator>
 
 #include "core/Text.h"
 #include "core/Transcript.h"
+#include "ui/resource.h"
 
 namespace wb {
 namespace {
@@ -24,14 +26,8 @@ constexpr NamedButton namedButtons[] = {
 
 bool isPushButton(HWND control) {
   if (!sameName(windowClass(control), L"Button")) return false;
-  switch (GetWindowLongPtrW(control, GWL_STYLE) & BS_TYPEMASK) {
-    case BS_PUSHBUTTON:
-    case BS_DEFPUSHBUTTON:
-    case BS_OWNERDRAW:
-      return true;
-    default:
-      return false;
-  }
+  const LONG_PTR kind = GetWindowLongPtrW(control, GWL_STYLE) & BS_TYPEMASK;
+  return kind == BS_PUSHBUTTON || kind == BS_DEFPUSHBUTTON || kind == BS_OWNERDRAW;
 }
 
 bool isUsable(HWND control) {
@@ -40,67 +36,6 @@ bool isUsable(HWND control) {
   return !sameName(type, L"Button") ||
          (GetWindowLongPtrW(control, GWL_STYLE) & BS_TYPEMASK) != BS_GROUPBOX;
 }
-
-struct ControlSearch {
-  int id;
-  HWND found;
-};
-
-BOOL CALLBACK matchControl(HWND window, LPARAM argument) {
-  auto& search = *reinterpret_cast<ControlSearch*>(argument);
-  if (GetDlgCtrlID(window) != search.id) return TRUE;
-  search.found = window;
-  return FALSE;
-}
-
-}  // namespace
-
-std::wstring windowTitle(HWND window) {
-  std::wstring text(static_cast<size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
-  text.resize(
-      static_cast<size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
-  return text;
-}
-
-std::wstring windowClass(HWND window) {
-  wchar_t name[256] = L"";
-  const int length = GetClassNameW(window, name, static_cast<int>(std::size(name)));
-  return std::wstring(name, static_cast<size_t>(length));
-}
-
-bool isDialogWindow(HWND window) {
-  return windowClass(window) == L"#32770" && (GetWindowLongPtrW(window, GWL_STYLE) & WS_CHILD) == 0;
-}
-
-bool looksModal(HWND dialog) {
-  const HWND owner = GetWindow(dialog, GW_OWNER);
-  return owner == nullptr || !IsWindowEnabled(owner);
-}
-
-bool hasControls(HWND dialog) {
-  for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
-    if (isUsable(child)) return true;
-  }
-  return false;
-}
-
-std::wstring messageBoxText(HWND dialog) {
-  constexpr int lastBoxButton = 11;  // IDCONTINUE
-  std::wstring text;
-  for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
-    if (isUsable(child)) {
-      const int id = GetDlgCtrlID(child);
-      if (!isPushButton(child) || id < IDOK || id > lastBoxButton) return {};
-    } else if ((GetWindowLongPtrW(child, GWL_STYLE) & SS_TYPEMASK) != SS_ICON) {
-      // A message box has a single text; a dialog with several is something else.
-      if (!text.empty()) return {};
-      text = windowTitle(child);
-    }
-  }
-  return text;
-}
-
-namespace {
 
 std::wstring cellText(HWND list, int row, int column) {
   std::wstring text(1024, L'\0');
@@ -127,11 +62,98 @@ std::wstring rowTexts(HWND list) {
   return texts;
 }
 
+std::wstring headings(HWND list) {
+  std::wstring texts;
+  for (int column = 0; column < Header_GetItemCount(ListView_GetHeader(list)); ++column) {
+    wchar_t heading[256] = L"";
+    LVCOLUMNW asked{};
+    asked.mask = LVCF_TEXT;
+    asked.pszText = heading;
+    asked.cchTextMax = static_cast<int>(std::size(heading));
+    SendMessageW(list, LVM_GETCOLUMNW, static_cast<WPARAM>(column),
+                 reinterpret_cast<LPARAM>(&asked));
+    texts += L' ' + wb::quoted(heading);
+  }
+  return texts;
+}
+
 }  // namespace
+
+std::vector<HWND> threadWindows() {
+  std::vector<HWND> windows;
+  const auto add = [](HWND window, LPARAM all) -> BOOL {
+    reinterpret_cast<std::vector<HWND>*>(all)->push_back(window);
+    return TRUE;
+  };
+  EnumThreadWindows(GetCurrentThreadId(), add, reinterpret_cast<LPARAM>(&windows));
+  return windows;
+}
+
+std::vector<HWND> children(HWND window) {
+  std::vector<HWND> all;
+  for (HWND child = GetWindow(window, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+    all.push_back(child);
+  }
+  return all;
+}
+
+std::wstring windowTitle(HWND window) {
+  std::wstring text(static_cast<size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+  text.resize(
+      static_cast<size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
+  return text;
+}
+
+std::wstring windowClass(HWND window) {
+  wchar_t name[256] = L"";
+  const int length = GetClassNameW(window, name, static_cast<int>(std::size(name)));
+  return std::wstring(name, static_cast<size_t>(length));
+}
+
+HWND findStatusWindow() {
+  for (const HWND window : threadWindows()) {
+    if (isDialogWindow(window) && GetDlgItem(window, IDC_XREFS_LATEST) &&
+        GetDlgItem(window, IDC_CHECKED_OUT_HERE) && GetDlgItem(window, IDC_VERSION) &&
+        GetDlgItem(window, IDC_REFRESH)) {
+      return window;
+    }
+  }
+  return nullptr;
+}
+
+bool isDialogWindow(HWND window) {
+  return windowClass(window) == L"#32770" && (GetWindowLongPtrW(window, GWL_STYLE) & WS_CHILD) == 0;
+}
+
+bool looksModal(HWND dialog) {
+  const HWND owner = GetWindow(dialog, GW_OWNER);
+  return owner == nullptr || !IsWindowEnabled(owner);
+}
+
+bool hasControls(HWND dialog) {
+  const std::vector<HWND> all = children(dialog);
+  return std::any_of(all.begin(), all.end(), isUsable);
+}
+
+std::wstring messageBoxText(HWND dialog) {
+  constexpr int lastBoxButton = 11;  // IDCONTINUE
+  std::wstring text;
+  for (const HWND child : children(dialog)) {
+    if (isUsable(child)) {
+      const int id = GetDlgCtrlID(child);
+      if (!isPushButton(child) || id < IDOK || id > lastBoxButton) return {};
+    } else if ((GetWindowLongPtrW(child, GWL_STYLE) & SS_TYPEMASK) != SS_ICON) {
+      // A message box has a single text; a dialog with several is something else.
+      if (!text.empty()) return {};
+      text = windowTitle(child);
+    }
+  }
+  return text;
+}
 
 std::wstring controlTexts(HWND dialog) {
   std::wstring texts;
-  for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+  for (const HWND child : children(dialog)) {
     if (windowClass(child) == WC_LISTVIEWW) {
       texts += rowTexts(child);
     } else if (!isPushButton(child)) {
@@ -144,18 +166,8 @@ std::wstring controlTexts(HWND dialog) {
 std::wstring allTexts(HWND dialog) {
   std::wstring texts = wb::quoted(windowTitle(dialog)) + controlTexts(dialog);
   for (const HWND button : pushButtons(dialog)) texts += L' ' + wb::quoted(windowTitle(button));
-  for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
-    if (windowClass(child) != WC_LISTVIEWW) continue;
-    for (int column = 0; column < Header_GetItemCount(ListView_GetHeader(child)); ++column) {
-      wchar_t heading[256] = L"";
-      LVCOLUMNW asked{};
-      asked.mask = LVCF_TEXT;
-      asked.pszText = heading;
-      asked.cchTextMax = static_cast<int>(std::size(heading));
-      SendMessageW(child, LVM_GETCOLUMNW, static_cast<WPARAM>(column),
-                   reinterpret_cast<LPARAM>(&asked));
-      texts += L' ' + wb::quoted(heading);
-    }
+  for (const HWND child : children(dialog)) {
+    if (windowClass(child) == WC_LISTVIEWW) texts += headings(child);
   }
   return texts;
 }
@@ -178,7 +190,7 @@ std::wstring placeOf(HWND dialog) {
 
 std::vector<HWND> pushButtons(HWND dialog) {
   std::vector<HWND> buttons;
-  for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+  for (const HWND child : children(dialog)) {
     if (isPushButton(child) && (GetWindowLongPtrW(child, GWL_STYLE) & WS_VISIBLE)) {
       buttons.push_back(child);
     }
@@ -187,10 +199,11 @@ std::vector<HWND> pushButtons(HWND dialog) {
 }
 
 HWND findControl(HWND dialog, int id) {
-  if (const HWND direct = GetDlgItem(dialog, id)) return direct;
-  ControlSearch search{id, nullptr};
-  EnumChildWindows(dialog, matchControl, reinterpret_cast<LPARAM>(&search));
-  return search.found;
+  HWND found = GetDlgItem(dialog, id);
+  for (const HWND child : children(dialog)) {
+    if (!found) found = findControl(child, id);
+  }
+  return found;
 }
 
 HWND findButton(HWND dialog, std::wstring_view name) {
@@ -224,31 +237,34 @@ std::wstring buttonName(int id) {
 }
 
 std::wstring messageBoxFlags(UINT flags) {
-  static constexpr const wchar_t* kinds[] = {
-      L"MB_OK",    L"MB_OKCANCEL",    L"MB_ABORTRETRYIGNORE", L"MB_YESNOCANCEL",
-      L"MB_YESNO", L"MB_RETRYCANCEL", L"MB_CANCELTRYCONTINUE"};
-  static constexpr const wchar_t* icons[] = {nullptr, L"MB_ICONERROR", L"MB_ICONQUESTION",
-                                             L"MB_ICONWARNING", L"MB_ICONINFORMATION"};
-  static constexpr const wchar_t* defaults[] = {nullptr, L"MB_DEFBUTTON2", L"MB_DEFBUTTON3",
-                                                L"MB_DEFBUTTON4"};
+  struct Field {
+    UINT mask;
+    unsigned shift;
+    std::vector<const wchar_t*> names;  ///< by value; empty for what isn't worth a word
+  };
+  static const Field fields[] = {
+      {MB_TYPEMASK,
+       0,
+       {L"MB_OK", L"MB_OKCANCEL", L"MB_ABORTRETRYIGNORE", L"MB_YESNOCANCEL", L"MB_YESNO",
+        L"MB_RETRYCANCEL", L"MB_CANCELTRYCONTINUE"}},
+      {MB_ICONMASK,
+       4,
+       {L"", L"MB_ICONERROR", L"MB_ICONQUESTION", L"MB_ICONWARNING", L"MB_ICONINFORMATION"}},
+      {MB_DEFMASK, 8, {L"", L"MB_DEFBUTTON2", L"MB_DEFBUTTON3", L"MB_DEFBUTTON4"}}};
   std::wstring text;
   UINT rest = flags;
-  const auto name = [&](UINT mask, unsigned shift, const wchar_t* const* names, size_t count) {
-    const UINT value = (flags & mask) >> shift;
-    if (value >= count) return;
-    rest &= ~mask;
-    if (!names[value]) return;
-    if (!text.empty()) text += L'|';
-    text += names[value];
+  const auto add = [&](const wchar_t* name) {
+    if (*name) text += (text.empty() ? L"" : L"|") + std::wstring(name);
   };
-  name(MB_TYPEMASK, 0, kinds, std::size(kinds));
-  name(MB_ICONMASK, 4, icons, std::size(icons));
-  name(MB_DEFMASK, 8, defaults, std::size(defaults));
-  if (rest) {
-    wchar_t number[16];
-    std::swprintf(number, std::size(number), L"0x%X", rest);
-    text += (text.empty() ? L"" : L"|") + std::wstring(number);
+  for (const auto& [mask, shift, names] : fields) {
+    const UINT value = (flags & mask) >> shift;
+    if (value >= names.size()) continue;
+    rest &= ~mask;
+    add(names[value]);
   }
+  wchar_t number[16] = L"";
+  if (rest) std::swprintf(number, std::size(number), L"0x%X", rest);
+  add(number);
   return text;
 }
 

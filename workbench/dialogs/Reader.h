@@ -2,11 +2,34 @@
 
 #include <windows.h>
 
+#include <exception>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace wb {
+
+/// Something that can't be done on the screen: a control isn't there, a picture can't be written.
+class DialogError : public std::exception {
+ public:
+  explicit DialogError(std::wstring reason) : reason(std::move(reason)) {}
+
+  const char* what() const noexcept override { return "it can't be done on the screen"; }
+
+  std::wstring reason;
+};
+
+/// The top-level windows of this thread.
+std::vector<HWND> threadWindows();
+/// The windows just below a window, in tab order.
+std::vector<HWND> children(HWND window);
+
+std::wstring windowTitle(HWND window);
+std::wstring windowClass(HWND window);
+
+/// The module's status window on this thread, null if there is none. It is found by its controls:
+/// its title is in the language of the client.
+HWND findStatusWindow();
 
 /// Whether the window is a top-level window of the system's dialog class, as message boxes are too.
 bool isDialogWindow(HWND window);
@@ -17,9 +40,6 @@ bool looksModal(HWND dialog);
 
 /// Whether it has anything a person could use: a button, a field, a list.
 bool hasControls(HWND dialog);
-
-std::wstring windowTitle(HWND window);
-std::wstring windowClass(HWND window);
 
 /// The text of a message box: a dialog of texts and of a message box's own buttons alone. Empty for
 /// any other dialog.
@@ -42,7 +62,7 @@ std::vector<HWND> pushButtons(HWND dialog);
 HWND findControl(HWND dialog, int id);
 
 /// The button that an answer names: yes, no, ok, cancel, abort, retry, ignore or a control's
-/// number. Null if the dialog hasn't got it.
+/// number. Null if the dialog doesn't have it.
 HWND findButton(HWND dialog, std::wstring_view name);
 
 /// The button that changes least: Cancel, else No, else the only one. Null if there is none such.

@@ -8,13 +8,17 @@
 #include <initguid.h>
 #include <wincodec.h>
 
+#include <algorithm>
 #include <cstdio>
-#include <vector>
+#include <iterator>
+#include <memory>
+#include <type_traits>
 
 #include "core/Transcript.h"
-#include "dialogs/DialogError.h"
+#include "dialogs/Reader.h"
 
 _COM_SMARTPTR_TYPEDEF(IWICImagingFactory, __uuidof(IWICImagingFactory));
+_COM_SMARTPTR_TYPEDEF(IWICBitmap, __uuidof(IWICBitmap));
 _COM_SMARTPTR_TYPEDEF(IWICStream, __uuidof(IWICStream));
 _COM_SMARTPTR_TYPEDEF(IWICBitmapEncoder, __uuidof(IWICBitmapEncoder));
 _COM_SMARTPTR_TYPEDEF(IWICBitmapFrameEncode, __uuidof(IWICBitmapFrameEncode));
@@ -24,107 +28,65 @@ namespace {
 
 constexpr DWORD paintingTime = 60;  // milliseconds
 
-struct Picture {
-  UINT width = 0;
-  UINT height = 0;
-  std::vector<BYTE> pixels;  ///< 32 bits a pixel, blue first, rows from the top
+struct ContextDeleter {
+  void operator()(HDC context) const { DeleteDC(context); }
 };
-
-class ScreenContext {
- public:
-  ScreenContext() : context(GetDC(nullptr)) {}
-  ScreenContext(const ScreenContext&) = delete;
-  ScreenContext& operator=(const ScreenContext&) = delete;
-  ~ScreenContext() { ReleaseDC(nullptr, context); }
-  const HDC context;
+struct BitmapDeleter {
+  void operator()(HBITMAP bitmap) const { DeleteObject(bitmap); }
 };
+using Context = std::unique_ptr<std::remove_pointer_t<HDC>, ContextDeleter>;
+using Bitmap = std::unique_ptr<std::remove_pointer_t<HBITMAP>, BitmapDeleter>;
 
-class MemoryBitmap {
- public:
-  explicit MemoryBitmap(const BITMAPINFO& info) : context(CreateCompatibleDC(nullptr)) {
-    bitmap = CreateDIBSection(context, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-    if (bitmap) previous = SelectObject(context, bitmap);
-  }
-  MemoryBitmap(const MemoryBitmap&) = delete;
-  MemoryBitmap& operator=(const MemoryBitmap&) = delete;
-  ~MemoryBitmap() {
-    if (previous) SelectObject(context, previous);
-    if (bitmap) DeleteObject(bitmap);
-    DeleteDC(context);
-  }
-  const HDC context;
-  HBITMAP bitmap = nullptr;
-  void* bits = nullptr;
-
- private:
-  HGDIOBJ previous = nullptr;
-};
-
-BOOL CALLBACK paintNow(HWND window, LPARAM) {
-  if (IsWindowVisible(window)) {
+/// A dialog that has just been shown hasn't painted itself: painting comes last in its loop.
+void paintWindows(const std::vector<HWND>& windows) {
+  for (const HWND window : windows) {
     RedrawWindow(window, nullptr, nullptr,
                  RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);
   }
-  return TRUE;
-}
-
-/// A dialog that has just been shown hasn't painted itself: painting comes last in its loop.
-void paintWindows() {
-  EnumThreadWindows(GetCurrentThreadId(), paintNow, 0);
   GdiFlush();
-  // What was drawn reaches the screen when the thread waits; this wait hears no message.
+  // What was drawn reaches the screen when the thread waits; this wait handles no message.
   MsgWaitForMultipleObjectsEx(0, nullptr, paintingTime, 0, 0);
 }
 
-BOOL CALLBACK addWindow(HWND window, LPARAM argument) {
-  RECT place;
-  if (IsWindowVisible(window) && !IsIconic(window) && GetWindowRect(window, &place)) {
-    auto& all = *reinterpret_cast<RECT*>(argument);
-    UnionRect(&all, &all, &place);
-  }
-  return TRUE;
-}
-
-/// The part of the screen that the thread's windows take; all of it if there are none.
-RECT windowsOnScreen() {
+/// The part of the screen that the windows take; all of it if there are none.
+RECT partOfScreen(const std::vector<HWND>& windows) {
   const RECT screen{0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
-  RECT windows{};
-  EnumThreadWindows(GetCurrentThreadId(), addWindow, reinterpret_cast<LPARAM>(&windows));
-  RECT seen{};
-  return IntersectRect(&seen, &windows, &screen) ? seen : screen;
+  RECT all{}, place{}, seen{};
+  for (const HWND window : windows) {
+    if (!IsIconic(window) && GetWindowRect(window, &place)) UnionRect(&all, &all, &place);
+  }
+  return IntersectRect(&seen, &all, &screen) ? seen : screen;
 }
 
-bool copyScreen(Picture& picture) {
-  const RECT part = windowsOnScreen();
-  picture.width = static_cast<UINT>(part.right - part.left);
-  picture.height = static_cast<UINT>(part.bottom - part.top);
+/// @return null if the screen can't be copied
+Bitmap copyScreen(const RECT& part) {
   BITMAPINFO info{};
   info.bmiHeader.biSize = sizeof(info.bmiHeader);
-  info.bmiHeader.biWidth = static_cast<LONG>(picture.width);
-  info.bmiHeader.biHeight = -static_cast<LONG>(picture.height);
+  info.bmiHeader.biWidth = part.right - part.left;
+  info.bmiHeader.biHeight = part.bottom - part.top;
   info.bmiHeader.biPlanes = 1;
   info.bmiHeader.biBitCount = 32;
-  const ScreenContext screen;
-  const MemoryBitmap memory(info);
-  if (!memory.bitmap) return false;
-  if (!BitBlt(memory.context, 0, 0, static_cast<int>(picture.width),
-              static_cast<int>(picture.height), screen.context, part.left, part.top,
-              SRCCOPY | CAPTUREBLT)) {
-    return false;
-  }
-  GdiFlush();
-  const auto* first = static_cast<const BYTE*>(memory.bits);
-  picture.pixels.assign(first, first + size_t{4} * picture.width * picture.height);
-  return true;
+  const Context screen(CreateDCW(L"DISPLAY", nullptr, nullptr, nullptr));
+  const Context memory(CreateCompatibleDC(screen.get()));
+  void* bits = nullptr;
+  Bitmap bitmap(CreateDIBSection(memory.get(), &info, DIB_RGB_COLORS, &bits, nullptr, 0));
+  if (!bitmap) return nullptr;
+  const HGDIOBJ previous = SelectObject(memory.get(), bitmap.get());
+  const BOOL copied = BitBlt(memory.get(), 0, 0, info.bmiHeader.biWidth, info.bmiHeader.biHeight,
+                             screen.get(), part.left, part.top, SRCCOPY | CAPTUREBLT);
+  SelectObject(memory.get(), previous);
+  return copied ? std::move(bitmap) : nullptr;
 }
 
 void check(HRESULT result) {
   if (FAILED(result)) _com_issue_error(result);
 }
 
-void writePng(const std::wstring& file, Picture& picture) {
+void writePng(const std::wstring& file, HBITMAP bitmap) {
   IWICImagingFactoryPtr factory;
   check(factory.CreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER));
+  IWICBitmapPtr picture;
+  check(factory->CreateBitmapFromHBITMAP(bitmap, nullptr, WICBitmapIgnoreAlpha, &picture));
   IWICStreamPtr stream;
   check(factory->CreateStream(&stream));
   check(stream->InitializeFromFilename(file.c_str(), GENERIC_WRITE));
@@ -134,13 +96,7 @@ void writePng(const std::wstring& file, Picture& picture) {
   IWICBitmapFrameEncodePtr frame;
   check(encoder->CreateNewFrame(&frame, nullptr));
   check(frame->Initialize(nullptr));
-  check(frame->SetSize(picture.width, picture.height));
-  WICPixelFormatGUID format = GUID_WICPixelFormat32bppBGR;
-  check(frame->SetPixelFormat(&format));
-  if (!IsEqualGUID(format, GUID_WICPixelFormat32bppBGR)) check(WINCODEC_ERR_UNSUPPORTEDPIXELFORMAT);
-  const UINT stride = picture.width * 4;
-  check(frame->WritePixels(picture.height, stride, static_cast<UINT>(picture.pixels.size()),
-                           picture.pixels.data()));
+  check(frame->WriteSource(picture, nullptr));
   check(frame->Commit());
   check(encoder->Commit());
 }
@@ -148,17 +104,20 @@ void writePng(const std::wstring& file, Picture& picture) {
 }  // namespace
 
 void savePicture(const std::wstring& file) {
-  Picture picture;
-  paintWindows();
-  if (!copyScreen(picture)) throw DialogError(L"the screen can't be copied");
+  std::vector<HWND> windows = threadWindows();
+  windows.erase(std::remove_if(windows.begin(), windows.end(),
+                               [](HWND window) { return !IsWindowVisible(window); }),
+                windows.end());
+  paintWindows(windows);
+  const Bitmap picture = copyScreen(partOfScreen(windows));
+  if (!picture) throw DialogError(L"the screen can't be copied");
   const std::wstring unfinished = file + L".part";
   try {
-    writePng(unfinished, picture);
+    writePng(unfinished, picture.get());
   } catch (const _com_error& error) {
     DeleteFileW(unfinished.c_str());
     wchar_t code[16];
-    std::swprintf(code, sizeof(code) / sizeof(*code), L"0x%08lX",
-                  static_cast<unsigned long>(error.Error()));
+    std::swprintf(code, std::size(code), L"0x%08lX", static_cast<unsigned long>(error.Error()));
     throw DialogError(L"the picture " + wb::quoted(file) + L" can't be written, result " + code);
   }
   if (!MoveFileExW(unfinished.c_str(), file.c_str(), MOVEFILE_REPLACE_EXISTING)) {

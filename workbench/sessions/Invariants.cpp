@@ -12,7 +12,6 @@
 #include "core/Text.h"
 #include "core/Transcript.h"
 #include "dialogs/Reader.h"
-#include "dialogs/StatusWindow.h"
 #include "sessions/Places.h"
 #include "store/Store.h"
 #include "ui/resource.h"

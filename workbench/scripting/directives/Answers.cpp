@@ -22,7 +22,7 @@ void answer(ScriptContext&, Arguments& arguments) {
   const std::wstring button = arguments.word();
   if (!isButton(button)) arguments.fail(wb::quoted(button) + L" is no button");
   std::vector<AnswerStep> steps;
-  if (arguments.take(L"shot")) steps.push_back(TakePicture{windowsPath(arguments.textUntil())});
+  if (arguments.take(L"shot")) steps.push_back(takePicture(windowsPath(arguments.textUntil())));
   arguments.end();
   Answers::instance().queue(button, std::move(steps));
 }
@@ -39,12 +39,12 @@ void answerAny(ScriptContext&, Arguments& arguments) {
 void fill(ScriptContext&, Arguments& arguments) {
   const int id = arguments.number();
   Answers::instance().prepare(
-      FillControl{id, arguments.atEnd() ? std::wstring() : arguments.textUntil()});
+      fillControl(id, arguments.atEnd() ? std::wstring() : arguments.textUntil()));
 }
 
 void check(ScriptContext&, Arguments& arguments) {
   const int id = arguments.number();
-  Answers::instance().prepare(CheckControl{id, arguments.onOff()});
+  Answers::instance().prepare(checkControl(id, arguments.onOff()));
   arguments.end();
 }
 
@@ -56,25 +56,25 @@ int rowNumber(Arguments& arguments) {
 }
 
 void row(ScriptContext&, Arguments& arguments) {
-  Answers::instance().prepare(SelectRow{rowNumber(arguments), false});
+  Answers::instance().prepare(selectRow(rowNumber(arguments), false));
 }
 
 void activateRow(ScriptContext&, Arguments& arguments) {
-  Answers::instance().queue({}, {SelectRow{rowNumber(arguments), true}});
+  Answers::instance().queue({}, {selectRow(rowNumber(arguments), true)});
 }
 
 void press(ScriptContext&, Arguments& arguments) {
-  Answers::instance().prepare(ClickControl{arguments.number()});
+  Answers::instance().prepare(clickControl(arguments.number()));
   arguments.end();
 }
 
 void shotNext(ScriptContext&, Arguments& arguments) {
-  Answers::instance().prepare(TakePicture{windowsPath(arguments.textUntil())});
+  Answers::instance().prepare(takePicture(windowsPath(arguments.textUntil())));
 }
 
 void textsNext(ScriptContext&, Arguments& arguments) {
   arguments.end();
-  Answers::instance().prepare(TellTexts{});
+  Answers::instance().prepare(reportTexts());
 }
 
 }  // namespace

@@ -4,7 +4,7 @@
 
 #include "core/Text.h"
 #include "core/Transcript.h"
-#include "dialogs/DialogError.h"
+#include "dialogs/Reader.h"
 #include "dialogs/Screenshot.h"
 #include "editor/Host.h"
 #include "scripting/Directives.h"

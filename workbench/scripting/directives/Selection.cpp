@@ -2,7 +2,7 @@
 
 #include "editor/Selection.h"
 #include "core/Transcript.h"
-#include "dialogs/DialogError.h"
+#include "dialogs/Reader.h"
 #include "editor/ContextMenus.h"
 #include "editor/Host.h"
 #include "gate/HostError.h"

@@ -2,7 +2,6 @@
 
 #include "core/Transcript.h"
 #include "dialogs/Reader.h"
-#include "dialogs/StatusWindow.h"
 #include "scripting/Directives.h"
 #include "ui/resource.h"
 #include "watch/ImportWatch.h"
