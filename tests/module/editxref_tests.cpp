@@ -1,7 +1,6 @@
 #include <windows.h>
 
 #include "core/Text.h"
-#include "editor/DocumentManager.h"
 #include "editor/Host.h"
 #include "module/XrefSession.h"
 

@@ -1,8 +1,6 @@
 #include <filesystem>
 
 #include "database/Drawing.h"
-#include "editor/Document.h"
-#include "editor/DocumentManager.h"
 #include "editor/Host.h"
 #include "shared/ModuleSession.h"
 

@@ -1,7 +1,6 @@
 #include <filesystem>
 
 #include "core/Accounts.h"
-#include "editor/CommandStack.h"
 #include "editor/Host.h"
 #include "shared/ModuleSession.h"
 

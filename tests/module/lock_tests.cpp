@@ -4,8 +4,6 @@
 #include <adscodes.h>
 
 #include "database/Drawing.h"
-#include "editor/Document.h"
-#include "editor/DocumentManager.h"
 #include "editor/Host.h"
 #include "shared/ModuleSession.h"
 

@@ -13,10 +13,6 @@
 #include "core/Text.h"
 #include "database/Drawing.h"
 #include "dialogs/Answers.h"
-#include "editor/CommandRunner.h"
-#include "editor/CommandStack.h"
-#include "editor/DocumentManager.h"
-#include "editor/Editor.h"
 #include "editor/Host.h"
 #include "editor/Selection.h"
 #include "shared/ModuleSession.h"
@@ -189,7 +185,7 @@ TEST_F(GuardReentrance, ADrawingSavedInTheBackgroundIsNotChangedByTheOneOnTop) {
   AcDbDatabase* const unchanged = host().documents().active()->database();
   run("@vault checkout " + other + "\n@open " + other + "\n@edit\n");
   mark();
-  host().editor().beginSave(unchanged, pathOf(L"Plan.dxf"));
+  host().editor().beginSave(unchanged, pathOf(L"Plan.dxf").c_str());
   host().runUntilIdle();
   EXPECT_EQ(count(L"client: ") + count(L"send: "), 0) << recent();
   // On top it is looked at.

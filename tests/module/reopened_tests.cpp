@@ -1,4 +1,3 @@
-#include "editor/DocumentManager.h"
 #include "editor/Host.h"
 #include "shared/ModuleSession.h"
 

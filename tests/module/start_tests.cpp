@@ -1,6 +1,5 @@
 // What the module does at its start when Windows or the memory refuses something.
 #include "core/Accounts.h"
-#include "editor/CommandStack.h"
 #include "editor/Host.h"
 #include "shared/ModuleSession.h"
 

@@ -4,8 +4,6 @@
 #include <map>
 
 #include "database/Drawing.h"
-#include "editor/Document.h"
-#include "editor/DocumentManager.h"
 #include "editor/Host.h"
 #include "faults/Faults.h"
 #include "shared/DrawingTest.h"

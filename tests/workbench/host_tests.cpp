@@ -209,7 +209,7 @@ TEST_F(HostTest, FilesAreSelectedThroughTheCallbacksAndLocksCanBeRefused) {
   EXPECT_TRUE(inOrder({L"selected with flags 266498", L"flags=0x41102", L"opened"}));
   run(L"T_LOCK");
   EXPECT_TRUE(said(L"lock status 0"));
-  host.refuseLocks(1);
+  host.documents().refuseLocks(1);
   run(L"T_LOCK");
   EXPECT_TRUE(inOrder({L"documentLockModeChangeVetoed", L"lock status"}));
   EXPECT_FALSE(said(L"leak:")) << text();

@@ -13,7 +13,6 @@
 #include "core/RegistrySettings.h"
 #include "core/Transcript.h"
 #include "dialogs/Answers.h"
-#include "editor/CommandStack.h"
 #include "editor/Host.h"
 #include "workbench/BareSession.h"
 

@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <map>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -54,51 +55,40 @@ struct CommandLine {
   bool desk = false;
 };
 
-unsigned seconds(const wchar_t* text) {
+unsigned seconds(const std::wstring& text) {
   wchar_t* end = nullptr;
-  const unsigned long value = std::wcstoul(text, &end, 10);
-  if (!*text || *end || value > 86400) throw UsageError("--timeout needs a number of seconds");
+  const unsigned long value = std::wcstoul(text.c_str(), &end, 10);
+  if (text.empty() || *end || value > 86400)
+    throw UsageError("--timeout needs a number of seconds");
   return static_cast<unsigned>(value);
-}
-
-std::wstring temporaryFolder() {
-  wchar_t folder[MAX_PATH + 1] = L"";
-  GetTempPathW(static_cast<DWORD>(std::size(folder)), folder);
-  return folder;
 }
 
 CommandLine parse(int count, wchar_t** arguments) {
   CommandLine line;
   wb::SessionOptions& session = line.session;
   session.echo = true;
+  std::wstring timeout = std::to_wstring(session.timeoutSeconds);
+  const std::map<std::wstring, std::wstring*> values = {
+      {L"--module", &session.module},     {L"--client", &session.client},
+      {L"--script", &line.script},        {L"--work", &session.workFolder},
+      {L"--drawings", &session.drawings}, {L"--timeout", &timeout}};
+  const std::map<std::wstring, bool*> switches = {{L"--interactive", &session.interactive},
+                                                  {L"--desk", &line.desk},
+                                                  {L"--keep", &session.keep}};
   for (int at = 1; at < count; ++at) {
     const std::wstring name = arguments[at];
-    const auto value = [&]() -> const wchar_t* {
-      if (at + 1 == count) throw UsageError(wb::toUtf8(name) + " needs a value");
-      return arguments[++at];
-    };
-    if (name == L"--module") {
-      session.module = value();
-    } else if (name == L"--client") {
-      session.client = value();
-    } else if (name == L"--script") {
-      line.script = value();
-    } else if (name == L"--work") {
-      session.workFolder = value();
-    } else if (name == L"--drawings") {
-      session.drawings = value();
-    } else if (name == L"--timeout") {
-      session.timeoutSeconds = seconds(value());
-    } else if (name == L"--interactive") {
-      session.interactive = true;
-    } else if (name == L"--desk") {
-      line.desk = session.interactive = true;
-    } else if (name == L"--keep") {
-      session.keep = true;
-    } else {
+    if (switches.count(name)) {
+      *switches.at(name) = true;
+    } else if (!values.count(name)) {
       throw UsageError("unknown: " + wb::toUtf8(name));
+    } else if (++at == count) {
+      throw UsageError(wb::toUtf8(name) + " needs a value");
+    } else {
+      *values.at(name) = arguments[at];
     }
   }
+  session.timeoutSeconds = seconds(timeout);
+  if (line.desk) session.interactive = true;
   if (line.script.empty() && !session.interactive) {
     throw UsageError("--script, --interactive or --desk is needed");
   }
@@ -119,7 +109,8 @@ void fillDefaults(CommandLine& line) {
   wb::SessionOptions& session = line.session;
   if (session.module.empty()) session.module = programs / L"TessaroAcad.arx";
   if (session.client.empty()) session.client = programs / L"TessaroClient.dll";
-  if (session.workFolder.empty()) session.workFolder = temporaryFolder() + L"acad";
+  if (session.workFolder.empty())
+    session.workFolder = std::filesystem::temp_directory_path() / L"acad";
   if (session.drawings.empty()) session.drawings = sampleDrawings(programs);
   if (!line.script.empty()) line.script = wb::windowsPath(line.script);
 }
@@ -142,7 +133,7 @@ int run(CommandLine line) {
   } else if (ok && line.session.interactive) {
     session.interact();
   }
-  // An error that a person was told of was his own; what leaked, never.
+  // Errors of a person at the prompt don't count; what leaked does.
   const size_t problems = wb::Transcript::instance().problems();
   session.end();
   const bool leaked = wb::Transcript::instance().anySince(

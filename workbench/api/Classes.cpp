@@ -33,6 +33,12 @@ using wb::HostCall;
   [[maybe_unused]] AcRxClass* const CLASS##Description = CLASS::desc();             \
   }
 
+/// The same for a class of objects in a drawing.
+#define DEFINE_DB_CLASS(CLASS, PARENT)   \
+  DEFINE_RX_CLASS(CLASS, PARENT::desc()) \
+  CLASS::CLASS() = default;              \
+  CLASS::~CLASS() = default;
+
 DEFINE_RX_CLASS(AcRxObject, nullptr)
 DEFINE_RX_CLASS(AcRxClass, AcRxObject::desc())
 DEFINE_RX_CLASS(AcRxDictionary, AcRxObject::desc())
@@ -51,38 +57,18 @@ DEFINE_RX_CLASS(AcApDocManagerReactor, AcRxObject::desc())
 DEFINE_RX_CLASS(AcDbHostApplicationServices, AcRxObject::desc())
 DEFINE_RX_CLASS(AcDbDatabase, AcRxObject::desc())
 DEFINE_RX_CLASS(AcGiDrawable, AcRxObject::desc())
-DEFINE_RX_CLASS(AcDbObject, AcGiDrawable::desc())
 DEFINE_RX_CLASS(AcDbObjectIterator, AcRxObject::desc())
-DEFINE_RX_CLASS(AcDbSymbolTable, AcDbObject::desc())
-DEFINE_RX_CLASS(AcDbSymbolTableRecord, AcDbObject::desc())
-DEFINE_RX_CLASS(AcDbBlockTable, AcDbSymbolTable::desc())
-DEFINE_RX_CLASS(AcDbBlockTableRecord, AcDbSymbolTableRecord::desc())
-DEFINE_RX_CLASS(AcDbLayout, AcDbObject::desc())
-DEFINE_RX_CLASS(AcDbEntity, AcDbObject::desc())
-DEFINE_RX_CLASS(AcDbBlockReference, AcDbEntity::desc())
-DEFINE_RX_CLASS(AcDbText, AcDbEntity::desc())
-DEFINE_RX_CLASS(AcDbAttribute, AcDbText::desc())
+DEFINE_DB_CLASS(AcDbObject, AcGiDrawable)
+DEFINE_DB_CLASS(AcDbSymbolTable, AcDbObject)
+DEFINE_DB_CLASS(AcDbSymbolTableRecord, AcDbObject)
+DEFINE_DB_CLASS(AcDbBlockTable, AcDbSymbolTable)
+DEFINE_DB_CLASS(AcDbBlockTableRecord, AcDbSymbolTableRecord)
+DEFINE_DB_CLASS(AcDbLayout, AcDbObject)
+DEFINE_DB_CLASS(AcDbEntity, AcDbObject)
+DEFINE_DB_CLASS(AcDbBlockReference, AcDbEntity)
+DEFINE_DB_CLASS(AcDbText, AcDbEntity)
+DEFINE_DB_CLASS(AcDbAttribute, AcDbText)
 
 AcRxObject::AcRxObject() { const HostCall call(THIS_FUNCTION); }
 AcGiDrawable::AcGiDrawable() = default;
-AcDbObject::AcDbObject() = default;
-AcDbObject::~AcDbObject() = default;
-AcDbEntity::AcDbEntity() = default;
-AcDbEntity::~AcDbEntity() = default;
-AcDbSymbolTable::AcDbSymbolTable() = default;
-AcDbSymbolTable::~AcDbSymbolTable() = default;
-AcDbSymbolTableRecord::AcDbSymbolTableRecord() = default;
-AcDbSymbolTableRecord::~AcDbSymbolTableRecord() = default;
-AcDbBlockTable::AcDbBlockTable() = default;
-AcDbBlockTable::~AcDbBlockTable() = default;
-AcDbBlockTableRecord::AcDbBlockTableRecord() = default;
-AcDbBlockTableRecord::~AcDbBlockTableRecord() = default;
-AcDbLayout::AcDbLayout() = default;
-AcDbLayout::~AcDbLayout() = default;
-AcDbBlockReference::AcDbBlockReference() = default;
-AcDbBlockReference::~AcDbBlockReference() = default;
-AcDbText::AcDbText() = default;
-AcDbText::~AcDbText() = default;
-AcDbAttribute::AcDbAttribute() = default;
-AcDbAttribute::~AcDbAttribute() = default;
 AcDbDatabase::AcDbDatabase() = default;

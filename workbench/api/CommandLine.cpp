@@ -1,4 +1,5 @@
 #include <acedads.h>
+#include <acutmem.h>
 #include <adscodes.h>
 
 #include <cstdarg>
@@ -7,19 +8,18 @@
 #include <string>
 #include <vector>
 
+#include "core/Text.h"
 #include "core/Transcript.h"
-#include "editor/CommandLine.h"
-#include "editor/CommandRunner.h"
-#include "editor/DocumentManager.h"
+#include "database/Drawing.h"
 #include "editor/Host.h"
-#include "editor/Variables.h"
 #include "gate/HostCall.h"
 
+using wb::Host;
 using wb::HostCall;
 
 namespace {
 
-// An application may hand narrow text where wide text is expected. A wide text that begins with
+// An application may pass narrow text where wide text is expected. A wide text that begins with
 // a character of ASCII, as every command does, has a zero as its second byte.
 std::wstring textArgument(const void* argument) {
   const char* bytes = static_cast<const char*>(argument);
@@ -58,6 +58,27 @@ bool readArguments(int type, va_list list, std::vector<std::wstring>& words) {
   return true;
 }
 
+int number(resbuf& result, int value) {
+  result.restype = RTSHORT;
+  result.resval.rint = static_cast<short>(value);
+  return RTNORM;
+}
+
+int text(resbuf& result, const std::wstring& value) {
+  result.restype = RTSTR;
+  return acutNewString(value.c_str(), result.resval.rstring) == Acad::eOk ? RTNORM : RTERROR;
+}
+
+int readVariable(const wb::Document& document, std::wstring_view name, resbuf& result) {
+  const std::wstring title = document.title(), path = document.path();
+  if (wb::sameName(name, L"DBMOD")) return number(result, document.drawing()->dbmod());
+  if (wb::sameName(name, L"DWGNAME")) return text(result, title.substr(title.rfind(L'\\') + 1));
+  if (wb::sameName(name, L"DWGPREFIX")) return text(result, path.substr(0, path.rfind(L'\\') + 1));
+  if (wb::sameName(name, L"DWGTITLED")) return number(result, path.empty() ? 0 : 1);
+  if (wb::sameName(name, L"WRITESTAT")) return number(result, document.readOnly() ? 0 : 1);
+  return RTERROR;
+}
+
 }  // namespace
 
 extern "C" {
@@ -65,7 +86,7 @@ extern "C" {
 int acedPrompt(const ACHAR* text) {
   return HostCall(THIS_FUNCTION).run(RTERROR, [&] {
     if (!text) return RTERROR;
-    wb::commandLineSays(text);
+    Host::instance().runner().say(text);
     return RTNORM;
   });
 }
@@ -73,13 +94,14 @@ int acedPrompt(const ACHAR* text) {
 int acedGetInt(const ACHAR* prompt, int* result) {
   return HostCall(THIS_FUNCTION, HostCall::swept).run(RTERROR, [&] {
     if (!result) return RTERROR;
+    wb::CommandRunner& runner = Host::instance().runner();
     for (;;) {
-      wb::commandLineSays(prompt ? prompt : L"");
-      std::wstring token;
-      if (wb::Host::instance().runner().ask(token) == wb::InputQueue::Read::Cancel) return RTCAN;
-      if (token.empty()) return RTNONE;
-      if (parseInteger(token, *result)) return RTNORM;
-      wb::commandLineSays(L"\nRequires an integer between -32768 and 32767.");
+      runner.say(prompt ? prompt : L"");
+      const auto token = runner.ask();
+      if (!token) return RTCAN;
+      if (token->empty()) return RTNONE;
+      if (parseInteger(*token, *result)) return RTNORM;
+      runner.say(L"\nRequires an integer between -32768 and 32767.");
     }
   });
 }
@@ -91,7 +113,7 @@ int acedCommand(int rtype, ...) {
     std::vector<std::wstring> words;
     if (!readArguments(rtype, list, words)) return RTERROR;
     if (words.empty()) return RTNORM;
-    wb::Host& host = wb::Host::instance();
+    Host& host = Host::instance();
     wb::Document* document = host.documents().context();
     if (!document || document->gone()) {
       wb::tell(wb::Event::command,
@@ -109,9 +131,22 @@ int acedCommand(int rtype, ...) {
 int acedGetVar(const ACHAR* name, resbuf* result) {
   return HostCall(THIS_FUNCTION).run(RTERROR, [&] {
     const auto* document =
-        static_cast<const wb::Document*>(wb::Host::instance().documents().curDocument());
-    if (!name || !result || !document) return RTERROR;
-    return wb::readVariable(*document, name, *result) ? RTNORM : RTERROR;
+        static_cast<const wb::Document*>(Host::instance().documents().curDocument());
+    return name && result && document ? readVariable(*document, name, *result) : RTERROR;
+  });
+}
+
+int acedDefun(const ACHAR* name, short functionCode) {
+  return HostCall(THIS_FUNCTION).run(RTERROR, [&] {
+    return name && *name && Host::instance().modules().define(name, functionCode) ? RTNORM
+                                                                                  : RTERROR;
+  });
+}
+
+int acedRegFunc(int (*function)(void), int functionCode) {
+  return HostCall(THIS_FUNCTION).run(RTERROR, [&] {
+    return function && Host::instance().modules().setFunction(function, functionCode) ? RTNORM
+                                                                                      : RTERROR;
   });
 }
 }

@@ -4,7 +4,6 @@
 #include "core/HandleLedger.h"
 #include "core/SessionState.h"
 #include "database/Drawing.h"
-#include "editor/DocumentManager.h"
 #include "editor/Host.h"
 #include "foundation/HostExtras.h"
 #include "gate/HostCall.h"

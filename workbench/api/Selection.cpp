@@ -1,30 +1,99 @@
+#include "editor/Selection.h"
+
 #include <acedads.h>
 #include <adscodes.h>
 
 #include <algorithm>
+#include <map>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/SessionState.h"
 #include "core/Transcript.h"
-#include "editor/SelectionPrompt.h"
-#include "editor/SelectionSets.h"
+#include "dialogs/Answers.h"
+#include "editor/Commands.h"
 #include "gate/HostCall.h"
 
+using wb::CommandRunner;
 using wb::HostCall;
+using wb::Selection;
 
 namespace {
 
-// In the second half of a name, tells a set from an entity, which has 0 there.
+// The second half of a set's name; that of an entity's is 0.
 constexpr long long setMark = 1;
+constexpr size_t mostSets = 128;
 
-wb::SelectionSets& sets() { return wb::sessionPart<wb::SelectionSets>(); }
+/// The selection sets that applications have, by their numbers.
+struct Sets {
+  struct Set {
+    Selection::Ids ids;
+    wb::Ticket ticket;
+  };
+  std::map<long long, Set> sets;
+  long long last = 0;
+};
 
-/// 0, which no set has, for the name of something else.
-long long setNumber(const ads_name name) { return name[1] == setMark ? name[0] : 0; }
+/// @throws HostError for the name of something else
+auto findSet(const ads_name name) {
+  auto& sets = wb::sessionPart<Sets>().sets;
+  const auto found = name[1] == setMark ? sets.find(name[0]) : sets.end();
+  if (found == sets.end()) throw wb::HostError(L"there is no such selection set");
+  return found;
+}
 
 void nameEntity(AcDbObjectId id, ads_name name) {
   name[0] = id.asOldId();
   name[1] = 0;
+}
+
+int useAnswer(const std::vector<std::wstring>& names, Selection::Ids& ids) {
+  if (names.size() == 1 && names[0] == L"none") {
+    CommandRunner::say(L"*Cancel*");
+    return RTCAN;
+  }
+  try {
+    for (const std::wstring& name : names) Selection::addNamed(name, ids);
+  } catch (const wb::HostError& error) {
+    // A person who tries anything may miss.
+    if (wb::Answers::instance().answersAny()) {
+      CommandRunner::say(L"0 found");
+    } else {
+      wb::tell({wb::Event::error,
+                wb::Event::noSelection,
+                {},
+                L"the selection can't be made: " + error.reason});
+    }
+    return RTERROR;
+  }
+  CommandRunner::say(std::to_wstring(ids.size()) + L" found");
+  return ids.empty() ? RTERROR : RTNORM;
+}
+
+void addTyped(const std::wstring& name, Selection::Ids& ids) {
+  try {
+    Selection::addNamed(name, ids);
+    CommandRunner::say(std::to_wstring(ids.size()) + L" found");
+  } catch (const wb::HostError& error) {
+    CommandRunner::say(error.reason);
+  }
+}
+
+/// Asks the user for entities: a queued answer first, else what is typed.
+/// @param many whether to ask until the answer is empty
+/// @return RTNORM, RTERROR for nothing picked, RTCAN
+int askForEntities(const ACHAR* prompt, bool many, Selection::Ids& ids) {
+  const auto queued = Selection::instance().takeAnswer();
+  do {
+    CommandRunner::say(prompt);
+    if (queued) return useAnswer(*queued, ids);
+    const auto typed = CommandRunner::ask();
+    if (!typed) return RTCAN;
+    if (typed->empty()) break;
+    addTyped(*typed, ids);
+  } while (many);
+  return ids.empty() ? RTERROR : RTNORM;
 }
 
 }  // namespace
@@ -42,13 +111,17 @@ int acedSSGet(const ACHAR* mode, const void* point1, const void* point2, const r
       return RTERROR;
     }
     // What the user picked before the command also answers the prompt.
-    wb::Selection::Ids ids = wb::Selection::instance().picked();
+    Selection::Ids ids = Selection::instance().picked();
     if (ids.empty()) {
       if (implied) return RTERROR;
-      const int asked = wb::SelectionPrompt(L"\nSelect objects: ").askMany(ids);
+      const int asked = askForEntities(L"\nSelect objects: ", true, ids);
       if (asked != RTNORM) return asked;
     }
-    ss[0] = sets().make(std::move(ids));
+    auto& [sets, last] = wb::sessionPart<Sets>();
+    if (sets.size() >= mostSets) return RTERROR;
+    const std::wstring label = std::to_wstring(ids.size()) + L" entities";
+    sets[++last] = {std::move(ids), wb::handOut(L"selection set", label)};
+    ss[0] = last;
     ss[1] = setMark;
     return RTNORM;
   });
@@ -57,14 +130,14 @@ int acedSSGet(const ACHAR* mode, const void* point1, const void* point2, const r
 int acedSSLength(const ads_name ss, long* length) {
   return HostCall(THIS_FUNCTION, HostCall::swept).run(RTERROR, [&] {
     if (!length) return RTERROR;
-    *length = static_cast<long>(sets().find(setNumber(ss)).size());
+    *length = static_cast<long>(findSet(ss)->second.ids.size());
     return RTNORM;
   });
 }
 
 int acedSSName(const ads_name ss, long i, ads_name entity) {
   return HostCall(THIS_FUNCTION, HostCall::swept).run(RTERROR, [&] {
-    const wb::Selection::Ids& ids = sets().find(setNumber(ss));
+    const Selection::Ids& ids = findSet(ss)->second.ids;
     if (i < 0 || static_cast<size_t>(i) >= ids.size()) return RTERROR;
     nameEntity(ids[static_cast<size_t>(i)], entity);
     return RTNORM;
@@ -74,7 +147,9 @@ int acedSSName(const ads_name ss, long i, ads_name entity) {
 int acedSSFree(const ads_name ss) {
   return HostCall(THIS_FUNCTION).run(RTERROR, [&] {
     try {
-      sets().free(setNumber(ss));
+      const auto found = findSet(ss);
+      wb::giveBack(found->second.ticket);
+      wb::sessionPart<Sets>().sets.erase(found);
       return RTNORM;
     } catch (const wb::HostError&) {
       wb::tell(wb::Event::error, L"acedSSFree of a selection set that doesn't exist");
@@ -85,8 +160,8 @@ int acedSSFree(const ads_name ss) {
 
 int acedEntSel(const ACHAR* prompt, ads_name entity, ads_point point) {
   return HostCall(THIS_FUNCTION, HostCall::swept).run(RTERROR, [&] {
-    wb::Selection::Ids ids;
-    const int asked = wb::SelectionPrompt(prompt ? prompt : L"\nSelect object: ").askOne(ids);
+    Selection::Ids ids;
+    const int asked = askForEntities(prompt ? prompt : L"\nSelect object: ", false, ids);
     if (asked != RTNORM) return asked;
     nameEntity(ids.front(), entity);
     std::fill_n(point, 3, 0.0);

@@ -6,6 +6,8 @@
 #include "gate/HostCall.h"
 #include "notserved/Classes.h"
 
+using ErrorStatus = Acad::ErrorStatus;
+using Services = AcDbHostApplicationServices;
 using wb::HostCall;
 
 namespace {
@@ -30,11 +32,11 @@ class LayoutManager : public wb::NotServedAcDbLayoutManager {
 
 }  // namespace
 
-// The interface asks for data of the library's own; the working database in it goes with the
-// session's last document.
+// The interface asks for data of the library's own; the working database in it is reset with
+// the session's last document.
 AcDbHostApplicationServices* s_pServices = &services();
 
-AcDbHostApplicationServices::AcDbHostApplicationServices()
+Services::AcDbHostApplicationServices()
     : mp_sessionVars(nullptr),
       mpWorkingDatabase(nullptr),
       mpDefaultUndoController(nullptr),
@@ -45,45 +47,43 @@ AcDbHostApplicationServices::AcDbHostApplicationServices()
       mbDisplayMessages(Adesk::kTrue),
       mpPasswordCache(nullptr) {}
 
-AcDbHostApplicationServices::~AcDbHostApplicationServices() = default;
+Services::~AcDbHostApplicationServices() = default;
 
-void AcDbHostApplicationServices::setWorkingDatabase(AcDbDatabase* pDatabase) {
+void Services::setWorkingDatabase(AcDbDatabase* pDatabase) {
   HostCall(THIS_FUNCTION).run([&] { mpWorkingDatabase = pDatabase; });
 }
 
-AcDbLayoutManager* AcDbHostApplicationServices::layoutManager() const {
+AcDbLayoutManager* Services::layoutManager() const {
   static LayoutManager manager;
   const HostCall call(THIS_FUNCTION);
   return &manager;
 }
 
-Acad::ErrorStatus AcDbHostApplicationServices::selectFile(short* userCancel, ACHAR*& chosenPath,
-                                                          void* hwnd, const int nFlags,
-                                                          const ACHAR* prompt, const ACHAR* dir,
-                                                          const ACHAR* name, const ACHAR* type,
-                                                          int* pnChoice, bool* pbReadOnly,
-                                                          const ACHAR* pszWSTags, void* pReserved) {
+ErrorStatus Services::selectFile(short* userCancel, ACHAR*& chosenPath, void* hwnd,
+                                 const int nFlags, const ACHAR* prompt, const ACHAR* dir,
+                                 const ACHAR* name, const ACHAR* type, int* pnChoice,
+                                 bool* pbReadOnly, const ACHAR* pszWSTags, void* pReserved) {
   const HostCall call(THIS_FUNCTION);
   if (call.refused()) return Acad::eOutOfMemory;
   wb::FileSelection& selection = wb::FileSelection::instance();
-  for (SELECTFILEPROC proc : selection.callbacks()) {
+  for (const auto& callback : selection.callbacks.all()) {
     const wb::InModule outside;
-    const Acad::ErrorStatus status = proc(userCancel, chosenPath, hwnd, nFlags, prompt, dir, name,
-                                          type, pnChoice, pbReadOnly, pszWSTags, pReserved);
+    const ErrorStatus status =
+        callback.proc(userCancel, chosenPath, hwnd, nFlags, prompt, dir, name, type, pnChoice,
+                      pbReadOnly, pszWSTags, pReserved);
     if (status != Acad::eNotHandled) return status;
   }
   return call.run(Acad::eOutOfMemory,
                   [&] { return selection.pick(userCancel, chosenPath, nFlags); });
 }
 
-Acad::ErrorStatus AcDbHostApplicationServices::registerSelectFileCallback(const ACHAR* appName,
-                                                                          SELECTFILEPROC proc,
-                                                                          bool unRegister,
-                                                                          bool asPrimary) {
+ErrorStatus Services::registerSelectFileCallback(const ACHAR* appName, SELECTFILEPROC proc,
+                                                 bool unRegister, bool asPrimary) {
   return HostCall(THIS_FUNCTION).run(Acad::eInvalidInput, [&] {
     if (!appName || !proc) return Acad::eInvalidInput;
-    wb::FileSelection& selection = wb::FileSelection::instance();
-    if (unRegister) return selection.removeCallback(appName, proc) ? Acad::eOk : Acad::eKeyNotFound;
-    return selection.addCallback(appName, proc, asPrimary) ? Acad::eOk : Acad::eDuplicateKey;
+    auto& callbacks = wb::FileSelection::instance().callbacks;
+    const wb::FileSelection::Callback callback{appName, proc};
+    if (unRegister) return callbacks.remove(callback) ? Acad::eOk : Acad::eKeyNotFound;
+    return callbacks.add(callback, appName, asPrimary) ? Acad::eOk : Acad::eDuplicateKey;
   });
 }

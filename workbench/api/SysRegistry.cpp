@@ -9,47 +9,15 @@
 #include "core/SessionState.h"
 #include "core/Text.h"
 #include "database/Classes.h"
-#include "editor/CommandStack.h"
-#include "editor/Editor.h"
 #include "editor/Host.h"
-#include "editor/ModuleLoader.h"
 #include "gate/HostCall.h"
 
 using wb::HostCall;
 
 namespace {
 
-/// The services that applications register; they own none of what they take out.
-class ServiceDictionary : public wb::NotServedAcRxDictionary {
- public:
-  using NotServedAcRxDictionary::at;
-  using NotServedAcRxDictionary::remove;
-  AcRxObject* at(const ACHAR* key) const override {
-    return HostCall(L"AcRxDictionary.at").run<AcRxObject*>(nullptr, [&]() -> AcRxObject* {
-      const auto found = key ? services.find(key) : services.end();
-      return found == services.end() ? nullptr : found->second.get();
-    });
-  }
-  AcRxObject* remove(const ACHAR* key) override {
-    return HostCall(L"AcRxDictionary.remove").run<AcRxObject*>(nullptr, [&]() -> AcRxObject* {
-      const auto found = key ? services.find(key) : services.end();
-      if (found == services.end()) return nullptr;
-      AcRxObject* service = found->second.release();
-      services.erase(found);
-      return service;
-    });
-  }
-  AcRxObject* add(const ACHAR* key) {
-    return services.emplace(key, std::make_unique<Service>()).first->second.get();
-  }
-
- private:
-  class Service : public AcRxObject {};
-  std::map<std::wstring, std::unique_ptr<AcRxObject>, wb::LessIgnoringCase> services;
-};
-
-/// Classes and services of the host's own can't be taken away.
-class FixedDictionary : public wb::NotServedAcRxDictionary {
+/// A dictionary in which applications look for a key.
+class Dictionary : public wb::NotServedAcRxDictionary {
  public:
   using NotServedAcRxDictionary::at;
   using NotServedAcRxDictionary::remove;
@@ -58,15 +26,39 @@ class FixedDictionary : public wb::NotServedAcRxDictionary {
       return key ? find(key) : nullptr;
     });
   }
-  AcRxObject* remove(const ACHAR*) override {
-    return HostCall(L"AcRxDictionary.remove").run<AcRxObject*>(nullptr, [] { return nullptr; });
+  AcRxObject* remove(const ACHAR* key) override {
+    return HostCall(L"AcRxDictionary.remove").run<AcRxObject*>(nullptr, [&] {
+      return key ? take(key) : nullptr;
+    });
   }
 
  private:
   virtual AcRxObject* find(const ACHAR* key) const = 0;
+  /// Classes and services of the host's own can't be taken away.
+  virtual AcRxObject* take(const ACHAR*) { return nullptr; }
 };
 
-class ClassDictionary : public FixedDictionary {
+/// The services that applications register; they own none of what they take out.
+class ServiceDictionary : public Dictionary {
+ public:
+  AcRxObject* add(const ACHAR* key) {
+    return services.emplace(key, std::make_unique<Service>()).first->second.get();
+  }
+
+ private:
+  class Service : public AcRxObject {};
+  AcRxObject* find(const ACHAR* key) const override {
+    const auto found = services.find(key);
+    return found == services.end() ? nullptr : found->second.get();
+  }
+  AcRxObject* take(const ACHAR* key) override {
+    auto taken = services.extract(key);
+    return taken ? taken.mapped().release() : nullptr;
+  }
+  std::map<std::wstring, std::unique_ptr<AcRxObject>, wb::LessIgnoringCase> services;
+};
+
+class ClassDictionary : public Dictionary {
   AcRxObject* find(const ACHAR* key) const override { return AcRxClassImp::find(key); }
 };
 
@@ -97,7 +89,7 @@ class DynamicLinker : public wb::NotServedAcRxDynamicLinker {
   static wb::ModuleLoader& modules() { return wb::Host::instance().modules(); }
 };
 
-class SysRegistry : public FixedDictionary {
+class SysRegistry : public Dictionary {
  public:
   ServiceDictionary& services() { return services_; }
 

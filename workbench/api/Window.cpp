@@ -7,7 +7,6 @@
 #include "core/Accounts.h"
 #include "core/SessionState.h"
 #include "core/Transcript.h"
-#include "editor/ContextMenus.h"
 #include "editor/Host.h"
 #include "foundation/HostExtras.h"
 #include "gate/HostCall.h"

@@ -8,7 +8,7 @@
 
 #include <cstdlib>
 #include <cwchar>
-#include <string>
+#include <string_view>
 
 #include "database/Drawing.h"
 #include "database/Xrefs.h"
@@ -23,6 +23,15 @@ wb::Drawing& drawingOf(const AcDbDatabase* database) {
       wb::Drawing::of(database ? database : acdbHostApplicationServices()->workingDatabase());
   if (!drawing) throw wb::HostError(L"no drawing is open", Acad::eNoDatabase);
   return *drawing;
+}
+
+Acad::ErrorStatus changeXref(wb::Signature function, void (wb::Xrefs::*change)(std::wstring_view),
+                             const ACHAR* name, const AcDbDatabase* database) {
+  return HostCall(function, HostCall::swept).run(Acad::eFilerError, [&] {
+    if (!name || !*name) return Acad::eNullBlockName;
+    (drawingOf(database).xrefs().*change)(name);
+    return Acad::eOk;
+  });
 }
 
 }  // namespace
@@ -84,17 +93,9 @@ Acad::ErrorStatus acedGetCurDwgXrefGraph(AcDbXrefGraph& graph, Adesk::Boolean in
 }
 
 Acad::ErrorStatus acedXrefUnload(const ACHAR* XrefBlockname, const bool, AcDbDatabase* pHostDb) {
-  return HostCall(THIS_FUNCTION, HostCall::swept).run(Acad::eFilerError, [&] {
-    if (!XrefBlockname || !*XrefBlockname) return Acad::eNullBlockName;
-    drawingOf(pHostDb).xrefs().unload(XrefBlockname);
-    return Acad::eOk;
-  });
+  return changeXref(THIS_FUNCTION, &wb::Xrefs::unload, XrefBlockname, pHostDb);
 }
 
 Acad::ErrorStatus acedXrefReload(const ACHAR* XrefBlockname, const bool, AcDbDatabase* pHostDb) {
-  return HostCall(THIS_FUNCTION, HostCall::swept).run(Acad::eFilerError, [&] {
-    if (!XrefBlockname || !*XrefBlockname) return Acad::eNullBlockName;
-    drawingOf(pHostDb).xrefs().reload(XrefBlockname);
-    return Acad::eOk;
-  });
+  return changeXref(THIS_FUNCTION, &wb::Xrefs::reload, XrefBlockname, pHostDb);
 }

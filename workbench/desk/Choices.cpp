@@ -4,8 +4,6 @@
 
 #include "core/SessionState.h"
 #include "database/Drawing.h"
-#include "editor/CommandStack.h"
-#include "editor/DocumentManager.h"
 #include "editor/Host.h"
 #include "scripting/Session.h"
 #include "store/Store.h"

@@ -10,11 +10,8 @@
 #include "core/Text.h"
 #include "core/Transcript.h"
 #include "database/Drawing.h"
-#include "editor/ContextMenus.h"
-#include "editor/DocumentManager.h"
 #include "editor/FileSelection.h"
 #include "editor/Host.h"
-#include "editor/MainWindow.h"
 #include "editor/Selection.h"
 #include "scripting/Script.h"
 

@@ -4,14 +4,9 @@
 
 #include <algorithm>
 
-#include "core/Names.h"
 #include "database/Objects.h"
 #include "dialogs/MenuPicture.h"
-#include "editor/CommandRunner.h"
-#include "editor/DocumentManager.h"
-#include "editor/Guarded.h"
 #include "editor/Host.h"
-#include "editor/Selection.h"
 
 namespace wb {
 namespace {
@@ -29,9 +24,7 @@ void readMenu(HMENU menu, const std::wstring& submenu, AcEdUIContext* context,
     items.push_back({text, submenu, info.hSubMenu ? 0 : info.wID, (info.fState & MFS_GRAYED) != 0,
                      info.hSubMenu != nullptr, context, menu});
     if (info.hSubMenu) {
-      std::wstring path = submenu.empty() ? text : submenu + L" > ";
-      if (!submenu.empty()) path += text;
-      readMenu(info.hSubMenu, path, context, items);
+      readMenu(info.hSubMenu, submenu.empty() ? text : submenu + L" > " + text, context, items);
     }
   }
 }
@@ -39,48 +32,27 @@ void readMenu(HMENU menu, const std::wstring& submenu, AcEdUIContext* context,
 }  // namespace
 
 bool ContextMenus::add(const AcRxClass* entityClass, AcEdUIContext* context) {
-  const bool there = std::any_of(entries.begin(), entries.end(), [&](const Entry& one) {
-    return one.entityClass == entityClass && one.context == context;
-  });
-  if (!entityClass || !context || there) return false;
-  const Ticket ticket = handOut(L"context menu", entityClass->name());
-  keepBeyondCommand(ticket);
-  entries.push_back({entityClass, context, ticket});
-  return true;
+  return entityClass && context && entries.add({entityClass, context}, entityClass->name());
 }
 
 bool ContextMenus::remove(const AcRxClass* entityClass, AcEdUIContext* context) {
-  const auto found = std::find_if(entries.begin(), entries.end(), [&](const Entry& one) {
-    return one.entityClass == entityClass && one.context == context;
-  });
-  if (found == entries.end()) return false;
-  giveBack(found->ticket);
-  entries.erase(found);
-  closeMenuOf(context);
+  if (!entries.remove({entityClass, context})) return false;
+  eraseIf(open, [&](const MenuItem& item) { return item.context == context; });
   return true;
 }
 
+void ContextMenus::dropOf(HMODULE module) {
+  entries.forgetIf([&](const auto& entry) { return isOfModule(module, entry.second); });
+  eraseIf(open, [&](const MenuItem& item) { return isOfModule(module, item.context); });
+}
+
+// The contexts for entities of the class, those of its base classes included.
 std::vector<AcEdUIContext*> ContextMenus::contextsFor(const AcRxClass* entityClass) const {
   std::vector<AcEdUIContext*> contexts;
-  for (const Entry& one : entries) {
-    if (entityClass->isDerivedFrom(one.entityClass)) contexts.push_back(one.context);
+  for (const auto& [ofClass, context] : entries.all()) {
+    if (entityClass->isDerivedFrom(ofClass)) contexts.push_back(context);
   }
   return contexts;
-}
-
-void ContextMenus::dropOf(HMODULE module) {
-  entries.erase(std::remove_if(entries.begin(), entries.end(),
-                               [&](const Entry& one) { return isOfModule(module, one.context); }),
-                entries.end());
-  open.erase(std::remove_if(open.begin(), open.end(),
-                            [&](const MenuItem& item) { return isOfModule(module, item.context); }),
-             open.end());
-}
-
-void ContextMenus::closeMenuOf(const AcEdUIContext* context) {
-  open.erase(std::remove_if(open.begin(), open.end(),
-                            [&](const MenuItem& item) { return item.context == context; }),
-             open.end());
 }
 
 std::vector<AcEdUIContext*> ContextMenus::contextsForAll(const Selection::Ids& ids) const {
@@ -90,12 +62,9 @@ std::vector<AcEdUIContext*> ContextMenus::contextsForAll(const Selection::Ids& i
     const auto contexts =
         entity ? contextsFor(entity->object()->isA()) : std::vector<AcEdUIContext*>();
     if (id == ids.front()) common = contexts;
-    common.erase(std::remove_if(common.begin(), common.end(),
-                                [&](AcEdUIContext* one) {
-                                  return std::find(contexts.begin(), contexts.end(), one) ==
-                                         contexts.end();
-                                }),
-                 common.end());
+    eraseIf(common, [&](const AcEdUIContext* one) {
+      return std::find(contexts.begin(), contexts.end(), one) == contexts.end();
+    });
   }
   return common;
 }

@@ -5,9 +5,10 @@
 #include <aced.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
-#include "core/Accounts.h"
+#include "editor/Callbacks.h"
 #include "editor/Selection.h"
 
 namespace wb {
@@ -15,12 +16,12 @@ namespace wb {
 /// One item of an open right-click menu, as the person reads it.
 struct MenuItem {
   std::wstring text;     ///< without the marks of the letters to press
-  std::wstring submenu;  ///< of the popup it stands in, "A > B" for one in another; else empty
+  std::wstring submenu;  ///< of the popup that it is in, "A > B" for one in another; else empty
   UINT id;               ///< 0 for a popup
   bool grayed;
   bool isPopup;
   AcEdUIContext* context;
-  HMENU menu;  ///< the one it stands in
+  HMENU menu;  ///< the one that it is in
 };
 
 /// The applications' entries in the right-click menus, by the class of the entities.
@@ -29,13 +30,11 @@ class ContextMenus {
   /// False if the context is there already for that class.
   bool add(const AcRxClass* entityClass, AcEdUIContext* context);
   bool remove(const AcRxClass* entityClass, AcEdUIContext* context);
-  /// The contexts for entities of the class, those of its base classes included, in the order
-  /// they were added.
-  std::vector<AcEdUIContext*> contextsFor(const AcRxClass* entityClass) const;
+  /// Removes what an application left behind.
   void dropOf(HMODULE module);
 
   /// The user right-clicks these entities: each context for all of them is asked for its menu, in
-  /// the order they were added, and told that the menu is about to be shown.
+  /// the order they were added, and notified before the menu is shown.
   void rightClick(const Selection::Ids& ids);
   /// The items of the menu that was opened last, until one of them was chosen.
   const std::vector<MenuItem>& items() const { return open; }
@@ -53,16 +52,11 @@ class ContextMenus {
   void choose(const MenuItem& item);
 
  private:
-  struct Entry {
-    const AcRxClass* entityClass;
-    AcEdUIContext* context;
-    Ticket ticket;
-  };
   std::vector<HMENU> openMenus() const;
+  std::vector<AcEdUIContext*> contextsFor(const AcRxClass* entityClass) const;
   std::vector<AcEdUIContext*> contextsForAll(const Selection::Ids& ids) const;
-  void closeMenuOf(const AcEdUIContext* context);
 
-  std::vector<Entry> entries;
+  Registered<std::pair<const AcRxClass*, AcEdUIContext*>> entries{L"context menu"};
   std::vector<MenuItem> open;
   Selection::Ids clicked_;
 };

@@ -5,15 +5,8 @@
 #include "core/Transcript.h"
 #include "database/Drawing.h"
 #include "dialogs/Answers.h"
-#include "editor/CommandLine.h"
-#include "editor/DocumentManager.h"
-#include "editor/Editor.h"
 #include "editor/FileSelection.h"
 #include "editor/Host.h"
-#include "editor/InputQueue.h"
-#include "editor/LispFunctions.h"
-#include "editor/MainWindow.h"
-#include "editor/ModuleLoader.h"
 #include "gate/HostError.h"
 
 namespace wb {
@@ -29,6 +22,16 @@ bool isCompletePath(const std::filesystem::path& path) {
   return path.has_root_name() && path.has_root_directory();
 }
 
+/// Null, with the Windows error in GetLastError(), if the file is write-protected or somebody else
+/// holds it.
+FileHold holdFile(const std::wstring& path) {
+  HANDLE file = CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                            OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  return FileHold(file == INVALID_HANDLE_VALUE ? nullptr : file);
+}
+
+using Reactor = AcApDocManagerReactor;
+
 }  // namespace
 
 void DocumentManager::requireRoomForAnother() const {
@@ -36,17 +39,19 @@ void DocumentManager::requireRoomForAnother() const {
   throw HostError(L"an application that isn't registered for several documents is loaded");
 }
 
-// The events of an opening; `fill` gets the drawing in between.
-void DocumentManager::adopt(std::unique_ptr<Document> document, const std::function<void()>& fill) {
+// The events of an opening, which is called `what`; `fill` gets the drawing in between.
+void DocumentManager::adopt(std::unique_ptr<Document> document, const std::wstring& what,
+                            const std::function<void()>& fill) {
   Document* fresh = document.get();
-  fire(L"documentCreateStarted", [&](auto& reactor) { reactor.documentCreateStarted(fresh); });
+  fire(L"documentCreateStarted", &Reactor::documentCreateStarted, fresh);
   try {
     fill();
-  } catch (const HostError&) {
-    fire(L"documentCreateCanceled", [&](auto& reactor) { reactor.documentCreateCanceled(fresh); });
+  } catch (const HostError& error) {
+    fire(L"documentCreateCanceled", &Reactor::documentCreateCanceled, fresh);
     fresh->gone_ = true;
-    fresh->hold_.release();
+    fresh->hold_.reset();
     tombstones_.push_back(std::move(document));
+    tell(Event::doc, L"refused: " + what + L": " + error.reason);
     throw;
   }
   open_.push_back(std::move(document));
@@ -54,7 +59,7 @@ void DocumentManager::adopt(std::unique_ptr<Document> document, const std::funct
       [this, fresh] { return !isOpen(fresh) || fresh->isWriteLocked(); });
   tell(Event::doc, (fresh->path_.empty() ? L"created " : L"opened ") + fresh->title() +
                        (fresh->readOnly_ ? L" read-only" : L""));
-  fire(L"documentCreated", [&](auto& reactor) { reactor.documentCreated(fresh); });
+  fire(L"documentCreated", &Reactor::documentCreated, fresh);
   bringToTop(fresh, true);
 }
 
@@ -69,11 +74,12 @@ std::unique_ptr<Document> DocumentManager::make(const std::wstring& path, bool r
 void DocumentManager::open(const std::wstring& path, bool readOnly) {
   auto document = make(path, readOnly || isWriteProtected(path));
   Document& fresh = *document;
-  const auto fill = [&] {
+  adopt(std::move(document), L"opening " + path, [&] {
     if (!isCompletePath(path)) throw HostError(L"the path isn't complete");
     requireRoomForAnother();
     // Held before it is read, so that nobody can write it in between.
-    if (!fresh.readOnly_ && !fresh.hold_.take(path)) {
+    if (!fresh.readOnly_) fresh.hold_ = holdFile(path);
+    if (!fresh.readOnly_ && !fresh.hold_) {
       const DWORD error = GetLastError();
       if (error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND) {
         throw HostError(L"the file doesn't exist");
@@ -81,28 +87,17 @@ void DocumentManager::open(const std::wstring& path, bool readOnly) {
       fresh.readOnly_ = true;
     }
     fresh.drawing_ = Drawing::load(path);
-  };
-  try {
-    adopt(std::move(document), fill);
-  } catch (const HostError& error) {
-    tell(Event::doc, L"refused: opening " + path + L": " + error.reason);
-    throw;
-  }
+  });
 }
 
 void DocumentManager::create() {
   auto document = make(L"", false);
   Document& fresh = *document;
   fresh.caption_ = L"Drawing" + std::to_wstring(++unnamed_);
-  try {
-    adopt(std::move(document), [&] {
-      requireRoomForAnother();
-      fresh.drawing_ = Drawing::blank();
-    });
-  } catch (const HostError& error) {
-    tell(Event::doc, L"refused: a new drawing: " + error.reason);
-    throw;
-  }
+  adopt(std::move(document), L"a new drawing", [&] {
+    requireRoomForAnother();
+    fresh.drawing_ = Drawing::blank();
+  });
 }
 
 void DocumentManager::activate(Document* document) {
@@ -111,19 +106,19 @@ void DocumentManager::activate(Document* document) {
 
 void DocumentManager::bringToTop(Document* document, bool fresh) {
   if (Document* old = active_) {
-    fire(L"documentToBeDeactivated", [&](auto& reactor) { reactor.documentToBeDeactivated(old); });
+    fire(L"documentToBeDeactivated", &Reactor::documentToBeDeactivated, old);
   }
-  fire(L"documentToBeActivated", [&](auto& reactor) { reactor.documentToBeActivated(document); });
+  fire(L"documentToBeActivated", &Reactor::documentToBeActivated, document);
   active_ = document;
-  order_.erase(std::remove(order_.begin(), order_.end(), document), order_.end());
+  eraseIf(order_, [&](const Document* one) { return one == document; });
   order_.push_back(document);
   acdbHostApplicationServices()->setWorkingDatabase(document->databaseOf());
   Host::instance().window().show(document->title(), document->drawing());
   tell(Event::doc, L"activated " + document->title());
-  fire(L"documentBecameCurrent", [&](auto& reactor) { reactor.documentBecameCurrent(document); });
-  if (fresh) Host::instance().modules().documentLoaded(document);
+  fire(L"documentBecameCurrent", &Reactor::documentBecameCurrent, document);
+  if (fresh) Host::instance().modules().sendToAll(AcRx::kLoadDwgMsg, document);
   if (!isOpen(document) || active_ != document) return;
-  fire(L"documentActivated", [&](auto& reactor) { reactor.documentActivated(document); });
+  fire(L"documentActivated", &Reactor::documentActivated, document);
 }
 
 void DocumentManager::save(Document* document, const std::wstring& path) {
@@ -133,8 +128,8 @@ void DocumentManager::save(Document* document, const std::wstring& path) {
   if (path.empty() && document->readOnly_) throw HostError(L"the drawing is read-only");
   if (isWriteProtected(target)) throw HostError(L"the file is write-protected");
   Host::instance().modules().sendToAll(AcRx::kSaveMsg);
-  Host::instance().editor().beginSave(document->databaseOf(), target);
-  document->hold_.release();
+  Host::instance().editor().beginSave(document->databaseOf(), target.c_str());
+  document->hold_.reset();
   try {
     document->drawing_->save(target);
   } catch (const HostError&) {
@@ -150,22 +145,17 @@ void DocumentManager::save(Document* document, const std::wstring& path) {
 }
 
 void DocumentManager::holdAgain(Document* document) {
-  if (document->readOnly_ || document->path_.empty() || document->hold_.take(document->path_)) {
-    return;
-  }
+  if (document->readOnly_ || document->path_.empty()) return;
+  document->hold_ = holdFile(document->path_);
+  if (document->hold_) return;
   document->readOnly_ = true;
   tell(Event::doc, L"held by somebody else after the saving, now read-only: " + document->path_);
 }
 
 bool DocumentManager::saveForUser(Document* document) {
-  std::wstring path;
-  if (document->path_.empty()) {
-    bool readOnly = false;
-    auto& selection = FileSelection::instance();
-    path = selection.choose(FileSelection::saveFlags, L"Save Drawing As", readOnly).value_or(L"");
-    if (path.empty()) return false;
-  }
-  return saveForUserAs(document, path);
+  if (!document->path_.empty()) return saveForUserAs(document, {});
+  const auto path = FileSelection::instance().chooseToSave();
+  return path && !path->empty() && saveForUserAs(document, *path);
 }
 
 bool DocumentManager::saveForUserAs(Document* document, const std::wstring& path) {
@@ -173,28 +163,23 @@ bool DocumentManager::saveForUserAs(Document* document, const std::wstring& path
     save(document, path);
     return true;
   } catch (const HostError& error) {
-    commandLineSays(document->title() + L" was not saved: " + error.reason + L".");
+    CommandRunner::say(document->title() + L" was not saved: " + error.reason + L".");
     return false;
   }
 }
 
-// Asks what to do with unsaved changes. `refused` if the drawing has to stay open.
-bool DocumentManager::keepChanges(Document* document, bool& refused) {
+// Asks what to do with unsaved changes. False if the drawing has to stay open.
+bool DocumentManager::disposeOfChanges(Document* document) {
   const std::wstring question = L"Save changes to " + document->title() + L"?";
   const int answer = watchedMessageBox(Host::instance().mainWindow(), question.c_str(), L"AutoCAD",
                                        MB_YESNOCANCEL | MB_ICONEXCLAMATION);
-  refused = answer != IDYES && answer != IDNO;
-  return answer == IDYES;
+  return answer == IDYES ? saveForUser(document) : answer == IDNO;
 }
 
 bool DocumentManager::close(Document* document, bool ask) {
   if (!isOpen(document) || document->closing_) return false;
   document->closing_ = true;
-  bool refused = false;
-  if (ask && document->drawing_->dbmod() != 0 && keepChanges(document, refused)) {
-    refused = !saveForUser(document);
-  }
-  if (refused) {
+  if (ask && document->drawing_->dbmod() != 0 && !disposeOfChanges(document)) {
     document->closing_ = false;
     tell(Event::doc, L"refused: closing " + document->title());
     return false;
@@ -207,17 +192,16 @@ void DocumentManager::destroy(Document* document) {
   // A closing from the document's own command leaves that command's frame alone.
   const ContextScope application(*this, nullptr);
   tell(Event::doc, L"to be destroyed " + document->title());
-  fire(L"documentToBeDestroyed", [&](auto& reactor) { reactor.documentToBeDestroyed(document); });
+  fire(L"documentToBeDestroyed", &Reactor::documentToBeDestroyed, document);
   Host::instance().modules().documentUnloading(document);
   Host::instance().input().dropAll(document);
-  Host::instance().lisp().drop(document);
-  document->hold_.release();
+  document->hold_.reset();
   document->drawing_->close();
   const auto at = std::find_if(open_.begin(), open_.end(),
                                [&](const auto& one) { return one.get() == document; });
   tombstones_.push_back(std::move(*at));
   open_.erase(at);
-  order_.erase(std::remove(order_.begin(), order_.end(), document), order_.end());
+  eraseIf(order_, [&](const Document* one) { return one == document; });
   document->gone_ = true;
   document->locks_.clear();
   if (acdbHostApplicationServices()->workingDatabase() == document->databaseOf()) {
@@ -227,7 +211,7 @@ void DocumentManager::destroy(Document* document) {
   tell(
       {Event::doc, Event::documentDestroyed, document->title(), L"destroyed " + document->title()});
   const std::wstring name = document->path_;
-  fire(L"documentDestroyed", [&](auto& reactor) { reactor.documentDestroyed(name.c_str()); });
+  fire(L"documentDestroyed", &Reactor::documentDestroyed, name.c_str());
   if (active_) return;
   if (order_.empty()) {
     Host::instance().window().show({}, nullptr);
@@ -240,18 +224,17 @@ void DocumentManager::closeAll() {
   while (!open_.empty()) destroy(open_.back().get());
 }
 
-// The events of a lock come in the context of the command that locks.
-void DocumentManager::fireLock(bool before, Document* document, AcAp::DocLockMode mine,
-                               AcAp::DocLockMode next, const std::wstring& name) {
-  if (before) {
-    reactors_.each(L"documentLockModeWillChange", [&](auto& reactor) {
-      reactor.documentLockModeWillChange(document, mine, next, mine, name.c_str());
-    });
-  } else {
-    reactors_.each(L"documentLockModeChanged", [&](auto& reactor) {
-      reactor.documentLockModeChanged(document, mine, next, next, name.c_str());
-    });
-  }
+// Changes a lock with its events, which are sent in the context of the command that locks. False if
+// the document is destroyed by one of them.
+bool DocumentManager::changeLock(Document* document, AcAp::DocLockMode mine, AcAp::DocLockMode next,
+                                 const std::wstring& name, const std::function<void()>& change) {
+  reactors_.send(L"documentLockModeWillChange", &Reactor::documentLockModeWillChange, document,
+                 mine, next, mine, name.c_str());
+  if (document->gone_) return false;
+  change();
+  reactors_.send(L"documentLockModeChanged", &Reactor::documentLockModeChanged, document, mine,
+                 next, next, name.c_str());
+  return true;
 }
 
 bool DocumentManager::lock(Document* document, AcAp::DocLockMode mode, const std::wstring& name) {
@@ -259,27 +242,20 @@ bool DocumentManager::lock(Document* document, AcAp::DocLockMode mode, const std
   if (refusals_ > 0) {
     --refusals_;
     tell(Event::doc, L"refused: a lock of " + document->title());
-    fire(L"documentLockModeChangeVetoed",
-         [&](auto& reactor) { reactor.documentLockModeChangeVetoed(document, name.c_str()); });
+    fire(L"documentLockModeChangeVetoed", &Reactor::documentLockModeChangeVetoed, document,
+         name.c_str());
     return false;
   }
-  const auto mine = document->locks_.empty() ? AcAp::kNotLocked : document->locks_.back();
-  fireLock(true, document, mine, mode, name);
-  if (document->gone_) return false;
-  document->locks_.push_back(mode);
-  fireLock(false, document, mine, mode, name);
-  return true;
+  auto& locks = document->locks_;
+  return changeLock(document, locks.empty() ? AcAp::kNotLocked : locks.back(), mode, name,
+                    [&] { locks.push_back(mode); });
 }
 
 void DocumentManager::unlock(Document* document, const std::wstring& name) {
-  if (document->gone_ || document->locks_.empty()) return;
-  const auto mine = document->locks_.back();
-  const auto count = document->locks_.size();
-  const auto next = count > 1 ? document->locks_[count - 2] : AcAp::kNotLocked;
-  fireLock(true, document, mine, next, L"#" + name);
-  if (document->gone_) return;
-  document->locks_.pop_back();
-  fireLock(false, document, mine, next, L"#" + name);
+  auto& locks = document->locks_;
+  if (document->gone_ || locks.empty()) return;
+  const auto next = locks.size() > 1 ? locks[locks.size() - 2] : AcAp::kNotLocked;
+  changeLock(document, locks.back(), next, L"#" + name, [&] { locks.pop_back(); });
 }
 
 }  // namespace wb

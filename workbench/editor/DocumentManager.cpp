@@ -2,17 +2,59 @@
 
 #include <algorithm>
 
-#include "core/Names.h"
+#include "core/Text.h"
 #include "core/Transcript.h"
 #include "database/Drawing.h"
-#include "editor/CommandRunner.h"
-#include "editor/Guarded.h"
 #include "editor/Host.h"
-#include "editor/InputQueue.h"
 #include "faults/Faults.h"
 #include "gate/HostCall.h"
 
 namespace wb {
+
+Document::Document(std::wstring path, bool readOnly)
+    : path_(std::move(path)), readOnly_(readOnly) {}
+
+Document::~Document() = default;
+
+AcDbDatabase* Document::databaseOf() const { return drawing_ ? drawing_->database() : nullptr; }
+
+template <class Result, class Body>
+Result Document::serve(const wchar_t* name, Result failure, const Body& body) const {
+  return HostCall(name).run(failure, [&]() -> Result {
+    if (gone_) {
+      std::wstring method = name;
+      method.replace(method.find(L'.'), 1, L"::");
+      tell(Event::error, method + L" of the destroyed document " + title());
+    }
+    return body();
+  });
+}
+
+const ACHAR* Document::fileName() const {
+  return serve(L"AcApDocument.fileName", L"", [&] { return path_.c_str(); });
+}
+
+AcDbDatabase* Document::database() const {
+  return serve<AcDbDatabase*>(L"AcApDocument.database", nullptr, [&] { return databaseOf(); });
+}
+
+bool Document::isReadOnly() const {
+  return serve(L"AcApDocument.isReadOnly", false, [&] { return readOnly_; });
+}
+
+bool Document::isWriteLocked() const {
+  const AcAp::DocLockMode mode = lockMode(true);
+  return mode != AcAp::kNotLocked && mode != AcAp::kRead && mode != AcAp::kNone;
+}
+
+AcAp::DocLockMode Document::lockMode(bool includeMine) const {
+  return serve(L"AcApDocument.lockMode", AcAp::kNotLocked, [&] {
+    // In a document's context its locks are the asker's own.
+    const bool mine = Host::instance().documents().context() == this;
+    if (locks_.empty() || (mine && !includeMine)) return AcAp::kNotLocked;
+    return *std::max_element(locks_.begin(), locks_.end());
+  });
+}
 
 /// Walks the documents that were open when it was made, past those closed since.
 class DocumentManager::Iterator : public AcApDocumentIterator {

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <windows.h>
+
 #include <deque>
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <string>
@@ -8,10 +11,57 @@
 #include <utility>
 #include <vector>
 
-#include "editor/Document.h"
-#include "editor/ReactorList.h"
+#include "editor/Callbacks.h"
+#include "notserved/Classes.h"
 
 namespace wb {
+
+class Drawing;
+
+/// Keeps a drawing's file open for writing, so that nobody else writes it; others may read.
+struct CloseFile {
+  void operator()(HANDLE file) const { CloseHandle(file); }
+};
+using FileHold = std::unique_ptr<void, CloseFile>;
+
+/// An open drawing. After its closing it stays in memory as a tombstone: an application that still
+/// uses it is reported as an `error` instead of taking the process down.
+class Document : public NotServedAcApDocument {
+ public:
+  Document(std::wstring path, bool readOnly);
+  ~Document() override;
+
+  const ACHAR* fileName() const override;
+  AcDbDatabase* database() const override;
+  bool isReadOnly() const override;
+  AcAp::DocLockMode lockMode(bool includeMine = false) const override;
+  /// Whether somebody holds a lock under which the drawing may be changed.
+  bool isWriteLocked() const;
+
+  /// The same without the check for a late use; `path` is empty for a drawing never saved.
+  const std::wstring& path() const { return path_; }
+  /// The path, or the caption of a drawing never saved.
+  std::wstring title() const { return path_.empty() ? caption_ : path_; }
+  Drawing* drawing() const { return drawing_.get(); }
+  AcDbDatabase* databaseOf() const;
+  bool readOnly() const { return readOnly_; }
+  bool gone() const { return gone_; }
+
+ private:
+  friend class DocumentManager;
+  /// Runs a call of an application's, which is an error once the document is destroyed.
+  template <class Result, class Body>
+  Result serve(const wchar_t* name, Result failure, const Body& body) const;
+
+  std::wstring path_;
+  std::wstring caption_;
+  std::unique_ptr<Drawing> drawing_;
+  FileHold hold_;
+  bool readOnly_ = false;
+  bool closing_ = false;
+  bool gone_ = false;
+  std::vector<AcAp::DocLockMode> locks_;
+};
 
 /// The open documents, their life and its events.
 class DocumentManager : public NotServedAcApDocManager {
@@ -44,7 +94,7 @@ class DocumentManager : public NotServedAcApDocManager {
   /// Saves under the document's own name, or as `path`.
   /// @throws HostError if it can't be saved
   void save(Document* document, const std::wstring& path);
-  /// The same, but the user is asked for the name that a drawing lacks, and told what went wrong.
+  /// The same, but the user is asked for the name that a drawing lacks, and a failure is shown.
   /// @return whether it was saved
   bool saveForUser(Document* document);
   /// The same under another name.
@@ -54,7 +104,7 @@ class DocumentManager : public NotServedAcApDocManager {
   /// Closes everything without asking.
   void closeAll();
   /// A new document takes the address of the one closed last, as memory is used again in the host:
-  /// what an application still remembers of the old one then shows on the new one.
+  /// what an application still has of the old one then applies to the new one.
   void reuseAddresses() { reusesAddresses_ = true; }
 
   Document* active() const { return active_; }
@@ -82,30 +132,32 @@ class DocumentManager : public NotServedAcApDocManager {
   /// A lock with its events; `name` is the command's global name. False if it is refused.
   bool lock(Document* document, AcAp::DocLockMode mode, const std::wstring& name);
   void unlock(Document* document, const std::wstring& name);
+  /// The next `count` requests for a lock are refused.
   void refuseLocks(unsigned count) { refusals_ = count; }
 
   bool hasDeferred() const { return !deferred_.empty(); }
   void runDeferred();
 
-  /// Takes away the reactors that an application left behind.
+  /// Removes the reactors that an application left behind.
   void dropOf(HMODULE module) { reactors_.dropOf(module); }
 
  private:
   class Iterator;
   /// Sends an event of the application context.
-  template <class Event>
-  void fire(std::wstring_view name, Event&& event) {
+  template <class Method, class... Arguments>
+  void fire(const wchar_t* name, Method method, Arguments... arguments) {
     const ContextScope application(*this, nullptr);
-    reactors_.each(name, event);
+    reactors_.send(name, method, arguments...);
   }
-  void fireLock(bool before, Document* document, AcAp::DocLockMode mine, AcAp::DocLockMode next,
-                const std::wstring& name);
+  bool changeLock(Document* document, AcAp::DocLockMode mine, AcAp::DocLockMode next,
+                  const std::wstring& name, const std::function<void()>& change);
   std::unique_ptr<Document> make(const std::wstring& path, bool readOnly);
-  void adopt(std::unique_ptr<Document> document, const std::function<void()>& fill);
+  void adopt(std::unique_ptr<Document> document, const std::wstring& what,
+             const std::function<void()>& fill);
   void bringToTop(Document* document, bool fresh);
   void holdAgain(Document* document);
   void requireRoomForAnother() const;
-  bool keepChanges(Document* document, bool& refused);
+  bool disposeOfChanges(Document* document);
   void destroy(Document* document);
 
   std::vector<std::unique_ptr<Document>> open_;

@@ -2,44 +2,48 @@
 
 #include <acutmem.h>
 
-#include <algorithm>
-
-#include "core/Names.h"
 #include "core/SessionState.h"
 #include "core/Transcript.h"
 #include "dialogs/Answers.h"
-#include "editor/Guarded.h"
 #include "editor/Host.h"
 
 namespace wb {
 
+namespace {
+
+std::optional<std::wstring> choose(int flags, const wchar_t* prompt, bool& readOnly) {
+  short cancel = 0;
+  int choice = 0;
+  ACHAR* path = nullptr;
+  Acad::ErrorStatus status = Acad::eNotHandled;
+  runGuarded(L"selectFile", [&] {
+    status = acdbHostApplicationServices()->selectFile(&cancel, path, Host::instance().mainWindow(),
+                                                       flags, prompt, nullptr, nullptr, L"dxf",
+                                                       &choice, &readOnly, nullptr, nullptr);
+  });
+  std::optional<std::wstring> chosen;
+  if (status == Acad::eOk && cancel == 0 && path) chosen = path;
+  acutDelString(path);
+  return chosen;
+}
+
+}  // namespace
+
 FileSelection& FileSelection::instance() { return sessionPart<FileSelection>(); }
 
-bool FileSelection::addCallback(const ACHAR* name, SELECTFILEPROC proc, bool asPrimary) {
-  const bool there = std::any_of(registered.begin(), registered.end(), [&](const Callback& one) {
-    return sameName(one.name, name) && one.proc == proc;
-  });
-  if (there) return false;
-  const Ticket ticket = handOut(L"select-file callback", name);
-  keepBeyondCommand(ticket);
-  registered.insert(asPrimary ? registered.begin() : registered.end(), {name, proc, ticket});
-  return true;
+std::optional<std::wstring> FileSelection::chooseToOpen(bool& readOnly) {
+  return choose(openFlags, L"Select File", readOnly);
 }
 
-bool FileSelection::removeCallback(const ACHAR* name, SELECTFILEPROC proc) {
-  const auto found = std::find_if(registered.begin(), registered.end(), [&](const Callback& one) {
-    return sameName(one.name, name) && one.proc == proc;
-  });
-  if (found == registered.end()) return false;
-  giveBack(found->ticket);
-  registered.erase(found);
-  return true;
+std::optional<std::wstring> FileSelection::chooseToSave() {
+  bool readOnly = false;
+  return choose(saveFlags, L"Save Drawing As", readOnly);
 }
 
-std::vector<SELECTFILEPROC> FileSelection::callbacks() const {
-  std::vector<SELECTFILEPROC> procs;
-  for (const Callback& one : registered) procs.push_back(one.proc);
-  return procs;
+void FileSelection::dropOf(HMODULE module) {
+  callbacks.forgetIf([&](const Callback& one) {
+    return isInModule(module, reinterpret_cast<const void*>(one.proc));
+  });
 }
 
 Acad::ErrorStatus FileSelection::pick(short* userCancel, ACHAR*& chosenPath, int flags) {
@@ -58,32 +62,6 @@ Acad::ErrorStatus FileSelection::pick(short* userCancel, ACHAR*& chosenPath, int
   tell(Event::dialog, what + picked.value_or(L"cancelled"));
   if (userCancel) *userCancel = picked ? 0 : 1;
   return picked ? acutNewString(picked->c_str(), chosenPath) : Acad::eOk;
-}
-
-std::optional<std::wstring> FileSelection::choose(int flags, const wchar_t* prompt,
-                                                  bool& readOnly) {
-  short cancel = 0;
-  int choice = 0;
-  ACHAR* path = nullptr;
-  Acad::ErrorStatus status = Acad::eNotHandled;
-  runGuarded(L"selectFile", [&] {
-    status = acdbHostApplicationServices()->selectFile(&cancel, path, Host::instance().mainWindow(),
-                                                       flags, prompt, nullptr, nullptr, L"dxf",
-                                                       &choice, &readOnly, nullptr, nullptr);
-  });
-  std::optional<std::wstring> chosen;
-  if (status == Acad::eOk && cancel == 0 && path) chosen = path;
-  acutDelString(path);
-  return chosen;
-}
-
-void FileSelection::dropOf(HMODULE module) {
-  registered.erase(std::remove_if(registered.begin(), registered.end(),
-                                  [&](const Callback& one) {
-                                    return isInModule(module,
-                                                      reinterpret_cast<const void*>(one.proc));
-                                  }),
-                   registered.end());
 }
 
 }  // namespace wb

@@ -8,9 +8,9 @@
 #include <functional>
 #include <optional>
 #include <string>
-#include <vector>
 
-#include "core/Accounts.h"
+#include "core/Text.h"
+#include "editor/Callbacks.h"
 
 namespace wb {
 
@@ -28,25 +28,27 @@ class FileSelection {
   /// Nothing stands for Cancel.
   void queuePick(std::optional<std::wstring> pick) { picks.push_back(std::move(pick)); }
   /// Asks for a file on the editor's own behalf; nothing if the user cancelled.
-  std::optional<std::wstring> choose(int flags, const wchar_t* prompt, bool& readOnly);
+  std::optional<std::wstring> chooseToOpen(bool& readOnly);
+  std::optional<std::wstring> chooseToSave();
 
-  bool addCallback(const ACHAR* name, SELECTFILEPROC proc, bool asPrimary);
-  bool removeCallback(const ACHAR* name, SELECTFILEPROC proc);
-  std::vector<SELECTFILEPROC> callbacks() const;
+  /// What an application registers under a name.
+  struct Callback {
+    std::wstring name;
+    SELECTFILEPROC proc;
+    bool operator==(const Callback& other) const {
+      return sameName(name, other.name) && proc == other.proc;
+    }
+  };
+  Registered<Callback> callbacks{L"select-file callback"};
+  /// Removes what an application left behind.
+  void dropOf(HMODULE module);
+
   /// Shows a person the dialog when no answer is queued; null if there is no person.
   std::function<std::optional<std::wstring>(int flags)> ask;
   /// The dialog.
   Acad::ErrorStatus pick(short* userCancel, ACHAR*& chosenPath, int flags);
 
-  void dropOf(HMODULE module);
-
  private:
-  struct Callback {
-    std::wstring name;
-    SELECTFILEPROC proc;
-    Ticket ticket;
-  };
-  std::vector<Callback> registered;
   std::deque<std::optional<std::wstring>> picks;
 };
 

@@ -7,84 +7,45 @@
 #include "core/SessionState.h"
 #include "core/Transcript.h"
 #include "database/Drawing.h"
-#include "editor/BuiltInCommands.h"
-#include "editor/CommandRunner.h"
-#include "editor/CommandStack.h"
-#include "editor/ContextMenus.h"
-#include "editor/DocumentManager.h"
-#include "editor/Editor.h"
 #include "editor/FileSelection.h"
-#include "editor/InputQueue.h"
-#include "editor/LispFunctions.h"
 #include "editor/LoadRecord.h"
-#include "editor/MainWindow.h"
-#include "editor/ModuleLoader.h"
 #include "gate/HostError.h"
 
 namespace wb {
 
-struct Host::Parts {
-  bool running = false;
-  bool quitRequested = false;
-  MainWindow window;
-  DocumentManager documents;
-  CommandStack commands;
-  CommandRunner runner;
-  InputQueue input;
-  LispFunctions lisp;
-  ModuleLoader modules;
-  ContextMenus menus;
-  Editor editor;
-};
-
-// The drawings go before what the session has of them.
-Host::Host() : parts((databaseState(), std::make_unique<Parts>())) {}
-Host::~Host() = default;
+// The drawings are destroyed before what the session has of them.
+Host::Host() { databaseState(); }
 
 Host& Host::instance() { return sessionPart<Host>(); }
 
-bool Host::running() const { return parts->running; }
-bool Host::quitRequested() const { return parts->quitRequested; }
-void Host::requestQuit() { parts->quitRequested = true; }
-HWND Host::mainWindow() const { return parts->window.handle(); }
-MainWindow& Host::window() { return parts->window; }
-DocumentManager& Host::documents() { return parts->documents; }
-CommandStack& Host::commands() { return parts->commands; }
-CommandRunner& Host::runner() { return parts->runner; }
-InputQueue& Host::input() { return parts->input; }
-LispFunctions& Host::lisp() { return parts->lisp; }
-ModuleLoader& Host::modules() { return parts->modules; }
-ContextMenus& Host::menus() { return parts->menus; }
-Editor& Host::editor() { return parts->editor; }
-
 void Host::start() {
   if (FAILED(OleInitialize(nullptr))) throw std::runtime_error("the host can't start COM");
-  if (!parts->window.create()) {
-    parts->window.destroy();
+  if (!window_.create()) {
+    window_.destroy();
     OleUninitialize();
     throw std::runtime_error("the stand-in host can't start: it needs a display");
   }
-  parts->running = true;
-  SessionState::get().mainWindow = parts->window.handle();
-  addBuiltInCommands(parts->commands);
+  running_ = true;
+  SessionState::get().mainWindow = window_.handle();
+  commands_.addBuiltIn();
   for (const std::wstring& file : filesToLoadAtStart()) loadModule(file);
 }
 
 void Host::stop() {
-  if (!parts->running) return;
-  parts->modules.sendToAll(AcRx::kQuitMsg);
-  parts->input.clear();
-  parts->documents.closeAll();
-  parts->modules.unloadAll();
+  if (!running_) return;
+  modules_.sendToAll(AcRx::kQuitMsg);
+  input_.clear();
+  documents_.closeAll();
+  modules_.unloadAll();
   SessionState::get().mainWindow = nullptr;
-  parts->window.destroy();
-  parts->running = false;
+  window_.destroy();
+  running_ = false;
   OleUninitialize();
 }
 
 bool Host::loadModule(const std::wstring& file) {
   try {
-    parts->modules.load(file);
+    modules_.load(file);
     return true;
   } catch (const HostError& error) {
     tell(Event::error, file + L" can't be loaded: " + error.reason);
@@ -94,7 +55,7 @@ bool Host::loadModule(const std::wstring& file) {
 
 bool Host::unloadModule(const std::wstring& file) {
   try {
-    parts->modules.unload(file);
+    modules_.unload(file);
     return true;
   } catch (const HostError& error) {
     tell(Event::doc, L"refused: unloading " + file + L": " + error.reason);
@@ -103,26 +64,23 @@ bool Host::unloadModule(const std::wstring& file) {
 }
 
 void Host::type(std::wstring_view text) {
-  parts->input.add(parts->documents.active(), std::wstring(text) + L"\n", false,
-                   InputQueue::Origin::Typed);
+  input_.add(documents_.active(), std::wstring(text) + L"\n", false, InputQueue::Origin::Typed);
 }
-
-bool Host::hasWork() const { return parts->documents.hasDeferred() || parts->runner.hasRunnable(); }
 
 void Host::pumpMessages() {
   MSG message;
   while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-    dispatchMessage(parts->window.handle(), message);
+    dispatchMessage(window_.handle(), message);
   }
 }
 
 void Host::runUntilIdle() {
   do {
     pumpMessages();
-    parts->documents.runDeferred();
-    parts->runner.runNext(parts->input.lastNumber());
-  } while (hasWork());
-  parts->window.refresh();
+    documents_.runDeferred();
+    runner_.runNext(input_.lastNumber());
+  } while (documents_.hasDeferred() || runner_.hasRunnable());
+  window_.refresh();
   pumpMessages();
 }
 
@@ -133,63 +91,61 @@ bool Host::userDoes(const std::function<void()>& work) {
     work();
     done = true;
   } catch (const HostError&) {
-    // Whoever raised it has told why.
+    // It has been reported.
   }
   runUntilIdle();
   return done;
 }
 
 bool Host::open(const std::wstring& path, bool readOnly) {
-  return userDoes([&] { parts->documents.open(path, readOnly); });
+  return userDoes([&] { documents_.open(path, readOnly); });
 }
 
 bool Host::openDialog(std::optional<std::wstring> pick) {
-  const size_t before = parts->documents.all().size();
+  const size_t before = documents_.all().size();
   queuePick(std::move(pick));
   type(L"_OPEN");
   runUntilIdle();
-  return parts->documents.all().size() > before;
+  return documents_.all().size() > before;
 }
 
 bool Host::newDrawing() {
-  return userDoes([&] { parts->documents.create(); });
+  return userDoes([&] { documents_.create(); });
 }
 
 bool Host::activate(const std::wstring& path) {
-  Document* document = parts->documents.find(path);
-  parts->documents.activate(document);
+  Document* document = documents_.find(path);
+  documents_.activate(document);
   runUntilIdle();
   return document != nullptr;
 }
 
 bool Host::close(const std::wstring& path) {
-  Document* document = path.empty() ? parts->documents.active() : parts->documents.find(path);
-  const bool closed = document && parts->documents.close(document, true);
+  Document* document = path.empty() ? documents_.active() : documents_.find(path);
+  const bool closed = document && documents_.close(document, true);
   runUntilIdle();
   return closed;
 }
 
 bool Host::save(const std::wstring& path) {
-  Document* document = path.empty() ? parts->documents.active() : parts->documents.find(path);
+  Document* document = path.empty() ? documents_.active() : documents_.find(path);
   if (!document) return false;
   std::wstring reason;
   bool saved = false;
-  Command command;
-  command.global = L"QSAVE";
-  command.work = [&] {
+  const auto work = [&] {
     try {
-      parts->documents.save(document, {});
+      documents_.save(document, {});
       saved = true;
     } catch (const HostError& error) {
       reason = error.reason;
     }
   };
-  if (document == parts->documents.active()) {
-    parts->runner.run(command, document);
+  if (document == documents_.active()) {
+    runner_.run({{}, L"QSAVE", {}, 0, work}, document);
   } else {
     // In the background there is no command of that drawing: an application saves it, and the one
     // on top stays current.
-    command.work();
+    work();
   }
   if (!saved) tell(Event::doc, L"refused: saving " + document->title() + L": " + reason);
   runUntilIdle();
@@ -197,12 +153,9 @@ bool Host::save(const std::wstring& path) {
 }
 
 bool Host::edit() {
-  Document* document = parts->documents.active();
+  Document* document = documents_.active();
   if (!document) return false;
-  Command command;
-  command.global = L"LINE";
-  command.work = [&] { document->drawing()->edit(); };
-  parts->runner.run(command, document);
+  runner_.run({{}, L"LINE", {}, 0, [&] { document->drawing()->edit(); }}, document);
   runUntilIdle();
   return true;
 }
@@ -212,13 +165,7 @@ void Host::queuePick(std::optional<std::wstring> pick) {
 }
 
 bool Host::reserveCommand(const std::wstring& name) {
-  Command command;
-  command.group = L"RESERVED";
-  command.global = command.local = name;
-  command.work = [] {};
-  return parts->commands.add(std::move(command)) == Acad::eOk;
+  return commands_.add({L"RESERVED", name, name, 0, [] {}}) == Acad::eOk;
 }
-
-void Host::refuseLocks(unsigned count) { parts->documents.refuseLocks(count); }
 
 }  // namespace wb

@@ -3,29 +3,23 @@
 #include <windows.h>
 
 #include <functional>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
+#include "editor/Commands.h"
+#include "editor/ContextMenus.h"
+#include "editor/DocumentManager.h"
+#include "editor/MainWindow.h"
+#include "editor/ModuleLoader.h"
+
 namespace wb {
 
-class CommandRunner;
-class CommandStack;
-class ContextMenus;
-class DocumentManager;
-class Editor;
-class InputQueue;
-class LispFunctions;
-class MainWindow;
-class ModuleLoader;
-
 /// The stand-in for the drawing editor: its main window, documents, commands and input, on one
-/// thread. Everything that runs in it is told to the transcript.
+/// thread. The transcript reports what runs in it.
 class Host {
  public:
   Host();
-  ~Host();
 
   /// The current session's.
   /// @throws std::logic_error outside a session
@@ -35,14 +29,15 @@ class Host {
   /// loads what the load record names for the start. Once in a session.
   /// @throws std::runtime_error if Windows refuses one of them
   void start();
-  /// Quits: tells the modules, closes every document without saving, unloads the modules.
+  /// Quits: sends a message to the modules, closes every document without saving, unloads the
+  /// modules.
   void stop();
-  bool running() const;
+  bool running() const { return running_; }
 
-  /// Loads an application file by its full path; an `error` line tells why it can't be.
+  /// Loads an application file by its full path; why it can't be is an `error`.
   bool loadModule(const std::wstring& file);
   /// Unloads by path or file name. Refused if it isn't loaded, hasn't unlocked itself with the
-  /// dynamic linker, or answers `kRetError`.
+  /// dynamic linker, or returns `kRetError`.
   bool unloadModule(const std::wstring& file);
   /// Called with a module after Windows mapped it and before it gets its first message.
   std::function<void(HMODULE)> onModuleMapped;
@@ -52,17 +47,15 @@ class Host {
   /// Typed at the keyboard, with Enter behind it, for the active document.
   void type(std::wstring_view text);
   /// Called when a prompt or a command waits for typed input and none is queued; it types some
-  /// and gives true, or gives false, which cancels the prompt.
+  /// and returns true, or returns false, which cancels the prompt.
   std::function<bool()> needInput;
   /// Runs queued input and window messages until nothing is left.
   void runUntilIdle();
   /// Dispatches the window messages that wait, asking modeless windows for the focus.
   void pumpMessages();
-  /// True if queued input or deferred work waits.
-  bool hasWork() const;
 
   /// What the user does with documents; each runs until idle. The path must be complete. False,
-  /// with the reason told, if it didn't come about.
+  /// with the reason reported, if it failed.
   bool open(const std::wstring& path, bool readOnly = false);
   /// The command OPEN; the user picks `pick`, or cancels if it is empty.
   bool openDialog(std::optional<std::wstring> pick);
@@ -74,32 +67,38 @@ class Host {
   /// The user draws something in the active document.
   bool edit();
   /// What the next file dialog is answered with; nothing stands for Cancel.
-  void queuePick(std::optional<std::wstring> pick);
+  static void queuePick(std::optional<std::wstring> pick);
 
   /// Takes a command name as if another application had registered it.
   bool reserveCommand(const std::wstring& name);
-  /// The next `count` requests for a document lock are refused.
-  void refuseLocks(unsigned count);
 
   /// True after the user asked to quit, by the command QUIT or the window's close button.
-  bool quitRequested() const;
-  void requestQuit();
+  bool quitRequested() const { return quitRequested_; }
+  void requestQuit() { quitRequested_ = true; }
 
-  HWND mainWindow() const;
-  MainWindow& window();
-  DocumentManager& documents();
-  CommandStack& commands();
-  CommandRunner& runner();
-  InputQueue& input();
-  LispFunctions& lisp();
-  ModuleLoader& modules();
-  ContextMenus& menus();
-  Editor& editor();
+  HWND mainWindow() const { return window_.handle(); }
+  MainWindow& window() { return window_; }
+  DocumentManager& documents() { return documents_; }
+  CommandStack& commands() { return commands_; }
+  CommandRunner& runner() { return runner_; }
+  InputQueue& input() { return input_; }
+  ModuleLoader& modules() { return modules_; }
+  ContextMenus& menus() { return menus_; }
+  Editor& editor() { return editor_; }
 
  private:
   bool userDoes(const std::function<void()>& work);
-  struct Parts;
-  std::unique_ptr<Parts> parts;
+
+  bool running_ = false;
+  bool quitRequested_ = false;
+  MainWindow window_;
+  DocumentManager documents_;
+  CommandStack commands_;
+  CommandRunner runner_;
+  InputQueue input_;
+  ModuleLoader modules_;
+  ContextMenus menus_;
+  Editor editor_;
 };
 
 }  // namespace wb

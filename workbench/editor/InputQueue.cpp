@@ -1,6 +1,7 @@
-#include "editor/InputQueue.h"
-
 #include <algorithm>
+
+#include "editor/Callbacks.h"
+#include "editor/Commands.h"
 
 namespace wb {
 
@@ -23,12 +24,8 @@ size_t tokenLength(std::wstring_view text) {
   for (size_t i = 0; i < text.size(); ++i) {
     if (text[i] == L'"') inString = !inString;
     if (inString) continue;
-    if (text[i] == L'(') {
-      ++depth;
-    }
-    if (text[i] == L')' && --depth == 0) {
-      return i + 1;
-    }
+    if (text[i] == L'(') ++depth;
+    if (text[i] == L')' && --depth == 0) return i + 1;
   }
   return text.size();
 }
@@ -43,14 +40,13 @@ void InputQueue::addFirst(Document* document, std::wstring_view text) {
   if (!text.empty()) pieces.push_front({document, std::wstring(text), false, Origin::Sent, 0});
 }
 
-bool InputQueue::next(Document* active, Number last, Document*& target) const {
+std::optional<Document*> InputQueue::next(Document* active, Number last) const {
   for (const Piece& piece : pieces) {
     if (piece.number > last) continue;
-    if (piece.document && piece.document != active && !piece.activate) continue;
-    target = piece.document ? piece.document : active;
-    return true;
+    if (!piece.document || piece.document == active) return active;
+    if (piece.activate) return piece.document;
   }
-  return false;
+  return std::nullopt;
 }
 
 std::deque<InputQueue::Piece>::iterator InputQueue::firstFor(const Document* document) {
@@ -59,50 +55,39 @@ std::deque<InputQueue::Piece>::iterator InputQueue::firstFor(const Document* doc
   });
 }
 
-InputQueue::Read InputQueue::readCommand(const Document* document, std::wstring& token) {
+std::optional<std::wstring> InputQueue::readCommand(const Document* document) {
   for (auto piece = firstFor(document); piece != pieces.end(); piece = firstFor(document)) {
     auto start = std::find_if_not(piece->text.begin(), piece->text.end(), isEnd);
     piece->text.erase(piece->text.begin(), start);
-    if (!piece->text.empty()) return readAnswer(document, token);
+    if (!piece->text.empty()) return readAnswer(document);
     pieces.erase(piece);
   }
-  return Read::Nothing;
+  return std::nullopt;
 }
 
-InputQueue::Read InputQueue::readAnswer(const Document* document, std::wstring& token) {
-  auto piece = firstFor(document);
-  if (piece == pieces.end()) return Read::Nothing;
+std::optional<std::wstring> InputQueue::readAnswer(const Document* document) {
+  const auto piece = firstFor(document);
   std::wstring& text = piece->text;
   const size_t length = tokenLength(text);
-  const bool cancelled = length < text.size() && text[length] == escape;
-  token = cancelled ? std::wstring() : text.substr(0, length);
-  text.erase(0, length + (length < text.size() && (cancelled || isEnd(text[length])) ? 1 : 0));
+  const std::wstring token = text.substr(0, length);
+  const wchar_t behind = length < text.size() ? text[length] : L'\0';
+  const bool cancelled = behind == escape;
+  text.erase(0, length + (cancelled || isEnd(behind) ? 1 : 0));
   if (text.empty()) pieces.erase(piece);
-  if (cancelled) dropTyped(document);
-  return cancelled ? Read::Cancel : Read::Token;
-}
-
-void InputQueue::dropTyped(const Document* document) {
-  pieces.erase(std::remove_if(pieces.begin(), pieces.end(),
-                              [&](const Piece& piece) {
-                                return piece.origin == Origin::Typed &&
-                                       (!piece.document || piece.document == document);
-                              }),
-               pieces.end());
+  if (!cancelled) return token;
+  // Escape takes back what was typed ahead.
+  eraseIf(pieces, [&](const Piece& one) {
+    return one.origin == Origin::Typed && (!one.document || one.document == document);
+  });
+  return std::nullopt;
 }
 
 void InputQueue::dropAll(const Document* document) {
-  pieces.erase(std::remove_if(pieces.begin(), pieces.end(),
-                              [&](const Piece& piece) { return piece.document == document; }),
-               pieces.end());
+  eraseIf(pieces, [&](const Piece& one) { return one.document == document; });
 }
 
 void InputQueue::dropFirst(const Document* document) {
-  pieces.erase(std::remove_if(pieces.begin(), pieces.end(),
-                              [&](const Piece& piece) {
-                                return piece.number == 0 && piece.document == document;
-                              }),
-               pieces.end());
+  eraseIf(pieces, [&](const Piece& one) { return one.number == 0 && one.document == document; });
 }
 
 }  // namespace wb

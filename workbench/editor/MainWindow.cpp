@@ -146,7 +146,7 @@ LRESULT CALLBACK MainWindow::procedure(HWND handle, UINT message, WPARAM wParam,
       EnumThreadWindows(GetCurrentThreadId(), raiseIfOwned, reinterpret_cast<LPARAM>(handle));
       return 0;
     case WM_CLOSE:
-      // The documents decide: the loop that runs the editor ends it when it finds the wish.
+      // The loop that runs the editor ends it; the documents decide.
       Host::instance().requestQuit();
       return 0;
     default:

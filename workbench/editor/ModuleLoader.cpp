@@ -1,21 +1,15 @@
 #include "editor/ModuleLoader.h"
 
+#include <adscodes.h>
+
 #include <algorithm>
 #include <utility>
 
-#include "core/Names.h"
 #include "core/Program.h"
-#include "core/StandInTime.h"
+#include "core/Text.h"
 #include "core/Transcript.h"
-#include "editor/CommandRunner.h"
-#include "editor/CommandStack.h"
-#include "editor/ContextMenus.h"
-#include "editor/DocumentManager.h"
-#include "editor/Editor.h"
 #include "editor/FileSelection.h"
-#include "editor/Guarded.h"
 #include "editor/Host.h"
-#include "editor/LispFunctions.h"
 #include "gate/HostError.h"
 #include "watch/ImportWatch.h"
 
@@ -24,13 +18,21 @@ namespace wb {
 // What `acrxGetApiVersion` has to answer in its high word.
 static constexpr int apiLevel = 17;
 
+struct ModuleLoader::Function {
+  Document* document;
+  std::wstring name;
+  int code;
+  int (*call)(void);
+};
+
 struct ModuleLoader::Module {
   std::wstring file;
   HMODULE handle = nullptr;
   AcRx::AppRetCode (*entry)(AcRx::AppMsgCode, void*) = nullptr;
-  bool locked = true;  // an application stays until it says that it may go
+  bool locked = true;  // until the application unlocks itself
   bool awareOfDocuments = false;
   Ticket since = nextTicket();
+  std::vector<Function> functions;
 
   std::wstring name() const { return file.substr(file.find_last_of(L"\\/") + 1); }
 };
@@ -58,10 +60,6 @@ std::wstring whyNotMapped(DWORD error) {
 template <class Function>
 Function exported(HMODULE module, const char* name) {
   return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module, name)));
-}
-
-std::wstring messageName(AcRx::AppMsgCode message) {
-  return L"acrxEntryPoint(" + std::to_wstring(message) + L")";
 }
 
 }  // namespace
@@ -149,7 +147,6 @@ void ModuleLoader::end(Module& module, bool force) {
   host.documents().dropOf(module.handle);
   host.editor().dropOf(module.handle);
   host.menus().dropOf(module.handle);
-  host.lisp().dropOf(module.handle);
   FileSelection::instance().dropOf(module.handle);
   if (host.onModuleLeaving) host.onModuleLeaving(module.handle);
   const std::wstring name = module.name();
@@ -169,32 +166,28 @@ void ModuleLoader::unloadAll() {
 
 AcRx::AppRetCode ModuleLoader::send(Module& module, AcRx::AppMsgCode message, Document* about) {
   Module* const before = std::exchange(current, &module);
-  Document* const aboutBefore = std::exchange(document, about);
+  Document* const aboutBefore = std::exchange(currentDocument, about);
   AcRx::AppRetCode result = AcRx::kRetError;
   const InModule outside;
-  runGuarded(messageName(message), [&] { result = module.entry(message, &module); });
+  runGuarded(L"acrxEntryPoint(" + std::to_wstring(message) + L")",
+             [&] { result = module.entry(message, &module); });
   current = before;
-  document = aboutBefore;
+  currentDocument = aboutBefore;
   return result;
 }
 
-void ModuleLoader::sendToAll(AcRx::AppMsgCode message) {
-  for (const auto& one : modules) send(*one, message);
+void ModuleLoader::sendToAll(AcRx::AppMsgCode message, Document* about) {
+  for (const auto& one : modules) send(*one, message, about);
 }
 
-void ModuleLoader::documentLoaded(Document* loaded) {
-  for (const auto& one : modules) send(*one, AcRx::kLoadDwgMsg, loaded);
+template <class Predicate>
+void ModuleLoader::forget(Predicate is) {
+  for (const auto& one : modules) eraseIf(one->functions, is);
 }
 
 void ModuleLoader::documentUnloading(Document* unloading) {
-  for (const auto& one : modules) send(*one, AcRx::kUnloadDwgMsg, unloading);
-}
-
-int ModuleLoader::invoke(HMODULE module) {
-  for (const auto& one : modules) {
-    if (one->handle == module) return send(*one, AcRx::kInvkSubrMsg);
-  }
-  return AcRx::kRetError;
+  sendToAll(AcRx::kUnloadDwgMsg, unloading);
+  forget([&](const Function& function) { return function.document == unloading; });
 }
 
 bool ModuleLoader::allAwareOfDocuments() const {
@@ -202,7 +195,47 @@ bool ModuleLoader::allAwareOfDocuments() const {
                      [](const auto& one) { return one->awareOfDocuments; });
 }
 
-HMODULE ModuleLoader::messaged() const { return current ? current->handle : nullptr; }
+bool ModuleLoader::define(const std::wstring& name, int code) {
+  if (!current || !currentDocument) return false;
+  forget([&](const Function& function) {
+    return function.document == currentDocument && sameName(function.name, name);
+  });
+  current->functions.push_back({currentDocument, name, code, nullptr});
+  return true;
+}
+
+bool ModuleLoader::setFunction(int (*call)(void), int code) {
+  if (!current) return false;
+  bool found = false;
+  for (Function& function : current->functions) {
+    if (function.document != currentDocument || function.code != code) continue;
+    function.call = call;
+    found = true;
+  }
+  return found;
+}
+
+bool ModuleLoader::runFunction(const std::wstring& token, Document* document) {
+  std::wstring name = L"C:" + token;
+  if (token.size() > 2 && token.front() == L'(' && token.back() == L')') {
+    name = token.substr(1, token.size() - 2);
+  }
+  for (const auto& module : modules) {
+    for (const Function& function : module->functions) {
+      if (function.document != document || !sameName(function.name, name)) continue;
+      const auto work = [this, &module = *module, call = function.call] {
+        const InModule outside;
+        const int result = call ? call() : send(module, AcRx::kInvkSubrMsg);
+        if (result != RTNORM && result != AcRx::kRetOK) {
+          CommandRunner::say(L"; error: ADS request error");
+        }
+      };
+      Host::instance().runner().run({{}, L"(" + function.name + L")", {}, 0, work}, document);
+      return true;
+    }
+  }
+  return false;
+}
 
 bool ModuleLoader::setLocked(const void* packet, bool locked) {
   Module* module = find(packet);

@@ -8,18 +8,16 @@
 #include <string>
 #include <vector>
 
-#include "core/Accounts.h"
-
 namespace wb {
 
 class Document;
 
-/// The loaded applications and the messages to them.
+/// The loaded applications, the messages to them, and the functions that they define for LISP.
 ///
 /// An application file must be a 64-bit library that exports `acrxEntryPoint` and
-/// `acrxGetApiVersion`; the latter answers the API level that it was built for in the high word,
+/// `acrxGetApiVersion`; the latter returns the API level that it was built for in the high word,
 /// which must be 17. It is asked before the first message. AutoCAD knows what its kit's routine of
-/// that name answers; here it is the project's own convention.
+/// that name returns; here it is the project's own convention.
 class ModuleLoader {
  public:
   ModuleLoader();
@@ -28,39 +26,44 @@ class ModuleLoader {
   /// Loads by full path: kInitAppMsg, then kLoadDwgMsg for each open document.
   /// @throws HostError if it can't be loaded; nothing of it stays then
   void load(const std::wstring& file);
-  /// kUnloadDwgMsg for each document, kUnloadAppMsg, then the library goes.
+  /// kUnloadDwgMsg for each document, kUnloadAppMsg, then the library is unmapped.
   /// @throws HostError if it isn't loaded or can't be unloaded now
   void unload(const std::wstring& file);
   /// Unloads all, last loaded first, whether they allow it or not: the editor ends.
   void unloadAll();
 
-  void sendToAll(AcRx::AppMsgCode message);
-  void documentLoaded(Document* document);
+  void sendToAll(AcRx::AppMsgCode message, Document* about = nullptr);
+  /// kUnloadDwgMsg; then what was defined for the document is removed.
   void documentUnloading(Document* document);
-  /// kInvkSubrMsg.
-  int invoke(HMODULE module);
   /// False if an application is loaded that can only work with a single document.
   bool allAwareOfDocuments() const;
 
-  /// Who gets a message at the moment, and for which document; null outside a message.
-  HMODULE messaged() const;
-  Document* messagedDocument() const { return document; }
+  /// Defines a function of LISP's, for the application and the document of the message that is
+  /// being sent; false outside one.
+  bool define(const std::wstring& name, int code);
+  /// What it calls; without one the application gets kInvkSubrMsg. False for an unknown code.
+  bool setFunction(int (*function)(void), int code);
+  /// Runs "(NAME)", or NAME if "C:NAME" is defined. False if it is neither.
+  bool runFunction(const std::wstring& token, Document* document);
 
-  /// What the dynamic linker is told, by the packet of kInitAppMsg. False for an unknown packet.
+  /// For the dynamic linker, by the packet of kInitAppMsg. False for an unknown packet.
   bool setLocked(const void* packet, bool locked);
   bool setAwareOfDocuments(const void* packet, bool aware);
 
  private:
+  struct Function;
   struct Module;
   Module* find(const void* packet) const;
   Module* findFile(const std::wstring& file) const;
   AcRx::AppRetCode send(Module& module, AcRx::AppMsgCode message, Document* about = nullptr);
   static void map(Module& module);
   void end(Module& module, bool force);
+  template <class Predicate>
+  void forget(Predicate is);
 
   std::vector<std::unique_ptr<Module>> modules;
-  Module* current = nullptr;
-  Document* document = nullptr;
+  Module* current = nullptr;  ///< who gets a message at the moment
+  Document* currentDocument = nullptr;
 };
 
 }  // namespace wb

@@ -38,7 +38,7 @@ class Selection {
   Ids picked() const;
   /// The answer to a prompt, nothing if the user is to be asked.
   std::optional<std::vector<std::wstring>> takeAnswer();
-  /// A command with these flags begins: the pick set is gone unless it can use it.
+  /// A command with these flags begins: the pick set is emptied unless it can use it.
   void commandBegins(int flags);
   /// Forgets picks and answers.
   void clear();

@@ -10,12 +10,13 @@ namespace wb {
 namespace {
 
 std::wstring countedName(Signature function) {
-  const std::wstring name = function.name();
+  std::wstring name = function.name();
   const size_t colons = name.find(L"::");
   if (colons == std::wstring::npos) return L"host." + name;
-  const std::wstring type = name.substr(0, colons), method = name.substr(colons + 2);
-  const bool special = method == type || method.front() == L'~';
-  return (special ? L"host" : type) + L"." + method;
+  const std::wstring method = name.substr(colons + 2);
+  if (method.front() == L'~' || name.compare(0, colons, method) == 0) return L"host." + method;
+  name.replace(colons, 2, L".");
+  return name;
 }
 
 }  // namespace

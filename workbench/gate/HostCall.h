@@ -12,7 +12,7 @@
 /// The function in which it stands, as HostCall takes it.
 #define THIS_FUNCTION (wb::Signature{__FUNCSIG__})
 /// The result of a function that this host doesn't serve: a failure of the function's type. The
-/// call is reported as an `error`, so that it can't go unseen.
+/// call is reported as an `error`, so that it is always seen.
 #define NOT_SERVED (wb::NotServed(THIS_FUNCTION))
 
 namespace wb {

@@ -5,7 +5,6 @@
 #include "core/Program.h"
 #include "core/Text.h"
 #include "core/Transcript.h"
-#include "editor/DocumentManager.h"
 #include "editor/Host.h"
 #include "faults/Faults.h"
 #include "scripting/Session.h"

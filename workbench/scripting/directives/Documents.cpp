@@ -1,5 +1,4 @@
 #include "core/Transcript.h"
-#include "editor/DocumentManager.h"
 #include "editor/Host.h"
 #include "scripting/Directives.h"
 #include "scripting/Session.h"
@@ -88,7 +87,7 @@ void refuseLocks(ScriptContext&, Arguments& arguments) {
   const int count = arguments.number();
   arguments.end();
   if (count < 1) arguments.fail(L"at least 1");
-  Host::instance().refuseLocks(static_cast<unsigned>(count));
+  Host::instance().documents().refuseLocks(static_cast<unsigned>(count));
 }
 
 }  // namespace

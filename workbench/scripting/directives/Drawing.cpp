@@ -2,8 +2,6 @@
 
 #include "database/Drawing.h"
 #include "core/Transcript.h"
-#include "editor/Document.h"
-#include "editor/DocumentManager.h"
 #include "editor/Host.h"
 #include "scripting/Directives.h"
 

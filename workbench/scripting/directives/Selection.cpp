@@ -3,7 +3,6 @@
 #include "editor/Selection.h"
 #include "core/Transcript.h"
 #include "dialogs/Reader.h"
-#include "editor/ContextMenus.h"
 #include "editor/Host.h"
 #include "gate/HostError.h"
 #include "scripting/Directives.h"
