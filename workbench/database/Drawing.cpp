@@ -113,6 +113,7 @@ BlockRecordImp& Drawing::addNestedXref(const DxfBlock& block) {
 
 std::vector<std::wstring> Drawing::layouts() const {
   std::vector<std::wstring> names;
+  names.reserve(layouts_.size());
   for (const LayoutImp* layout : layouts_) names.push_back(layout->name);
   return names;
 }
