@@ -113,7 +113,7 @@ std::filesystem::path BenchSession::xref(int number) {
 void BenchSession::provideXrefs(int count) {
   const std::filesystem::path empty = view().parent_path() / L"empty.dxf";
   writeEmptyDrawing(empty);
-  wb::store().together([&] {
+  wb::store().inOneWrite([&] {
     for (; provided < count; ++provided) {
       wb::store().add(xref(provided).wstring(), empty, L"engineer", L"");
     }

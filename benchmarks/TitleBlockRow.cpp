@@ -58,7 +58,7 @@ void openPlates(BenchSession& session, int count) {
   const std::filesystem::path source = BenchSession::view().parent_path() / name;
   std::ofstream(source, std::ios::binary) << plates(count);
   const std::wstring path = (BenchSession::view() / name).wstring();
-  wb::store().together([&] {
+  wb::store().inOneWrite([&] {
     wb::store().add(path, source, L"engineer", L"");
     for (int variable = 0; variable < variables; ++variable) {
       const std::wstring title = L"V" + std::to_wstring(variable);

@@ -1,7 +1,6 @@
 #include "workbench/StoreTest.h"
 
 #include "core/ResultCodes.h"
-#include "core/ResultNames.h"
 
 namespace {
 
@@ -181,7 +180,7 @@ TEST_F(StoreTest, ManyChangesAreWrittenTogetherAsFarAsTheyCame) {
     return (view / (std::to_wstring(number) + L".dwg")).wstring();
   };
   EXPECT_EQ(E_QVT_NAME_ALREADY_EXISTS, refusal([&] {
-              store.together([&] {
+              store.inOneWrite([&] {
                 for (const int number : {1, 2, 1, 3}) store.add(path(number), source, L"anna", L"");
               });
             }));
@@ -212,6 +211,82 @@ TEST_F(StoreTest, EverythingIsThereAgainInTheNextRun) {
   ASSERT_EQ(2u, file().card[0].values.size());
   EXPECT_EQ(L"date", file().card[0].values.at(L"MODEL").type);
   EXPECT_EQ(L"TITLE", file().card[0].mappings.at(0).tag);
+}
+
+TEST_F(StoreTest, AStoreOfEarlierRunsIsReadAndWrittenInTheSameForm) {
+  store.close();
+  const std::string earlier = R"({
+ "format": 1,
+ "vaults": [
+  {
+   "files": [
+    {
+     "card": [
+      {
+       "mappings": [
+        {
+         "block": "FRAME",
+         "tag": "TITLE"
+        }
+       ],
+       "name": "Title",
+       "values": {
+        "Model": {
+         "text": "Hall 2",
+         "type": "text"
+        }
+       }
+      }
+     ],
+     "denied": false,
+     "exempt": true,
+     "holder": {
+      "computer": "HALL2",
+      "folder": "D:\\Plant",
+      "folderId": 2,
+      "user": "ben"
+     },
+     "id": 1,
+     "local": [
+      [
+       1,
+       1
+      ]
+     ],
+     "path": "\\Plan.dwg",
+     "state": "Approved",
+     "versions": [
+      {
+       "archive": "1-1.bin",
+       "comment": "First issue",
+       "date": 134399907960000000,
+       "number": 1,
+       "user": "anna"
+      }
+     ]
+    }
+   ],
+   "folders": {
+    "HALL1|C:\\Plant": 1,
+    "HALL2|D:\\Plant": 2
+   },
+   "name": "Plant",
+   "root": "C:\\Plant",
+   "viewId": "{7E51B382-9A9C-4244-B038-E080463F2240}"
+  }
+ ]
+})";
+  const fs::path index = folder / L"store" / L"store.json";
+  writeFile(index, earlier);
+  store.open(folder / L"store");
+  EXPECT_EQ(
+      (std::vector<std::wstring>{
+          L"version 1 by anna: First issue", L"checked out by ben in D:\\Plant on HALL2",
+          L"local version 1 in C:\\Plant", L"state Approved", L"exempt from the date comparison",
+          L"card Title in \"Model\" = \"Hall 2\"", L"card Title goes to FRAME.TITLE"}),
+      store.describe(L"C:\\Plant\\Plan.dwg"));
+  store.setExempt(L"C:\\Plant\\Plan.dwg", true);
+  EXPECT_EQ(earlier, contentOf(index));
 }
 
 TEST_F(StoreTest, AChangeThatCantBeWrittenHasntHappened) {

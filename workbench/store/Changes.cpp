@@ -3,8 +3,6 @@
 #include <algorithm>
 
 #include "core/ResultCodes.h"
-#include "store/Content.h"
-#include "store/Paths.h"
 #include "store/Store.h"
 
 namespace wb {
@@ -29,12 +27,7 @@ void Store::change(const std::wstring& path, const std::function<void(StoredFile
   step(changed);
   StoredFile& file = fileFor(path);
   std::swap(file, changed);
-  try {
-    content->save();
-  } catch (...) {
-    std::swap(file, changed);
-    throw;
-  }
+  save([&] { std::swap(file, changed); });
 }
 
 bool Store::isHeldHere(const std::wstring& path, const StoredFile& file) {
@@ -46,9 +39,8 @@ bool Store::isHeldByUsHere(const StoredFile& file) {
          sameName(file.holder->computer, thisComputer());
 }
 
-void Store::requireHeldHere(const std::wstring& path) { requireHeldHere(path, fileFor(path)); }
-
-void Store::requireHeldHere(const std::wstring& path, const StoredFile& file) {
+void Store::requireHeldHere(const std::wstring& path) {
+  const StoredFile& file = fileFor(path);
   if (!file.holder) throw StoreError(E_QVT_FILE_NOT_LOCKED_BY_YOU, path + L" isn't checked out");
   if (!sameName(file.holder->user, thisUser())) {
     throw StoreError(E_QVT_LOCKED_BY_ANOTHER_USER, path + L" isn't checked out by you");
@@ -85,6 +77,14 @@ const StoredVersion& versionOf(const std::wstring& path, const StoredFile& file,
                    path + L" has no version " + std::to_wstring(number));
 }
 
+CardVariable& variableOf(StoredFile& file, const std::wstring& name) {
+  for (CardVariable& variable : file.card) {
+    if (sameName(variable.name, name)) return variable;
+  }
+  file.card.push_back({name, {}, {}});
+  return file.card.back();
+}
+
 }  // namespace
 
 void Store::add(const std::wstring& path, const std::filesystem::path& from,
@@ -97,34 +97,25 @@ void Store::add(const std::wstring& path, const std::filesystem::path& from,
     throw StoreError(E_QVT_NAME_ALREADY_EXISTS, L"there is another local file " + local);
   }
   StoredFile file;
-  file.id = content->nextFileId();
+  for (const StoredVault& other : vaults) {
+    for (const auto& [otherPath, stored] : other.files) file.id = std::max(file.id, stored.id);
+  }
+  ++file.id;
   file.path = local.substr(vault.root.size());
-  content->archive(file, bytes, user, comment);
+  archive(file, bytes, user, comment);
   writeLocal(local, file, file.latest(), true);
   const auto entry = vault.files.emplace(file.path, file).first;
-  try {
-    content->save();
-  } catch (...) {
-    vault.files.erase(entry);
-    throw;
-  }
+  save([&] { vault.files.erase(entry); });
 }
 
 void Store::addVersion(const std::wstring& path, const std::filesystem::path& from,
                        const std::wstring& user, const std::wstring& comment) {
-  change(path, [&](StoredFile& file) { content->archive(file, readFile(from), user, comment); });
+  change(path, [&](StoredFile& file) { archive(file, readFile(from), user, comment); });
 }
 
 bool Store::isLocalCopyLatest(const std::wstring& path, const StoredFile& file) {
   return localVersion(file, folderIdOf(path)) == file.latest().number &&
          writeTime(plainPath(path)) == file.latest().date;
-}
-
-void Store::writeLocal(const std::wstring& path, StoredFile& file, const StoredVersion& version,
-                       bool readOnly) {
-  replaceLocalFile(plainPath(path), incomingFolder(vaultFor(path)), content->contentOf(version),
-                   version.date, readOnly);
-  file.localVersions[folderIdOf(path)] = version.number;
 }
 
 void Store::checkOut(const std::wstring& path) {
@@ -169,17 +160,17 @@ void Store::undoCheckOut(const std::wstring& path) {
 void Store::checkIn(const std::wstring& path, const std::wstring& comment, bool keepCheckedOut) {
   StoredFile& file = fileFor(path);
   requireAccess(path, file);
-  requireHeldHere(path, file);
+  requireHeldHere(path);
   // Held open to the end, so that the date and the attribute are sure to follow the check-in.
   FileHandle local(plainPath(path), GENERIC_READ | FILE_WRITE_ATTRIBUTES, FILE_SHARE_READ,
                    OPEN_EXISTING);
   const long here = folderIdOf(path);
   change(path, [&](StoredFile& changed) {
-    content->archive(changed, local.read(), thisUser(), comment);
+    archive(changed, local.read(), thisUser(), comment);
     changed.localVersions[here] = changed.latest().number;
     if (!keepCheckedOut) changed.holder.reset();
   });
-  local.settle(file.latest().date, !keepCheckedOut);
+  local.setDateAndAttribute(file.latest().date, !keepCheckedOut);
 }
 
 void Store::fetch(const std::wstring& path, long number) {
@@ -190,28 +181,26 @@ void Store::fetch(const std::wstring& path, long number) {
   });
 }
 
-void Store::setState(const std::wstring& path, const std::wstring& state) {
-  change(path, [&](StoredFile& file) { file.state = state; });
-}
-
-void Store::setExempt(const std::wstring& path, bool exempt) {
-  change(path, [&](StoredFile& file) { file.exempt = exempt; });
-}
-
-void Store::setDenied(const std::wstring& path, bool denied) {
-  change(path, [&](StoredFile& file) { file.denied = denied; });
-}
-
 void Store::setDate(const std::wstring& path, const FILETIME& date) {
   const std::wstring local = plainPath(path);
   change(local, [&](StoredFile& file) {
     const bool dateLocalCopy = isLocalCopyLatest(local, file);
     StoredVersion& latest = file.versions.back();
-    latest.date = (static_cast<std::uint64_t>(date.dwHighDateTime) << 32) | date.dwLowDateTime;
+    latest.date = whole(date);
     if (!dateLocalCopy) return;
     FileHandle(local, GENERIC_READ | FILE_WRITE_ATTRIBUTES, FILE_SHARE_READ, OPEN_EXISTING)
-        .settle(latest.date, isReadOnly(local));
+        .setDateAndAttribute(latest.date, isReadOnly(local));
   });
+}
+
+void Store::setCardValue(const std::wstring& path, const std::wstring& variable,
+                         const std::wstring& configuration, const CardValue& value) {
+  change(path, [&](StoredFile& file) { variableOf(file, variable).values[configuration] = value; });
+}
+
+void Store::addMapping(const std::wstring& path, const std::wstring& variable,
+                       const CardMapping& to) {
+  change(path, [&](StoredFile& file) { variableOf(file, variable).mappings.push_back(to); });
 }
 
 }  // namespace wb

@@ -1,11 +1,10 @@
-#include "store/Content.h"
+// What the store keeps on the disk: store.json, and the archive of the versions' contents.
 
 #include <algorithm>
 #include <set>
 
 #include "core/ResultCodes.h"
 #include "core/Text.h"
-#include "store/Json.h"
 #include "store/Store.h"
 
 namespace wb {
@@ -40,21 +39,26 @@ std::set<std::wstring> filesIn(const std::filesystem::path& folder) {
   return names;
 }
 
-}  // namespace
-
+/// The folder below a view's root in which a new local file is written before it is moved.
 std::filesystem::path incomingFolder(const StoredVault& vault) {
   return vault.root + L"\\Tessaro incoming";
 }
 
-StoreContent::StoreContent(const std::filesystem::path& folder) : folder(folder) {
-  makeFolder(archiveFolder());
-  lock = std::make_unique<FileHandle>(folder / L"store.lock", GENERIC_READ | GENERIC_WRITE, 0,
-                                      OPEN_ALWAYS);
-  read();
-  removeLeftovers();
+}  // namespace
+
+void Store::open(const std::filesystem::path& inFolder) {
+  close();
+  Store opened;
+  opened.folder = inFolder;
+  makeFolder(opened.archiveFolder());
+  opened.lock = std::make_unique<FileHandle>(inFolder / L"store.lock", GENERIC_READ | GENERIC_WRITE,
+                                             0, OPEN_ALWAYS);
+  opened.read();
+  opened.removeLeftovers();
+  *this = std::move(opened);
 }
 
-void StoreContent::read() {
+void Store::read() {
   // Sharing violations and the like say nothing about the content, so they go out as they are.
   const bool begun = writeTime(indexFile()) != 0;
   const std::string text = begun ? readFile(indexFile()) : std::string();
@@ -79,7 +83,7 @@ void StoreContent::read() {
 
 /// An interrupted write leaves a content that nothing refers to, or a file that wasn't moved yet.
 /// One that can't be removed is in nobody's way: it is written over when its name is due.
-void StoreContent::removeLeftovers() const {
+void Store::removeLeftovers() const {
   std::error_code ignored;
   std::filesystem::remove(indexFile().wstring() + L".new", ignored);
   const std::set<std::wstring> known = contentsIn(vaults);
@@ -91,28 +95,36 @@ void StoreContent::removeLeftovers() const {
   }
 }
 
-void StoreContent::save() {
-  if (folder.empty()) throw StoreError(E_QVT_NOT_INITIALIZED, L"the store isn't open");
-  if (!postponed) write();
+void Store::write() const { replaceFile(indexFile(), vaultsToJson(vaults)); }
+
+/// Writes store.json, or leaves that to the end of inOneWrite. What can't be written is undone.
+void Store::save(const std::function<void()>& undo) {
+  try {
+    if (folder.empty()) throw StoreError(E_QVT_NOT_INITIALIZED, L"the store isn't open");
+    if (!isPostponed) write();
+  } catch (...) {
+    undo();
+    throw;
+  }
 }
 
-void StoreContent::write() const { replaceFile(indexFile(), vaultsToJson(vaults)); }
-
-void StoreContent::together(const std::function<void()>& changes) {
-  postponed = true;
+void Store::inOneWrite(const std::function<void()>& changes) {
+  isPostponed = true;
+  const auto end = [this] {
+    isPostponed = false;
+    write();
+  };
   try {
     changes();
   } catch (...) {
-    postponed = false;
-    write();
+    end();
     throw;
   }
-  postponed = false;
-  write();
+  end();
 }
 
-void StoreContent::archive(StoredFile& file, const std::string& bytes, const std::wstring& user,
-                           const std::wstring& comment) const {
+void Store::archive(StoredFile& file, const std::string& bytes, const std::wstring& user,
+                    const std::wstring& comment) const {
   StoredVersion version;
   version.number = file.versions.empty() ? 1 : file.latest().number + 1;
   version.user = user;
@@ -124,16 +136,11 @@ void StoreContent::archive(StoredFile& file, const std::string& bytes, const std
   file.versions.push_back(std::move(version));
 }
 
-std::string StoreContent::contentOf(const StoredVersion& version) const {
-  return readFile(archiveFolder() / version.archive);
-}
-
-long StoreContent::nextFileId() const {
-  long highest = 0;
-  for (const StoredVault& vault : vaults) {
-    for (const auto& [path, file] : vault.files) highest = std::max(highest, file.id);
-  }
-  return highest + 1;
+void Store::writeLocal(const std::wstring& path, StoredFile& file, const StoredVersion& version,
+                       bool readOnly) {
+  replaceLocalFile(plainPath(path), incomingFolder(vaultFor(path)),
+                   readFile(archiveFolder() / version.archive), version.date, readOnly);
+  file.localVersions[folderIdOf(path)] = version.number;
 }
 
 }  // namespace wb

@@ -1,8 +1,9 @@
 #include "store/Files.h"
 
+#include <algorithm>
+
 #include "core/ResultCodes.h"
 #include "core/Text.h"
-#include "store/Store.h"
 
 namespace wb {
 
@@ -27,57 +28,55 @@ HRESULT codeOf(DWORD error) {
   }
 }
 
+/// Does something at the end of the scope, be it left by an exception.
+template <class Step>
+class AtEnd {
+ public:
+  explicit AtEnd(Step step) : step(std::move(step)) {}
+  AtEnd(const AtEnd&) = delete;
+  AtEnd& operator=(const AtEnd&) = delete;
+  ~AtEnd() { step(); }
+
+ private:
+  const Step step;
+};
+
 [[noreturn]] void raise(const std::filesystem::path& file, DWORD error = GetLastError()) {
   throw StoreError(codeOf(error), file.wstring() + L": Windows error " + std::to_wstring(error));
 }
 
-std::uint64_t whole(const FILETIME& time) {
-  return (static_cast<std::uint64_t>(time.dwHighDateTime) << 32) | time.dwLowDateTime;
+}  // namespace
+
+StoreError::StoreError(HRESULT code, const std::wstring& what)
+    : std::runtime_error(toUtf8(what)), result(code) {}
+
+bool isFullPath(std::wstring_view path) {
+  return (path.size() > 2 && path[1] == L':' && path[2] == L'\\') || path.substr(0, 2) == L"\\\\";
 }
 
-/// Makes a local file writable, as MoveFileExW asks of the one it replaces, unless the replacing
-/// fails.
-class WritableWhile {
- public:
-  explicit WritableWhile(const std::filesystem::path& file)
-      : file(file), wasReadOnly(isReadOnly(file)) {
-    if (wasReadOnly) setReadOnly(file, false);
+std::wstring plainPath(std::wstring_view path) {
+  std::wstring result(path);
+  std::replace(result.begin(), result.end(), L'/', L'\\');
+  if (isFullPath(result)) {
+    const DWORD size = GetFullPathNameW(result.c_str(), 0, nullptr, nullptr);
+    std::wstring full(size, L'\0');
+    full.resize(GetFullPathNameW(result.c_str(), size, full.data(), nullptr));
+    result = full;
   }
-  WritableWhile(const WritableWhile&) = delete;
-  WritableWhile& operator=(const WritableWhile&) = delete;
-  ~WritableWhile() {
-    if (!replaced && wasReadOnly) SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_READONLY);
-  }
+  if (result.size() < MAX_PATH) return result;
+  throw StoreError(E_QVT_PATH_TOO_LONG,
+                   result + L" has more than " + std::to_wstring(MAX_PATH - 1) + L" characters");
+}
 
-  bool replaced = false;
+std::wstring plainFolder(std::wstring_view path) {
+  std::wstring result = plainPath(path);
+  while (!result.empty() && result.back() == L'\\') result.pop_back();
+  return result;
+}
 
- private:
-  const std::filesystem::path file;
-  const bool wasReadOnly;
-};
-
-/// A hidden folder that lasts as long as something is written in it.
-class PassingFolder {
- public:
-  explicit PassingFolder(const std::filesystem::path& folder) : folder(folder) {
-    makeFolder(folder);
-    SetFileAttributesW(folder.c_str(), FILE_ATTRIBUTE_HIDDEN);
-  }
-  PassingFolder(const PassingFolder&) = delete;
-  PassingFolder& operator=(const PassingFolder&) = delete;
-  ~PassingFolder() {
-    // What a failed write has left may be read-only already.
-    SetFileAttributesW(newFile().c_str(), FILE_ATTRIBUTE_NORMAL);
-    DeleteFileW(newFile().c_str());
-    RemoveDirectoryW(folder.c_str());
-  }
-  std::filesystem::path newFile() const { return folder / L"new"; }
-
- private:
-  const std::filesystem::path folder;
-};
-
-}  // namespace
+std::wstring folderOf(std::wstring_view path) {
+  return std::wstring(path.substr(0, path.rfind(L'\\')));
+}
 
 FileHandle::FileHandle(const std::filesystem::path& file, DWORD access, DWORD share,
                        DWORD disposition)
@@ -111,7 +110,7 @@ void FileHandle::write(const std::string& bytes) {
   if (!FlushFileBuffers(handle)) raise(file);
 }
 
-void FileHandle::settle(std::uint64_t date, bool readOnly) {
+void FileHandle::setDateAndAttribute(std::uint64_t date, bool readOnly) {
   FILE_BASIC_INFO information{};
   information.LastWriteTime.QuadPart = static_cast<LONGLONG>(date);
   information.FileAttributes = readOnly ? FILE_ATTRIBUTE_READONLY : FILE_ATTRIBUTE_NORMAL;
@@ -147,21 +146,35 @@ void replaceFile(const std::filesystem::path& file, const std::string& bytes) {
 void replaceLocalFile(const std::filesystem::path& file, const std::filesystem::path& incoming,
                       const std::string& bytes, std::uint64_t date, bool readOnly) {
   makeFolder(file.parent_path());
-  const PassingFolder folder(incoming);
+  makeFolder(incoming);
+  SetFileAttributesW(incoming.c_str(), FILE_ATTRIBUTE_HIDDEN);
+  const std::filesystem::path fresh = incoming / L"new";
+  const AtEnd removeIncoming([&] {
+    // What a failed write has left may be read-only already.
+    SetFileAttributesW(fresh.c_str(), FILE_ATTRIBUTE_NORMAL);
+    DeleteFileW(fresh.c_str());
+    RemoveDirectoryW(incoming.c_str());
+  });
   {
-    FileHandle fresh(folder.newFile(), GENERIC_WRITE, 0, CREATE_ALWAYS);
-    fresh.write(bytes);
-    fresh.settle(date, readOnly);
+    FileHandle handle(fresh, GENERIC_WRITE, 0, CREATE_ALWAYS);
+    handle.write(bytes);
+    handle.setDateAndAttribute(date, readOnly);
   }
-  WritableWhile writable(file);
-  // A rename may succeed under somebody's open handle; who has it open would go on with the old
-  // content, so it isn't tried then.
-  if (writeTime(file) != 0) FileHandle(file, GENERIC_READ | GENERIC_WRITE, 0, OPEN_EXISTING);
-  if (!MoveFileExW(folder.newFile().c_str(), file.c_str(),
-                   MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
-    raise(file);
+  // MoveFileExW replaces a writable file only.
+  const bool wasReadOnly = isReadOnly(file);
+  if (wasReadOnly) setReadOnly(file, false);
+  try {
+    // A rename may succeed under somebody's open handle; who has it open would go on with the old
+    // content, so it isn't tried then.
+    if (writeTime(file) != 0) FileHandle(file, GENERIC_READ | GENERIC_WRITE, 0, OPEN_EXISTING);
+    if (!MoveFileExW(fresh.c_str(), file.c_str(),
+                     MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
+      raise(file);
+    }
+  } catch (...) {
+    if (wasReadOnly) SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_READONLY);
+    throw;
   }
-  writable.replaced = true;
 }
 
 void setReadOnly(const std::filesystem::path& file, bool readOnly) {
@@ -175,6 +188,10 @@ void setReadOnly(const std::filesystem::path& file, bool readOnly) {
 bool isReadOnly(const std::filesystem::path& file) {
   const DWORD attributes = GetFileAttributesW(file.c_str());
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY);
+}
+
+std::uint64_t whole(const FILETIME& time) {
+  return (static_cast<std::uint64_t>(time.dwHighDateTime) << 32) | time.dwLowDateTime;
 }
 
 std::uint64_t writeTime(const std::filesystem::path& file) {

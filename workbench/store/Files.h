@@ -4,15 +4,42 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <stdexcept>
 #include <string>
+#include <string_view>
 
 namespace wb {
 
-/// A Windows file handle, and the file's path for what is told of a failure.
+/// An operation of the store that was refused; nothing has changed.
+class StoreError : public std::runtime_error {
+ public:
+  StoreError(HRESULT code, const std::wstring& what);
+  /// The code that the client returns.
+  HRESULT code() const { return result; }
+
+ private:
+  HRESULT result;
+};
+
+/// Whether a path with backslashes begins at a drive's root or at a share.
+bool isFullPath(std::wstring_view path);
+
+/// A full path with backslashes only and no "." or ".." in it; another path as it stands.
+/// @throws StoreError E_QVT_PATH_TOO_LONG
+std::wstring plainPath(std::wstring_view path);
+
+/// Without the backslash at its end, also of a drive's root.
+std::wstring plainFolder(std::wstring_view path);
+
+/// The folder of a file, without a backslash at its end.
+std::wstring folderOf(std::wstring_view path);
+
+/// A Windows file handle, and the file's path for the reports of failures.
 class FileHandle {
  public:
-  /// As CreateFileW. Raises StoreError: E_QVT_FILE_SHARE_ERROR if somebody has the file open in a
-  /// way that doesn't go with this one, E_QVT_LOCAL_FILE_NOT_FOUND, E_QVT_IO_ERROR and the like.
+  /// As CreateFileW.
+  /// @throws StoreError E_QVT_FILE_SHARE_ERROR if somebody has the file open in a way that doesn't
+  /// go with this one, E_QVT_LOCAL_FILE_NOT_FOUND, E_QVT_IO_ERROR and the like
   FileHandle(const std::filesystem::path& file, DWORD access, DWORD share, DWORD disposition);
   FileHandle(const FileHandle&) = delete;
   FileHandle& operator=(const FileHandle&) = delete;
@@ -22,14 +49,15 @@ class FileHandle {
   /// Writes and flushes to the disk.
   void write(const std::string& bytes);
   /// @param date FILETIME of the last write
-  void settle(std::uint64_t date, bool readOnly);
+  void setDateAndAttribute(std::uint64_t date, bool readOnly);
 
  private:
   const std::filesystem::path file;
   const HANDLE handle;
 };
 
-/// Makes a folder and those above it. Raises StoreError E_QVT_COULD_NOT_CREATE_LOCAL_FOLDER.
+/// Makes a folder and those above it.
+/// @throws StoreError E_QVT_COULD_NOT_CREATE_LOCAL_FOLDER
 void makeFolder(const std::filesystem::path& folder);
 
 /// Reads a whole file, which nobody may have open for writing. Raises as FileHandle does.
@@ -39,16 +67,19 @@ std::string readFile(const std::filesystem::path& file);
 /// over it. Raises as FileHandle does.
 void replaceFile(const std::filesystem::path& file, const std::string& bytes);
 
-/// The same for a user's local file, which may be read-only; its date and attribute come with it
-/// in the same step.
-/// @param incoming folder on the same volume where the new file is written, made for the while
+/// The same for a user's local file, which may be read-only; its date and attribute change in the
+/// same step.
+/// @param incoming folder on the same volume where the new file is written; it is removed again
 /// @param date FILETIME of the last write
-/// Raises StoreError E_QVT_FILE_SHARE_ERROR if anybody has the file open.
+/// @throws StoreError E_QVT_FILE_SHARE_ERROR if anybody has the file open
 void replaceLocalFile(const std::filesystem::path& file, const std::filesystem::path& incoming,
                       const std::string& bytes, std::uint64_t date, bool readOnly);
 
 void setReadOnly(const std::filesystem::path& file, bool readOnly);
 bool isReadOnly(const std::filesystem::path& file);
+
+/// A FILETIME as one number.
+std::uint64_t whole(const FILETIME& time);
 
 /// Time of the last write as FILETIME, 0 without such a file.
 std::uint64_t writeTime(const std::filesystem::path& file);

@@ -10,6 +10,10 @@
 
 namespace wb {
 
+/// By a name or a path, ignoring case.
+template <class Value>
+using NameMap = std::map<std::wstring, Value, LessIgnoringCase>;
+
 struct StoredVersion {
   long number = 0;
   std::wstring user;
@@ -39,7 +43,7 @@ struct CardMapping {
 
 struct CardVariable {
   std::wstring name;
-  std::map<std::wstring, CardValue, LessIgnoringCase> values;  ///< by configuration
+  NameMap<CardValue> values;  ///< by configuration
   std::vector<CardMapping> mappings;
 };
 
@@ -60,12 +64,17 @@ struct StoredFile {
 
 struct StoredVault {
   std::wstring name;
-  std::wstring root;                                           ///< without a trailing backslash
-  std::wstring viewId;                                         ///< GUID in braces
-  std::map<std::wstring, long, LessIgnoringCase> folderIds;    ///< by "computer|folder"
-  std::map<std::wstring, StoredFile, LessIgnoringCase> files;  ///< by path below the root
+  std::wstring root;          ///< without a trailing backslash
+  std::wstring viewId;        ///< GUID in braces
+  NameMap<long> folderIds;    ///< by "computer|folder"
+  NameMap<StoredFile> files;  ///< by path below the root
 
   static constexpr long rootFolderId = 1;
 };
+
+/// The vaults as the text of store.json, and back.
+/// @throws std::exception if the text isn't what vaultsToJson writes
+std::string vaultsToJson(const std::vector<StoredVault>& vaults);
+std::vector<StoredVault> vaultsFromJson(const std::string& text);
 
 }  // namespace wb

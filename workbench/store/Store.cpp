@@ -4,9 +4,7 @@
 
 #include "core/ResultCodes.h"
 #include "core/SessionState.h"
-#include "core/Text.h"
-#include "store/Content.h"
-#include "store/Paths.h"
+#include "core/Transcript.h"
 
 namespace wb {
 
@@ -34,22 +32,32 @@ void writeViewId(const StoredVault& vault) {
   throw StoreError(HRESULT_FROM_WIN32(GetLastError()), settings + L" can't be written");
 }
 
-}  // namespace
-
-StoreError::StoreError(HRESULT code, const std::wstring& what)
-    : std::runtime_error(toUtf8(what)), result(code) {}
-
-Store::Store() : content(std::make_unique<StoreContent>()) {}
-Store::~Store() = default;
-
-Store& store() { return sessionPart<Store>(); }
-
-void Store::open(const std::filesystem::path& folder) {
-  close();
-  content = std::make_unique<StoreContent>(folder);
+std::wstring versionLine(const StoredVersion& version) {
+  return L"version " + std::to_wstring(version.number) + L" by " + version.user +
+         (version.comment.empty() ? L"" : L": " + version.comment);
 }
 
-void Store::close() { content = std::make_unique<StoreContent>(); }
+std::wstring holderLine(const StoredFile& file) {
+  if (!file.holder) return L"not checked out";
+  const bool here = sameName(file.holder->computer, Store::thisComputer());
+  return L"checked out by " + file.holder->user + L" in " + file.holder->folder +
+         (here ? L"" : L" on " + file.holder->computer);
+}
+
+void describeCard(const CardVariable& variable, std::vector<std::wstring>& lines) {
+  for (const auto& [configuration, value] : variable.values) {
+    lines.push_back(
+        L"card " + variable.name + L" in " + wb::quoted(configuration) + L" = " +
+        (value.type == L"text" ? wb::quoted(value.text) : value.type + L" " + value.text));
+  }
+  for (const CardMapping& mapping : variable.mappings) {
+    lines.push_back(L"card " + variable.name + L" goes to " + mapping.block + L"." + mapping.tag);
+  }
+}
+
+}  // namespace
+
+Store& store() { return sessionPart<Store>(); }
 
 void Store::createVault(const std::wstring& name, const std::wstring& root) {
   // The name is also that of a key of the registry.
@@ -74,21 +82,14 @@ void Store::createVault(const std::wstring& name, const std::wstring& root) {
   }
   makeFolder(vault.root + L"\\");
   writeViewId(vault);
-  content->vaults.push_back(vault);
-  try {
-    content->save();
-  } catch (...) {
-    content->vaults.pop_back();
-    throw;
-  }
+  vaults.push_back(vault);
+  save([&] { vaults.pop_back(); });
 }
-
-void Store::together(const std::function<void()>& changes) { content->together(changes); }
 
 const StoredVault* Store::vaultOf(std::wstring_view path) const {
   const std::wstring full = plainPath(path);
   const StoredVault* found = nullptr;
-  for (const StoredVault& vault : content->vaults) {
+  for (const StoredVault& vault : vaults) {
     if (!liesIn(full, vault.root)) continue;
     if (!found || vault.root.size() > found->root.size()) found = &vault;
   }
@@ -96,7 +97,7 @@ const StoredVault* Store::vaultOf(std::wstring_view path) const {
 }
 
 const StoredVault* Store::vaultNamed(std::wstring_view name) const {
-  for (const StoredVault& vault : content->vaults) {
+  for (const StoredVault& vault : vaults) {
     if (sameName(vault.name, name)) return &vault;
   }
   return nullptr;
@@ -120,14 +121,9 @@ long Store::folderId(const StoredVault& vault, const std::wstring& computer,
   const std::wstring key = computer + L"|" + plainFolder(folder);
   const auto [entry, isNew] =
       ids.emplace(key, static_cast<long>(ids.size()) + StoredVault::rootFolderId);
-  if (!isNew) return entry->second;
-  try {
-    content->save();
-  } catch (...) {
-    ids.erase(entry);
-    throw;
-  }
-  return entry->second;
+  const long id = entry->second;
+  if (isNew) save([&, added = entry] { ids.erase(added); });
+  return id;
 }
 
 long Store::folderIdOf(const std::wstring& path) {
@@ -142,6 +138,24 @@ std::wstring Store::thisComputer() {
   wchar_t name[MAX_COMPUTERNAME_LENGTH + 1];
   DWORD size = MAX_COMPUTERNAME_LENGTH + 1;
   return GetComputerNameW(name, &size) ? std::wstring(name, size) : std::wstring();
+}
+
+std::vector<std::wstring> Store::describe(const std::wstring& path) const {
+  const StoredFile* file = find(path);
+  if (!file) return {path + L" isn't in the vault"};
+  std::vector<std::wstring> lines;
+  for (const StoredVersion& version : file->versions) lines.push_back(versionLine(version));
+  lines.push_back(holderLine(*file));
+  for (const auto& [key, id] : vaultOf(path)->folderIds) {
+    const std::wstring folder = key.substr(key.find(L'|') + 1);
+    const long local = localVersion(*file, id);
+    if (local != 0) lines.push_back(L"local version " + std::to_wstring(local) + L" in " + folder);
+  }
+  lines.push_back(L"state " + file->state);
+  if (file->exempt) lines.push_back(L"exempt from the date comparison");
+  if (file->denied) lines.push_back(L"denied");
+  for (const CardVariable& variable : file->card) describeCard(variable, lines);
+  return lines;
 }
 
 }  // namespace wb
