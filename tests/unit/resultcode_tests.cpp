@@ -4,6 +4,8 @@
 #include <set>
 #include <string>
 
+#include "core/ResultCodes.h"
+#include "core/Text.h"
 #include "foundation/CString.h"
 #include "foundation/FormatText.h"
 #include "vault/ResultCodes.h"
@@ -43,6 +45,21 @@ TEST(ResultTextTable, NamesAndNumbersAreThoseOfTheClient) {
   }
   EXPECT_EQ(names, 0x4007FD52u);
   EXPECT_EQ(numbers, 0x9B18ED37u);
+}
+
+TEST(ResultTextTable, TheWorkbenchNamesACodeAsTheModuleDoes) {
+  for (const ResultCodeRow& row : resultCodeTable) {
+    const auto code = static_cast<HRESULT>(row.code);
+    EXPECT_EQ(row.name, wb::resultName(code));
+    const bool secondOfItsName = row.code == 0x80040221;
+    EXPECT_EQ(secondOfItsName ? static_cast<HRESULT>(0x80040206) : code,
+              wb::resultFromName(row.name));
+  }
+  EXPECT_EQ(L"0x80040292", wb::resultName(static_cast<HRESULT>(0x80040292)));
+  EXPECT_EQ(static_cast<HRESULT>(0x80040292), wb::resultFromName(L"0x80040292"));
+  for (const wchar_t* wrong : {L"", L"E_QVT_NONE", L"0x1FFFFFFFF", L"12 and more"}) {
+    EXPECT_EQ(std::nullopt, wb::resultFromName(wrong)) << wb::toUtf8(wrong);
+  }
 }
 
 TEST(ResultTextTable, EveryRowTellsSomethingAndNoCodeTwice) {

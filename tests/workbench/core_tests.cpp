@@ -7,12 +7,10 @@
 #include <filesystem>
 #include <fstream>
 
-#include "core/ResultNames.h"
 #include "core/SessionState.h"
 #include "core/Text.h"
 #include "core/Transcript.h"
 #include "faults/Faults.h"
-#include "vault/ResultCodeTable.h"
 
 namespace {
 
@@ -160,21 +158,6 @@ TEST_F(TranscriptTest, OnlyErrorsAndLeaksFailARun) {
   EXPECT_EQ(1u, transcript.problems());
   transcript.clear();
   EXPECT_EQ(0u, transcript.problems());
-}
-
-TEST(ResultNames, NamesAndNumbersFindTheirWayBack) {
-  for (const tessaro::ResultCodeRow& row : tessaro::resultCodeTable) {
-    const auto code = static_cast<HRESULT>(row.code);
-    EXPECT_EQ(row.name, wb::resultName(code));
-    const bool secondOfItsName = row.code == 0x80040221;
-    EXPECT_EQ(secondOfItsName ? static_cast<HRESULT>(0x80040206) : code,
-              wb::resultFromName(row.name));
-  }
-  EXPECT_EQ(L"0x80040292", wb::resultName(static_cast<HRESULT>(0x80040292)));
-  EXPECT_EQ(static_cast<HRESULT>(0x80040292), wb::resultFromName(L"0x80040292"));
-  for (const wchar_t* wrong : {L"", L"E_QVT_NONE", L"0x1FFFFFFFF", L"12 and more"}) {
-    EXPECT_EQ(std::nullopt, wb::resultFromName(wrong)) << wb::toUtf8(wrong);
-  }
 }
 
 TEST(Text, WideTextSurvivesUtf8AndWhatIsBrokenIsReplaced) {

@@ -1,11 +1,9 @@
 #include "client/ClientCall.h"
 
+#include <oleauto.h>
+
 #include <new>
 
-#include "client/Bstr.h"
-#include "client/Owned.h"
-#include "client/Results.h"
-#include "core/ResultNames.h"
 #include "core/SessionState.h"
 #include "core/Text.h"
 #include "core/Transcript.h"
@@ -15,22 +13,17 @@
 namespace wb {
 namespace {
 
-/// Hands a text to the caller as the thread's error object. Without one the caller still has the
-/// result code, so a failure here is left at that.
-void setErrorText(const std::wstring& text) {
+/// Sets a text as the thread's error object. Without one the caller still has the result code, so a
+/// failure here has no effect.
+void setErrorText(std::wstring text) {
   ICreateErrorInfo* created = nullptr;
   if (FAILED(CreateErrorInfo(&created))) return;
   const Owned<ICreateErrorInfo> creation(created);
-  std::wstring description = text;
-  creation->SetDescription(description.data());
+  creation->SetDescription(text.data());
   IErrorInfo* info = nullptr;
   if (FAILED(creation->QueryInterface(IID_IErrorInfo, reinterpret_cast<void**>(&info)))) return;
   const Owned<IErrorInfo> errorInfo(info);
   SetErrorInfo(0, info);
-}
-
-std::wstring memoryLabel(const wchar_t* what, const std::wstring& content) {
-  return what + (L" " + content);
 }
 
 std::wstring variantText(const VARIANT& value) {
@@ -46,15 +39,60 @@ std::wstring variantText(const VARIANT& value) {
     case VT_R8:
       return std::to_wstring(V_R8(&value));
     case VT_DATE:
-      return out::describe(V_DATE(&value));
+      return describe(V_DATE(&value));
     case VT_BOOL:
-      return out::describe(V_BOOL(&value));
+      return describe(V_BOOL(&value));
     default:
       return L"VARIANT of type " + std::to_wstring(V_VT(&value));
   }
 }
 
 }  // namespace
+
+BSTR newBstr(std::wstring_view text) {
+  const BSTR made = SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
+  if (!made) throw std::bad_alloc();
+  return made;
+}
+
+std::wstring textOf(BSTR text) {
+  return text ? std::wstring(text, SysStringLen(text)) : std::wstring();
+}
+
+std::wstring describe(BSTR value) {
+  if (!value) return L"null";
+  std::wstring text = wb::quoted(textOf(value));
+  handOutMemory(value, L"string", L"BSTR " + text);
+  return text;
+}
+
+std::wstring describe(const VARIANT& value) {
+  return V_VT(&value) == VT_BSTR ? describe(V_BSTR(&value)) : variantText(value);
+}
+
+std::wstring describe(long value) { return std::to_wstring(value); }
+
+std::wstring describe(VARIANT_BOOL value) { return value ? L"true" : L"false"; }
+
+// Without its value: two runs print the same.
+std::wstring describe(DATE) { return L"a date"; }
+
+std::wstring describe(LPITEMIDLIST value) {
+  if (!value) return L"null";
+  handOutMemory(value, L"memory", L"item id list");
+  return L"item";
+}
+
+std::wstring describe(const LiveObject* value) { return value ? value->label() : L"null"; }
+
+std::wstring describeArray(const void* array) {
+  if (!array) return L"null";
+  handOutMemory(array, L"memory", L"array of interfaces");
+  return L"array";
+}
+
+ClientCall::ClientCall(const std::wstring& interfaceName, std::string_view method)
+    : ClientCall(interfaceName + L"." + fromUtf8(method.substr(method.rfind(':') + 1))) {}
 
 ClientCall& ClientCall::argument(const wchar_t* name, const std::wstring& value) {
   if (!arguments.empty()) arguments += L", ";
@@ -88,21 +126,14 @@ ClientCall& ClientCall::window(const wchar_t* name, long handle) {
 
 ClientCall& ClientCall::object(const wchar_t* name, IUnknown* object) {
   if (!object) nullArgument = true;
-  return argument(name, out::describe(object));
+  return argument(name, describe(object));
 }
 
-HRESULT ClientCall::run(const std::function<HRESULT()>& body) {
+HRESULT ClientCall::runBody(const std::function<HRESULT()>& body) {
   const HRESULT fault = takeFault(operation);
   const HRESULT result = fault != S_OK ? fault : nullArgument ? E_POINTER : guarded(body);
-  tellResult(result);
+  report(result);
   return result;
-}
-
-HRESULT ClientCall::runVoid(const std::function<void()>& body) {
-  return run([&body] {
-    body();
-    return S_OK;
-  });
 }
 
 HRESULT ClientCall::guarded(const std::function<HRESULT()>& body) const {
@@ -117,13 +148,13 @@ HRESULT ClientCall::guarded(const std::function<HRESULT()>& body) const {
   } catch (const std::bad_alloc&) {
     return E_OUTOFMEMORY;
   } catch (const std::exception& failure) {
-    tell(Event::client, std::wstring(operation) + L" stopped: " + fromUtf8(failure.what()));
+    tell(Event::client, operation + L" stopped: " + fromUtf8(failure.what()));
     return E_FAIL;
   }
 }
 
-void ClientCall::tellResult(HRESULT result) const {
-  std::wstring line = operation + (L"(" + arguments) + L") -> " + resultName(result);
+void ClientCall::report(HRESULT result) const {
+  std::wstring line = operation + L"(" + arguments + L") -> " + resultName(result);
   if (SUCCEEDED(result)) {
     const wchar_t* separator = L" ";
     for (const Out& out : outs) {
@@ -135,46 +166,4 @@ void ClientCall::tellResult(HRESULT result) const {
   tell({Event::client, Event::other, operation, line});
 }
 
-namespace out {
-
-void empty(BSTR* target) { *target = nullptr; }
-void empty(VARIANT* target) { VariantInit(target); }
-void empty(long* target) { *target = 0; }
-void empty(VARIANT_BOOL* target) { *target = VARIANT_FALSE; }
-void empty(DATE* target) { *target = 0; }
-void empty(LPITEMIDLIST* target) { *target = nullptr; }
-
-std::wstring describe(BSTR value) {
-  if (!value) return L"null";
-  std::wstring text = quoted(std::wstring_view(value, SysStringLen(value)));
-  handOutMemory(value, L"string", memoryLabel(L"BSTR", text));
-  return text;
-}
-
-std::wstring describe(const VARIANT& value) {
-  return V_VT(&value) == VT_BSTR ? describe(V_BSTR(&value)) : variantText(value);
-}
-
-std::wstring describe(long value) { return std::to_wstring(value); }
-
-std::wstring describe(VARIANT_BOOL value) { return value ? L"true" : L"false"; }
-
-// Told without its value: two runs are to tell the same.
-std::wstring describe(DATE) { return L"a date"; }
-
-std::wstring describe(LPITEMIDLIST value) {
-  if (!value) return L"null";
-  handOutMemory(value, L"memory", L"item id list");
-  return L"item";
-}
-
-std::wstring describe(const LiveObject* value) { return value ? value->label() : L"null"; }
-
-std::wstring describeArray(const void* array) {
-  if (!array) return L"null";
-  handOutMemory(array, L"memory", L"array of interfaces");
-  return L"array";
-}
-
-}  // namespace out
 }  // namespace wb

@@ -2,30 +2,66 @@
 
 #include <windows.h>
 
+#include <oaidl.h>
+
+#include <functional>
 #include <string>
+#include <string_view>
 #include <type_traits>
+#include <typeinfo>
 #include <utility>
 
+#include "client/ClientCall.h"
 #include "client/LiveObject.h"
-#include "client/Owned.h"
-#include "client/TypeLibrary.h"
 #include "core/StandInTime.h"
 
 namespace wb {
 
-/// One interface of an object that only C++ callers use.
+/// The name of an interface.
+/// @param typeName as the compiler writes it, "?AUVaultFile@@" or "struct VaultFile"
+std::wstring interfaceName(std::string_view typeName);
+
 template <class Interface>
+const std::wstring& interfaceName() {
+  static const std::wstring name = interfaceName(typeid(Interface).name());
+  return name;
+}
+
+/// The client's own library, and the path of its file.
+HMODULE clientModule();
+std::wstring clientFile();
+
+/// Calls `use` with the type information of a dual interface, from the type library that the
+/// client's file carries as its resource 1.
+/// @return the result of `use`, or of the failed LoadTypeLibEx or GetTypeInfoOfGuid
+HRESULT withTypeInfo(REFIID iid, const std::function<HRESULT(ITypeInfo*)>& use);
+
+/// One interface of an object, with a copy of the object's state, for C++ callers only.
+template <class Interface, class State>
 class Plain : public Interface {
  public:
   using Offered = Interface;
+  explicit Plain(const State& state) : state(state) {}
+
+  /// Whether QueryInterface returns the interface now.
+  bool isAvailable() const { return true; }
+
+ protected:
+  /// The call of the method in which this stands.
+  static ClientCall call(std::string_view method = __builtin_FUNCTION()) {
+    const InStandIn inside;
+    return ClientCall(interfaceName<Interface>(), method);
+  }
+
+  State state;
 };
 
-/// One dual interface of an object: IDispatch comes from the type library, so that a call by name
-/// takes the same road as one through the virtual function table.
-template <class Interface>
-class Dual : public Interface {
+/// One dual interface of an object: IDispatch is answered from the type library, so a call by name
+/// takes the same way as one through the table of virtual functions.
+template <class Interface, class State>
+class Dual : public Plain<Interface, State> {
  public:
-  using Offered = Interface;
+  using Plain<Interface, State>::Plain;
 
   STDMETHODIMP GetTypeInfoCount(UINT* count) override {
     if (!count) return E_POINTER;
@@ -36,45 +72,44 @@ class Dual : public Interface {
   STDMETHODIMP GetTypeInfo(UINT index, LCID, ITypeInfo** info) override {
     if (!info) return E_POINTER;
     *info = nullptr;
-    return index == 0 ? typeInfo(__uuidof(Interface), info) : DISP_E_BADINDEX;
+    if (index != 0) return DISP_E_BADINDEX;
+    return withTypeInfo(__uuidof(Interface), [&](ITypeInfo* found) {
+      return found->QueryInterface(IID_ITypeInfo, reinterpret_cast<void**>(info));
+    });
   }
 
   STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) override {
-    return idsOfNames(__uuidof(Interface), names, count, ids);
+    return withTypeInfo(__uuidof(Interface),
+                        [&](ITypeInfo* info) { return info->GetIDsOfNames(names, count, ids); });
   }
 
   STDMETHODIMP Invoke(DISPID member, REFIID, LCID, WORD flags, DISPPARAMS* arguments,
                       VARIANT* result, EXCEPINFO* exception, UINT* badArgument) override {
-    return invokeByType(__uuidof(Interface), static_cast<Interface*>(this),
-                        {member, flags, arguments, result, exception, badArgument});
+    return withTypeInfo(__uuidof(Interface), [&](ITypeInfo* info) {
+      SetErrorInfo(0, nullptr);
+      return info->Invoke(static_cast<Interface*>(this), member, flags, arguments, result,
+                          exception, badArgument);
+    });
   }
 };
 
-/// An object of the client: IUnknown over its parts. Each part implements one interface and is
-/// made from a copy of the object's shared state; the first one also answers for IUnknown and
-/// IDispatch. Made with one reference, which belongs to whoever made it.
+/// An object of the client: IUnknown over its parts, each of which implements one interface. The
+/// first one also stands for IUnknown and IDispatch. Made with one reference, the maker's.
 template <class... Parts>
-class ComObject : public Parts..., public LiveObject {
+class ComObject final : public Parts..., public LiveObject {
  public:
-  /// @param label what the object is called in the transcript and in the accounts
   template <class State>
   ComObject(std::wstring label, const State& state)
       : Parts(state)..., LiveObject(std::move(label)) {}
-  ComObject(const ComObject&) = delete;
-  ComObject& operator=(const ComObject&) = delete;
-  ~ComObject() override = default;
 
   STDMETHODIMP QueryInterface(REFIID iid, void** out) override {
     const InStandIn inside;
     if (!out) return E_POINTER;
-    *out = find(iid);
-    const HRESULT allowed = *out ? admit(iid) : E_NOINTERFACE;
-    if (SUCCEEDED(allowed)) {
-      addReference();
-    } else {
-      *out = nullptr;
-    }
-    return allowed;
+    *out = nullptr;
+    HRESULT result = E_NOINTERFACE;
+    static_cast<void>((query<Parts>(iid, out, result) || ...));
+    if (SUCCEEDED(result)) addReference();
+    return result;
   }
 
   STDMETHODIMP_(ULONG) AddRef() override {
@@ -89,32 +124,25 @@ class ComObject : public Parts..., public LiveObject {
     return left;
   }
 
- protected:
-  /// Whether the object gives out that interface now; a failure is QueryInterface's result.
-  virtual HRESULT admit(REFIID iid) { return admitInterface(iid); }
-
  private:
-  void* find(REFIID iid) {
-    void* found = nullptr;
-    (take<Parts>(iid, found), ...);
-    return found;
-  }
-
+  /// Whether it is the part that a query for the interface is for.
   template <class Part>
-  void take(REFIID iid, void*& found) {
-    if (found) return;
+  bool query(REFIID iid, void** out, HRESULT& result) {
     using Offered = typename Part::Offered;
     const bool isBase = iid == __uuidof(IUnknown) ||
                         (std::is_base_of_v<IDispatch, Offered> && iid == __uuidof(IDispatch));
-    if (isBase || iid == __uuidof(Offered)) found = static_cast<Offered*>(static_cast<Part*>(this));
+    if (!isBase && iid != __uuidof(Offered)) return false;
+    result = isBase ? S_OK : queryResult(interfaceName<Offered>(), Part::isAvailable());
+    if (SUCCEEDED(result)) *out = static_cast<Offered*>(static_cast<Part*>(this));
+    return true;
   }
 };
 
-/// A new object, as one of its interfaces.
-template <class Object, class Interface, class... Arguments>
-Owned<Interface> make(Arguments&&... arguments) {
+/// A new object of these parts, as one of its interfaces.
+template <class Interface, class... Parts, class State>
+Owned<Interface> make(std::wstring label, const State& state) {
   return Owned<Interface>(
-      static_cast<Interface*>(new Object(std::forward<Arguments>(arguments)...)));
+      static_cast<Interface*>(new ComObject<Parts...>(std::move(label), state)));
 }
 
 }  // namespace wb

@@ -1,44 +1,49 @@
-#include "client/MainObject.h"
+// The main object: both generations of the main interface, the root folder, the gate and the query.
 
-#include "client/Bstr.h"
+#include <iterator>
+#include <memory>
+#include <optional>
+
 #include "client/ClientCall.h"
-#include "client/FileObject.h"
-#include "client/FolderObject.h"
-#include "client/LegacyFileObject.h"
-#include "client/NamedObject.h"
-#include "client/Results.h"
-#include "client/TextTable.h"
+#include "client/Objects.h"
 #include "core/SessionState.h"
-#include "core/Transcript.h"
 
 namespace wb {
 namespace {
 
-// What the two generations have in common; only the names of the interfaces differ.
+/// What the interfaces of one main object share: which vault is logged in to, and how far the gate
+/// of the query interface is open. Another main object logs in anew.
+class ClientSession {
+ public:
+  void login(const std::wstring& name) {
+    const StoredVault* found = store().vaultNamed(name);
+    if (!found) throw ClientFailure(E_FVC_VAULT_DOESNT_EXIST);
+    vaultName = found->name;
+  }
 
-HRESULT loginCall(const wchar_t* operation, ClientSession& session, BSTR vaultName,
-                  LONG parentWindow) {
-  return ClientCall(operation)
-      .with(L"vault", vaultName)
-      .window(L"parent", parentWindow)
-      .runVoid([&] { session.login(textOf(vaultName)); });
-}
+  const StoredVault& vault() const {
+    const StoredVault* found = vaultName ? store().vaultNamed(*vaultName) : nullptr;
+    if (!found) throw ClientFailure(E_QVT_NOT_LOGGED_IN);
+    return *found;
+  }
 
-HRESULT vaultNameCall(const wchar_t* operation, BSTR path, BSTR* vaultName) {
-  return ClientCall(operation).with(L"path", path).out(vaultName).runVoid([&] {
-    const StoredVault* vault = store().vaultOf(textOf(path));
-    if (!vault) throw ClientFailure(E_QVT_KEY_NOT_FOUND);
-    *vaultName = newBstr(vault->name);
-  });
-}
+  /// Takes the next number of the access code. A wrong one closes the gate, and the code starts
+  /// again.
+  void presentCode(long code) {
+    const bool isNext = !isGateOpen() && code == accessCode[codesTaken];
+    codesTaken = isNext ? codesTaken + 1 : 0;
+    if (!isNext) throw ClientFailure(E_QVT_PERMISSION_DENIED);
+  }
+  bool isGateOpen() const { return codesTaken == std::size(accessCode); }
 
-HRESULT errorTextCall(const wchar_t* operation, LONG code, LONG reserved, BSTR* text) {
-  return ClientCall(operation)
-      .code(L"code", code)
-      .with(L"reserved", reserved)
-      .out(text)
-      .runVoid([&] { *text = newBstr(ClientTexts::errorText(code)); });
-}
+ private:
+  static constexpr long accessCode[] = {3176520, 19980117, 5201874};
+
+  std::optional<std::wstring> vaultName;
+  size_t codesTaken = 0;
+};
+
+using SharedSession = std::shared_ptr<ClientSession>;
 
 /// The file of a path in the session's vault, null for a folder of the view.
 const StoredFile* fileOf(const ClientSession& session, const std::wstring& path) {
@@ -47,10 +52,8 @@ const StoredFile* fileOf(const ClientSession& session, const std::wstring& path)
   if (!holder) throw ClientFailure(E_QVT_KEY_NOT_FOUND);
   if (holder->name != vault.name) throw ClientFailure(E_QVT_NOT_LOGGED_IN);
   const StoredFile* file = store().find(path);
-  if (file) {
-    if (file->denied) throw ClientFailure(E_QVT_PERMISSION_DENIED);
-    return file;
-  }
+  if (file && file->denied) throw ClientFailure(E_QVT_PERMISSION_DENIED);
+  if (file) return file;
   const DWORD attributes = GetFileAttributesW(path.c_str());
   const bool isFolder =
       attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY);
@@ -58,98 +61,117 @@ const StoredFile* fileOf(const ClientSession& session, const std::wstring& path)
   return nullptr;
 }
 
-template <class FolderInterface, class FileInterface, class FileClass>
-HRESULT fileCall(const wchar_t* operation, const ClientSession& session, BSTR path,
-                 FolderInterface** folder, FileInterface** file) {
-  return ClientCall(operation)
-      .with(L"path", path)
-      .out(folder, L"folder")
-      .out(file, L"file")
-      .runVoid([&] {
-        const std::wstring text = textOf(path);
-        const StoredFile* stored = fileOf(session, text);
-        auto foundFolder = folderObject<FolderInterface>(text, stored == nullptr);
-        Owned<FileInterface> foundFile;
-        if (stored) {
-          foundFile = make<FileClass, FileInterface>(FileState::of(session.vault(), *stored));
-        }
-        *folder = foundFolder.release();
-        *file = foundFile.release();
-      });
-}
+/// The operations that both generations of the main interface have.
+template <class Interface, class Folder, class File>
+class MainBase : public Dual<Interface, SharedSession> {
+ public:
+  using Dual<Interface, SharedSession>::Dual;
+  using Dual<Interface, SharedSession>::call;
+
+  STDMETHODIMP login(BSTR vaultName, LONG parentWindow) override {
+    return call().with(L"vault", vaultName).window(L"parent", parentWindow).run([&] {
+      session().login(textOf(vaultName));
+    });
+  }
+
+  STDMETHODIMP vaultNameFromPath(BSTR path, BSTR* vaultName) override {
+    return call().with(L"path", path).result(vaultName, [&] {
+      const StoredVault* vault = store().vaultOf(textOf(path));
+      if (!vault) throw ClientFailure(E_QVT_KEY_NOT_FOUND);
+      return vault->name;
+    });
+  }
+
+  STDMETHODIMP errorText(LONG code, LONG reserved, BSTR* text) override {
+    return call().code(L"code", code).with(L"reserved", reserved).result(text, [&] {
+      return wb::errorText(code);
+    });
+  }
+
+  STDMETHODIMP fileFromPath(BSTR path, Folder** folder, File** file) override {
+    return call().with(L"path", path).out(folder, L"folder").out(file, L"file").run([&] {
+      const std::wstring text = textOf(path);
+      const StoredFile* stored = fileOf(session(), text);
+      auto foundFolder = folderObject<Folder>(stored ? text.substr(0, text.rfind(L'\\')) : text);
+      if (stored) *file = fileObject<File>(session().vault(), *stored).release();
+      *folder = foundFolder.release();
+    });
+  }
+
+ protected:
+  ClientSession& session() const { return *this->state; }
+};
+
+class ClientPart : public MainBase<VaultClient, VaultFolder, VaultFile> {
+ public:
+  using MainBase::MainBase;
+
+  STDMETHODIMP rootFolderPath(BSTR* path) override {
+    return call().result(path, [&] { return session().vault().root + L"\\"; });
+  }
+};
+
+class LegacyClientPart : public MainBase<VaultClientLegacy, VaultFolderLegacy, VaultFileLegacy> {
+ public:
+  using MainBase::MainBase;
+
+  STDMETHODIMP clientVersion(LONG* major, LONG* minor) override {
+    return call().out(major, L"major").out(minor, L"minor").run([&] {
+      *major = clientCondition().major;
+      *minor = clientCondition().minor;
+    });
+  }
+};
+
+class RootFolderPart : public Dual<VaultRootFolderAccess, SharedSession> {
+ public:
+  using Dual::Dual;
+
+  STDMETHODIMP rootFolder(VaultObject** folder) override {
+    return call().result(folder, [&] {
+      return namedObject(L"root folder",
+                         VaultItem{StoredVault::rootFolderId, state->vault().name, {}});
+    });
+  }
+};
+
+class GatePart : public Dual<VaultGate, SharedSession> {
+ public:
+  using Dual::Dual;
+
+  STDMETHODIMP presentCode(LONG code) override {
+    return call().with(L"code", code).run([&] { state->presentCode(code); });
+  }
+};
+
+class QueryPart : public Dual<VaultQuery, SharedSession> {
+ public:
+  using Dual::Dual;
+
+  bool isAvailable() const { return state->isGateOpen(); }
+
+  STDMETHODIMP execute(BSTR statements, IUnknown** result) override {
+    return call().with(L"statements", statements).result(result, [&] {
+      return runBatch(textOf(statements), state->vault());
+    });
+  }
+};
+
+/// Only a query has more to say about a failure than its code.
+class QueryErrorsPart : public Plain<ISupportErrorInfo, SharedSession> {
+ public:
+  using Plain::Plain;
+
+  STDMETHODIMP InterfaceSupportsErrorInfo(REFIID iid) override {
+    return iid == __uuidof(VaultQuery) ? S_OK : S_FALSE;
+  }
+};
 
 }  // namespace
 
-STDMETHODIMP ClientPart::login(BSTR vaultName, LONG parentWindow) {
-  return loginCall(L"VaultClient.login", *session, vaultName, parentWindow);
-}
-
-STDMETHODIMP ClientPart::vaultNameFromPath(BSTR path, BSTR* vaultName) {
-  return vaultNameCall(L"VaultClient.vaultNameFromPath", path, vaultName);
-}
-
-STDMETHODIMP ClientPart::errorText(LONG code, LONG reserved, BSTR* text) {
-  return errorTextCall(L"VaultClient.errorText", code, reserved, text);
-}
-
-STDMETHODIMP ClientPart::fileFromPath(BSTR path, VaultFolder** folder, VaultFile** file) {
-  return fileCall<VaultFolder, VaultFile, FileObject>(L"VaultClient.fileFromPath", *session, path,
-                                                      folder, file);
-}
-
-STDMETHODIMP ClientPart::rootFolderPath(BSTR* path) {
-  return ClientCall(L"VaultClient.rootFolderPath").out(path).runVoid([&] {
-    *path = newBstr(session->vault().root + L"\\");
-  });
-}
-
-STDMETHODIMP LegacyClientPart::errorText(LONG code, LONG reserved, BSTR* text) {
-  return errorTextCall(L"VaultClientLegacy.errorText", code, reserved, text);
-}
-
-STDMETHODIMP LegacyClientPart::fileFromPath(BSTR path, VaultFolderLegacy** folder,
-                                            VaultFileLegacy** file) {
-  return fileCall<VaultFolderLegacy, VaultFileLegacy, LegacyFileObject>(
-      L"VaultClientLegacy.fileFromPath", *session, path, folder, file);
-}
-
-STDMETHODIMP LegacyClientPart::clientVersion(LONG* major, LONG* minor) {
-  return ClientCall(L"VaultClientLegacy.clientVersion")
-      .out(major, L"major")
-      .out(minor, L"minor")
-      .runVoid([&] {
-        *major = clientCondition().major;
-        *minor = clientCondition().minor;
-      });
-}
-
-STDMETHODIMP LegacyClientPart::login(BSTR vaultName, LONG parentWindow) {
-  return loginCall(L"VaultClientLegacy.login", *session, vaultName, parentWindow);
-}
-
-STDMETHODIMP LegacyClientPart::vaultNameFromPath(BSTR path, BSTR* vaultName) {
-  return vaultNameCall(L"VaultClientLegacy.vaultNameFromPath", path, vaultName);
-}
-
-STDMETHODIMP RootFolderPart::rootFolder(VaultObject** folder) {
-  return ClientCall(L"VaultRootFolderAccess.rootFolder").out(folder).runVoid([&] {
-    const StoredVault& vault = session->vault();
-    *folder = namedObject(L"root folder", {StoredVault::rootFolderId, vault.name}).release();
-  });
-}
-
-STDMETHODIMP GatePart::presentCode(LONG code) {
-  return ClientCall(L"VaultGate.presentCode").with(L"code", code).runVoid([&] {
-    if (!session->presentCode(code)) throw ClientFailure(E_QVT_PERMISSION_DENIED);
-  });
-}
-
-HRESULT MainObject::admit(REFIID iid) {
-  if (iid == __uuidof(VaultQuery) && !session->isGateOpen()) {
-    tell(Event::client, L"QueryInterface(VaultQuery) -> E_NOINTERFACE");
-    return E_NOINTERFACE;
-  }
-  return admitInterface(iid);
+Owned<VaultClient> mainObject() {
+  return make<VaultClient, ClientPart, LegacyClientPart, RootFolderPart, GatePart, QueryPart,
+              QueryErrorsPart>(L"VaultClient", std::make_shared<ClientSession>());
 }
 
 }  // namespace wb

@@ -2,9 +2,20 @@
 
 #include <windows.h>
 
+#include <optional>
+#include <string>
+#include <string_view>
+
 namespace wb {
 
-/// The result codes that the client and its store make use of.
+/// A result's symbolic name, or its number if it has none.
+std::wstring resultName(HRESULT result);
+
+/// The result of a symbolic name or of a number, hexadecimal behind 0x.
+std::optional<HRESULT> resultFromName(std::wstring_view name);
+
+// The result codes that the client and its store make use of. The module has its own for what it
+// handles: were they these, a wrong one would agree with itself.
 constexpr HRESULT E_QVT_LOGIN_FAILED = static_cast<HRESULT>(0x80040200);
 constexpr HRESULT E_QVT_NOT_INITIALIZED = static_cast<HRESULT>(0x80040201);
 constexpr HRESULT E_QVT_PERMISSION_DENIED = static_cast<HRESULT>(0x80040203);
@@ -33,5 +44,6 @@ constexpr HRESULT E_QVT_CARD_NOT_FOUND = static_cast<HRESULT>(0x8004027E);
 constexpr HRESULT E_QVT_LOCAL_FILE_NOT_FOUND = static_cast<HRESULT>(0x80040285);
 constexpr HRESULT E_QVT_LOCKED_IN_OTHER_FOLDER = static_cast<HRESULT>(0x800402B0);
 constexpr HRESULT E_QVT_INVALID_VAULT_NAME = static_cast<HRESULT>(0x800402C2);
+constexpr HRESULT E_FVC_VAULT_DOESNT_EXIST = static_cast<HRESULT>(0x800404CD);
 
 }  // namespace wb

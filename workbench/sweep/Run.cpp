@@ -5,7 +5,7 @@
 #include <map>
 #include <set>
 
-#include "core/ResultNames.h"
+#include "core/ResultCodes.h"
 #include "core/Text.h"
 #include "core/Transcript.h"
 #include "faults/Faults.h"

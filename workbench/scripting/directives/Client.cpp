@@ -3,7 +3,7 @@
 #include <cwchar>
 
 #include "core/RegistrySettings.h"
-#include "core/ResultNames.h"
+#include "core/ResultCodes.h"
 #include "core/SessionState.h"
 #include "core/Transcript.h"
 #include "faults/Faults.h"

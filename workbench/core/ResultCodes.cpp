@@ -1,4 +1,4 @@
-#include "core/ResultNames.h"
+#include "core/ResultCodes.h"
 
 #include <cwchar>
 #include <iterator>
