@@ -1,7 +1,7 @@
 #include <acdocman.h>
 #include <axlock.h>
 
-#include "core/HandleLedger.h"
+#include "core/Accounts.h"
 #include "core/SessionState.h"
 #include "database/Drawing.h"
 #include "editor/Host.h"

@@ -7,7 +7,7 @@
 
 #include <string>
 
-#include "core/RegistryKey.h"
+#include "core/RegistrySettings.h"
 #include "core/Transcript.h"
 #include "gate/HostCall.h"
 

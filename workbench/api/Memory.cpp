@@ -4,7 +4,7 @@
 #include <cwchar>
 #include <string>
 
-#include "core/HandleLedger.h"
+#include "core/Accounts.h"
 #include "core/SessionState.h"
 #include "core/Transcript.h"
 #include "gate/HostCall.h"

@@ -76,10 +76,8 @@ FreeSpy& freeSpy() {
 bool switchStringCacheOff() {
   // Pinned: unloaded with the client and loaded again, it would have its cache back.
   HMODULE automation = nullptr;
-  if (!GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN, L"oleaut32.dll", &automation)) {
-    return GetEnvironmentVariableW(L"OANOCACHE", nullptr, 0) != 0;
-  }
-  const FARPROC found = GetProcAddress(automation, "SetOaNoCache");
+  GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN, L"oleaut32.dll", &automation);
+  const FARPROC found = automation ? GetProcAddress(automation, "SetOaNoCache") : nullptr;
   if (!found) return GetEnvironmentVariableW(L"OANOCACHE", nullptr, 0) != 0;
   reinterpret_cast<void(WINAPI*)()>(reinterpret_cast<void*>(found))();
   return true;
@@ -123,28 +121,6 @@ bool Accounts::watchesFrees() {
   return *watches;
 }
 
-Ticket Accounts::handOut(std::wstring kind, std::wstring label) {
-  const std::lock_guard lock(mutex);
-  entries[following] = {std::move(kind), std::move(label)};
-  return following++;
-}
-
-void Accounts::giveBack(Ticket ticket) {
-  const std::lock_guard lock(mutex);
-  const auto found = entries.find(ticket);
-  if (found == entries.end()) return;
-  if (!found->second.isMemory) note(L"back", found->second.kind + L" " + found->second.label);
-  entries.erase(found);
-}
-
-Ticket Accounts::handOutMemory(const void* block, std::wstring kind, std::wstring label) {
-  if (!block || !watchesFrees()) return 0;
-  const std::lock_guard lock(mutex);
-  const Ticket ticket = handOut(std::move(kind), std::move(label));
-  entries[ticket].isMemory = true;
-  return memory[block] = ticket;
-}
-
 void Accounts::memoryIsFreed(const void* block) {
   // A BSTR's block begins with its length, 8 bytes ahead of the text.
   constexpr size_t bstrHeader = 8;
@@ -153,58 +129,60 @@ void Accounts::memoryIsFreed(const void* block) {
   for (const size_t offset : {size_t{0}, bstrHeader}) {
     const auto found = memory.find(static_cast<const char*>(block) + offset);
     if (found == memory.end()) continue;
-    const Ticket ticket = found->second;
+    entries.erase(found->second);
     memory.erase(found);
-    giveBack(ticket);
   }
-}
-
-void Accounts::keepBeyondCommand(Ticket ticket) {
-  const std::lock_guard lock(mutex);
-  const auto found = entries.find(ticket);
-  if (found != entries.end()) found->second.kept = true;
-}
-
-std::vector<Outstanding> Accounts::outstanding(Ticket since) const {
-  const std::lock_guard lock(mutex);
-  std::vector<Outstanding> result;
-  for (auto entry = entries.lower_bound(since); entry != entries.end(); ++entry) {
-    result.push_back({entry->first, entry->second.kind, entry->second.label, entry->second.kept});
-  }
-  return result;
-}
-
-Ticket Accounts::nextTicket() const {
-  const std::lock_guard lock(mutex);
-  return following;
 }
 
 Ticket handOut(std::wstring kind, std::wstring label) {
   Accounts* const accounts = currentAccounts();
-  return accounts ? accounts->handOut(std::move(kind), std::move(label)) : 0;
+  if (!accounts) return 0;
+  const std::lock_guard lock(accounts->mutex);
+  const Ticket ticket = accounts->following++;
+  accounts->entries[ticket] = {ticket, std::move(kind), std::move(label)};
+  return ticket;
 }
 
 void giveBack(Ticket ticket) {
-  if (Accounts* const accounts = currentAccounts()) accounts->giveBack(ticket);
+  Accounts* const accounts = currentAccounts();
+  if (!accounts) return;
+  const std::lock_guard lock(accounts->mutex);
+  const auto entry = accounts->entries.extract(ticket);
+  if (entry) note(L"back", entry.mapped().kind + L" " + entry.mapped().label);
 }
 
 Ticket handOutMemory(const void* block, std::wstring kind, std::wstring label) {
   Accounts* const accounts = currentAccounts();
-  return accounts ? accounts->handOutMemory(block, std::move(kind), std::move(label)) : 0;
+  if (!accounts || !block || !accounts->watchesFrees()) return 0;
+  const std::lock_guard lock(accounts->mutex);
+  return accounts->memory[block] = handOut(std::move(kind), std::move(label));
 }
 
 void keepBeyondCommand(Ticket ticket) {
-  if (Accounts* const accounts = currentAccounts()) accounts->keepBeyondCommand(ticket);
+  Accounts* const accounts = currentAccounts();
+  if (!accounts) return;
+  const std::lock_guard lock(accounts->mutex);
+  const auto found = accounts->entries.find(ticket);
+  if (found != accounts->entries.end()) found->second.kept = true;
 }
 
 std::vector<Outstanding> outstanding(Ticket since) {
+  std::vector<Outstanding> result;
   Accounts* const accounts = currentAccounts();
-  return accounts ? accounts->outstanding(since) : std::vector<Outstanding>();
+  if (!accounts) return result;
+  const std::lock_guard lock(accounts->mutex);
+  const auto& entries = accounts->entries;
+  for (auto entry = entries.lower_bound(since); entry != entries.end(); ++entry) {
+    result.push_back(entry->second);
+  }
+  return result;
 }
 
 Ticket nextTicket() {
   Accounts* const accounts = currentAccounts();
-  return accounts ? accounts->nextTicket() : 0;
+  if (!accounts) return 0;
+  const std::lock_guard lock(accounts->mutex);
+  return accounts->following;
 }
 
 }  // namespace wb

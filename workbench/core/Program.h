@@ -34,4 +34,20 @@ inline bool startProgramAgain(const std::wstring& arguments, STARTUPINFOW& start
   }
 }
 
+/// True if `address` lies in the image of `module`.
+inline bool isInModule(HMODULE module, const void* address) {
+  HMODULE owner = nullptr;
+  return address &&
+         GetModuleHandleExW(
+             GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+             static_cast<const wchar_t*>(address), &owner) &&
+         owner == module;
+}
+
+/// True if the object's class is implemented in `module`: its table of virtual functions is there.
+template <class Object>
+bool isOfModule(HMODULE module, const Object* object) {
+  return object && isInModule(module, *reinterpret_cast<const void* const*>(object));
+}
+
 }  // namespace wb

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "core/RegistryKey.h"
 #include "core/Transcript.h"
 
 namespace wb {
@@ -32,16 +31,11 @@ SettingName settingName(const std::wstring& text) {
 }
 
 LSTATUS writeSetting(const SettingName& name, DWORD type, const void* data, DWORD size) {
-  const RegistryKey open(name.root, name.key, KEY_SET_VALUE, true);
-  if (open.status() != ERROR_SUCCESS) return open.status();
-  return RegSetValueExW(open.get(), name.value.c_str(), 0, type, static_cast<const BYTE*>(data),
-                        size);
+  return RegSetKeyValueW(name.root, name.key.c_str(), name.value.c_str(), type, data, size);
 }
 
 LSTATUS deleteSetting(const SettingName& name) {
-  const RegistryKey open(name.root, name.key, KEY_SET_VALUE);
-  if (open.status() != ERROR_SUCCESS) return open.status();
-  return RegDeleteValueW(open.get(), name.value.c_str());
+  return RegDeleteKeyValueW(name.root, name.key.c_str(), name.value.c_str());
 }
 
 std::wstring registryDataText(DWORD type, const BYTE* data, DWORD size) {

@@ -7,6 +7,33 @@
 
 namespace wb {
 
+/// An open key of the registry.
+class RegistryKey {
+ public:
+  /// Opens the key, or makes it.
+  RegistryKey(HKEY root, const std::wstring& path, REGSAM access, bool create = false)
+      : status_(open(root, path, access, create)) {}
+  RegistryKey(const RegistryKey&) = delete;
+  RegistryKey& operator=(const RegistryKey&) = delete;
+  ~RegistryKey() {
+    if (key) RegCloseKey(key);
+  }
+
+  /// Windows' result of the opening.
+  LSTATUS status() const { return status_; }
+  /// Null if it isn't open.
+  HKEY get() const { return key; }
+
+ private:
+  LSTATUS open(HKEY root, const std::wstring& path, REGSAM access, bool create) {
+    if (!create) return RegOpenKeyExW(root, path.c_str(), 0, access, &key);
+    return RegCreateKeyExW(root, path.c_str(), 0, nullptr, 0, access, nullptr, &key, nullptr);
+  }
+
+  HKEY key = nullptr;
+  LSTATUS status_;  // behind the key, which the opening sets
+};
+
 /// A value of the registry as a script names it: bare for the add-in's own key, else a full path
 /// that begins with HKCU\ or HKLM\ and ends in the value's name, "(default)" for the unnamed one.
 struct SettingName {
@@ -17,7 +44,8 @@ struct SettingName {
 
 SettingName settingName(const std::wstring& text);
 
-/// Sets a value, making its key if need be. Gives the Windows error, 0 for none.
+/// Sets a value, making its key if need be.
+/// @return the Windows error, 0 for none
 LSTATUS writeSetting(const SettingName& name, DWORD type, const void* data, DWORD size);
 LSTATUS deleteSetting(const SettingName& name);
 
@@ -28,7 +56,8 @@ std::vector<std::wstring> addinSettings();
 std::wstring registryDataText(DWORD type, const BYTE* data, DWORD size);
 
 /// Deletes all that the add-in and the client keep in the registry, and leaves what a fresh
-/// installation of the client has: its empty keys. Raises std::runtime_error.
+/// installation of the client has: its empty keys.
+/// @throws std::runtime_error
 void resetSettings();
 
 }  // namespace wb

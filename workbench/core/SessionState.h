@@ -2,18 +2,26 @@
 
 #include <windows.h>
 
+#include <filesystem>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <typeinfo>
 #include <utility>
 #include <vector>
 
 #include "core/Accounts.h"
-#include "core/Condition.h"
 #include "core/StandInTime.h"
 #include "core/Transcript.h"
 
 namespace wb {
+
+/// The condition of the stand-in client, set by a script and read by the client.
+struct ClientCondition {
+  int major = 5;  ///< the version that the client says it has
+  int minor = 3;
+  std::optional<std::filesystem::path> language;  ///< texts of a second language
+};
 
 /// All state of host and client in one session. What host and client share is here by name; every
 /// other room keeps its state in a part, a class with a default constructor, which is made when it

@@ -2,6 +2,8 @@
 
 #include <intrin.h>
 
+#include <utility>
+
 #include "core/SessionState.h"
 
 namespace wb {
@@ -20,22 +22,14 @@ void StandInTime::count(bool on) {
   counting = on;
 }
 
-void StandInTime::enter() {
-  if (!counting || depth++ != 0) return;
-  ++entered;
-  begun = __rdtsc();
-}
-
-void StandInTime::leave() {
-  if (counting && --depth == 0) sum += __rdtsc() - begun;
-}
-
 InStandIn::InStandIn() : time(currentTime()) {
-  if (time) time->enter();
+  if (!time || !time->counting || time->depth++ != 0) return;
+  ++time->entered;
+  time->begun = __rdtsc();
 }
 
 InStandIn::~InStandIn() {
-  if (time) time->leave();
+  if (time && time->counting && --time->depth == 0) time->sum += __rdtsc() - time->begun;
 }
 
 InModule::InModule() : time(currentTime()) {

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <utility>
-
 namespace wb {
 
 /// The time spent inside the stand-ins, so that a measurement can take it out and is left with the
@@ -18,8 +16,6 @@ class StandInTime {
  private:
   friend class InStandIn;
   friend class InModule;
-  void enter();
-  void leave();
 
   bool counting = false;
   int depth = 0;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <iterator>
 
 #include "core/SessionState.h"
 #include "core/Text.h"
@@ -12,21 +13,16 @@ namespace wb {
 
 namespace {
 
-struct Alias {
-  std::wstring folder;
-  std::wstring name;
-};
+constexpr const wchar_t* kindNames[] = {L"try",    L"box",   L"client", L"command", L"dialog",
+                                        L"doc",    L"error", L"file",   L"leak",    L"menu",
+                                        L"prompt", L"reg",   L"send",   L"window",  L"xref"};
+static_assert(std::size(kindNames) == Event::xref + 1);
 
-wchar_t folded(wchar_t character) {
-  if (character == L'/') return L'\\';
-  const auto upper = CharUpperW(reinterpret_cast<LPWSTR>(static_cast<ULONG_PTR>(character)));
-  return static_cast<wchar_t>(reinterpret_cast<ULONG_PTR>(upper));
-}
-
-std::wstring foldedText(std::wstring_view text) {
-  std::wstring result(text);
-  std::transform(result.begin(), result.end(), result.begin(), folded);
-  return result;
+/// In capitals, with backslashes.
+std::wstring folded(std::wstring text) {
+  std::replace(text.begin(), text.end(), L'/', L'\\');
+  CharUpperBuffW(text.data(), static_cast<DWORD>(text.size()));
+  return text;
 }
 
 /// Whether a folder's name goes on at `at`, so that what stands before it is another folder.
@@ -35,16 +31,17 @@ bool nameGoesOn(std::wstring_view text, size_t at) {
          (IsCharAlphaNumericW(text[at]) || text[at] == L'_' || text[at] == L'-');
 }
 
-void replaceFolder(std::wstring& text, const Alias& alias) {
-  std::wstring search = foldedText(text);
-  for (size_t at = 0; (at = search.find(alias.folder, at)) != std::wstring::npos;) {
-    if (nameGoesOn(search, at + alias.folder.size())) {
-      at += alias.folder.size();
+void replaceFolder(std::wstring& text, const std::wstring& folder, const std::wstring& name) {
+  std::wstring search = folded(text);
+  for (size_t at = 0; (at = search.find(folder, at)) != std::wstring::npos;) {
+    const size_t end = at + folder.size();
+    if (nameGoesOn(search, end)) {
+      at = end;
       continue;
     }
-    text.replace(at, alias.folder.size(), alias.name);
-    search.replace(at, alias.folder.size(), alias.name);
-    at += alias.name.size();
+    text.replace(at, folder.size(), name);
+    search.replace(at, folder.size(), name);
+    at += name.size();
   }
 }
 
@@ -54,158 +51,78 @@ void escapeLineEnds(std::wstring& text) {
   }
 }
 
-const wchar_t* nameOf(Event::Kind kind) {
-  switch (kind) {
-    case Event::attempt:
-      return L"try";
-    case Event::box:
-      return L"box";
-    case Event::client:
-      return L"client";
-    case Event::command:
-      return L"command";
-    case Event::dialog:
-      return L"dialog";
-    case Event::doc:
-      return L"doc";
-    case Event::error:
-      return L"error";
-    case Event::file:
-      return L"file";
-    case Event::leak:
-      return L"leak";
-    case Event::menu:
-      return L"menu";
-    case Event::prompt:
-      return L"prompt";
-    case Event::reg:
-      return L"reg";
-    case Event::send:
-      return L"send";
-    case Event::window:
-      return L"window";
-    case Event::xref:
-      return L"xref";
-  }
-  return L"";
-}
-
 }  // namespace
 
-struct Transcript::State {
-  std::vector<std::wstring> lines;
-  std::vector<Event> events;
-  std::vector<Alias> aliases;
-  size_t mark = 0;
-  bool echo = false;
-  size_t problems = 0;
-  std::function<int()> apartments;  ///< empty unless details are kept
-  std::vector<Detail> details;
-
-  std::wstring lineOf(std::wstring_view kind, std::wstring_view detail) const {
-    std::wstring line = std::wstring(kind) + L": " + std::wstring(detail);
-    escapeLineEnds(line);
-    for (const Alias& alias : aliases) replaceFolder(line, alias);
-    return line;
-  }
-};
-
-Transcript::Transcript() : state(std::make_unique<State>()) {}
-Transcript::~Transcript() = default;
+std::wstring Transcript::lineOf(std::wstring_view kind, std::wstring_view detail) const {
+  std::wstring line = std::wstring(kind) + L": " + std::wstring(detail);
+  escapeLineEnds(line);
+  for (const auto& [folder, name] : aliases) replaceFolder(line, folder, name);
+  return line;
+}
 
 Transcript& Transcript::instance() { return SessionState::get().transcript; }
 
-const std::vector<std::wstring>& Transcript::lines() const { return state->lines; }
-
-const std::vector<Event>& Transcript::events() const { return state->events; }
-
 bool Transcript::anySince(size_t first, const std::function<bool(const Event&)>& is) const {
-  const auto& events = state->events;
-  const auto begin = events.begin() + static_cast<std::ptrdiff_t>(std::min(first, events.size()));
-  return std::any_of(begin, events.end(), is);
+  const auto begin = events_.begin() + static_cast<std::ptrdiff_t>(std::min(first, events_.size()));
+  return std::any_of(begin, events_.end(), is);
 }
 
 void Transcript::clear() {
-  const bool echo = state->echo;
-  *state = State();
-  state->echo = echo;
+  const bool wasEchoed = isEchoed;
+  *this = Transcript();
+  isEchoed = wasEchoed;
 }
-
-void Transcript::echo(bool on) { state->echo = on; }
-
-void Transcript::mark() { state->mark = state->lines.size(); }
 
 bool Transcript::holdsSinceMark(std::wstring_view text) const {
   return std::any_of(
-      state->lines.begin() + static_cast<std::ptrdiff_t>(state->mark), state->lines.end(),
+      lines_.begin() + static_cast<std::ptrdiff_t>(marked), lines_.end(),
       [&](const std::wstring& line) { return line.find(text) != std::wstring::npos; });
 }
 
 void Transcript::alias(std::wstring folder, std::wstring name) {
-  while (!folder.empty() && (folder.back() == L'\\' || folder.back() == L'/')) folder.pop_back();
+  folder = folded(std::move(folder));
+  while (!folder.empty() && folder.back() == L'\\') folder.pop_back();
   if (folder.empty()) return;
-  state->aliases.push_back({foldedText(folder), std::move(name)});
-  std::stable_sort(state->aliases.begin(), state->aliases.end(),
-                   [](const Alias& left, const Alias& right) {
-                     return left.folder.size() > right.folder.size();
-                   });
+  const auto shorter = std::find_if(aliases.begin(), aliases.end(), [&](const auto& other) {
+    return other.first.size() < folder.size();
+  });
+  aliases.emplace(shorter, std::move(folder), std::move(name));
 }
-
-void Transcript::keepDetails(std::function<int()> apartments) {
-  state->apartments = std::move(apartments);
-}
-
-const std::vector<Transcript::Detail>& Transcript::details() const { return state->details; }
-
-size_t Transcript::problems() const { return state->problems; }
 
 void tell(Event event) {
   if (!SessionState::current()) {
     std::fprintf(stderr, "outside a session: %s\n", toUtf8(event.text).c_str());
     return;
   }
-  Transcript::State& state = *Transcript::instance().state;
-  std::wstring line = state.lineOf(nameOf(event.kind), event.text);
-  if (event.kind == Event::error || event.kind == Event::leak) ++state.problems;
-  if (state.echo) {
+  Transcript& transcript = Transcript::instance();
+  std::wstring line = transcript.lineOf(kindNames[event.kind], event.text);
+  if (event.kind == Event::error || event.kind == Event::leak) ++transcript.problems_;
+  if (transcript.isEchoed) {
     std::fputs((toUtf8(line) + "\n").c_str(), stdout);
     std::fflush(stdout);
   }
-  if (state.apartments) state.details.push_back({line, state.apartments()});
-  state.lines.push_back(std::move(line));
-  state.events.push_back(std::move(event));
+  if (transcript.apartments) transcript.details_.push_back({line, transcript.apartments()});
+  transcript.lines_.push_back(std::move(line));
+  transcript.events_.push_back(std::move(event));
 }
 
 void tell(Event::Kind kind, std::wstring text) { tell({kind, Event::other, {}, std::move(text)}); }
 
 void note(std::wstring_view kind, std::wstring_view detail) {
   if (!SessionState::current()) return;
-  Transcript::State& state = *Transcript::instance().state;
-  if (state.apartments) state.details.push_back({state.lineOf(kind, detail), state.apartments()});
+  Transcript& transcript = Transcript::instance();
+  if (!transcript.apartments) return;
+  transcript.details_.push_back({transcript.lineOf(kind, detail), transcript.apartments()});
 }
 
 std::wstring quoted(std::wstring_view text) {
+  constexpr std::wstring_view special = L"\n\r\t\x1B\"";
+  constexpr std::wstring_view names = L"nrte\"";
   std::wstring result = L"\"";
   for (const wchar_t character : text) {
-    switch (character) {
-      case L'\n':
-        result += L"\\n";
-        break;
-      case L'\r':
-        result += L"\\r";
-        break;
-      case L'\t':
-        result += L"\\t";
-        break;
-      case L'\x1B':
-        result += L"\\e";
-        break;
-      case L'"':
-        result += L"\\\"";
-        break;
-      default:
-        result += character;
-    }
+    const size_t at = special.find(character);
+    if (at != std::wstring_view::npos) result += L'\\';
+    result += at != std::wstring_view::npos ? names[at] : character;
   }
   return result + L"\"";
 }

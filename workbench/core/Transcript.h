@@ -1,9 +1,9 @@
 #pragma once
 
 #include <functional>
-#include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace wb {
@@ -66,51 +66,57 @@ std::wstring quoted(std::wstring_view text);
 /// What happened in a run, one line an event, in the order in which it happened.
 class Transcript {
  public:
-  Transcript();
-  ~Transcript();
+  /// A line or a note.
+  struct Detail {
+    std::wstring line;
+    int apartments;  ///< how many levels of COM the module had open then
+  };
 
   /// The current session's.
   /// @throws std::logic_error outside a session
   static Transcript& instance();
 
-  const std::vector<std::wstring>& lines() const;
+  const std::vector<std::wstring>& lines() const { return lines_; }
   /// The events behind the lines, in the same order.
-  const std::vector<Event>& events() const;
+  const std::vector<Event>& events() const { return events_; }
+  const std::vector<Detail>& details() const { return details_; }
+  /// How many `error` and `leak` lines were reported.
+  size_t problems() const { return problems_; }
+
   /// Whether one of the events from number `first` on is as the function says.
   bool anySince(size_t first, const std::function<bool(const Event&)>& is) const;
 
   /// Forgets the lines, the mark and the aliases.
   void clear();
 
-  /// Whether each line also goes to stdout, as UTF-8, as it is told.
-  void echo(bool on);
+  /// Whether each line is also printed to stdout, as UTF-8, as it is reported.
+  void echo(bool on) { isEchoed = on; }
 
   /// From here on holdsSinceMark looks.
-  void mark();
-  /// Whether a line told since the mark holds `text`.
+  void mark() { marked = lines_.size(); }
+  /// Whether a line reported since the mark holds `text`.
   bool holdsSinceMark(std::wstring_view text) const;
 
   /// From here on `folder` is written as `name` wherever it stands in a line, in any case and with
   /// slashes of either kind; of several the longest counts.
   void alias(std::wstring folder, std::wstring name);
 
-  /// A line or a note.
-  struct Detail {
-    std::wstring line;
-    int apartments;  ///< how many levels of COM the module had open then
-  };
   /// From here to clear() the notes are kept among the lines.
-  void keepDetails(std::function<int()> apartments);
-  const std::vector<Detail>& details() const;
-
-  /// How many `error` and `leak` lines were told.
-  size_t problems() const;
+  void keepDetails(std::function<int()> counter) { apartments = std::move(counter); }
 
  private:
   friend void tell(Event event);
   friend void note(std::wstring_view kind, std::wstring_view detail);
-  struct State;
-  std::unique_ptr<State> state;
+  std::wstring lineOf(std::wstring_view kind, std::wstring_view detail) const;
+
+  std::vector<std::wstring> lines_;
+  std::vector<Event> events_;
+  std::vector<Detail> details_;
+  std::vector<std::pair<std::wstring, std::wstring>> aliases;  ///< folders in capitals, and names
+  std::function<int()> apartments;                             ///< empty unless details are kept
+  size_t marked = 0;
+  size_t problems_ = 0;
+  bool isEchoed = false;
 };
 
 }  // namespace wb

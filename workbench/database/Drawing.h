@@ -11,7 +11,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "core/HandleLedger.h"
+#include "core/Accounts.h"
 #include "core/SessionState.h"
 #include "core/Text.h"
 #include "database/Objects.h"

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "core/Accounts.h"
-#include "core/Names.h"
+#include "core/Program.h"
 #include "core/StandInTime.h"
 #include "gate/HostCall.h"
 

@@ -2,7 +2,8 @@
 
 #include <algorithm>
 
-#include "core/Names.h"
+#include "core/Program.h"
+#include "core/Text.h"
 #include "core/Transcript.h"
 #include "editor/FileSelection.h"
 #include "editor/Host.h"

@@ -2,7 +2,9 @@
 
 #include <acutmem.h>
 
+#include "core/Program.h"
 #include "core/SessionState.h"
+#include "core/Text.h"
 #include "core/Transcript.h"
 #include "dialogs/Answers.h"
 #include "editor/Host.h"

@@ -7,7 +7,7 @@
 #include <set>
 #include <utility>
 
-#include "core/RegistryKey.h"
+#include "core/RegistrySettings.h"
 #include "core/Text.h"
 
 namespace wb {

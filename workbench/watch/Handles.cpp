@@ -5,7 +5,7 @@
 #include <map>
 #include <utility>
 
-#include "core/HandleLedger.h"
+#include "core/Accounts.h"
 #include "core/RegistrySettings.h"
 #include "core/SessionState.h"
 #include "core/Transcript.h"
