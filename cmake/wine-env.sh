@@ -60,7 +60,8 @@ run_and_wait() {
 wine_begin() {
   local folder=$1
   find_wine || { echo "There is no 64-bit Wine." >&2; return 1; }
-  mkdir -p "$folder/home" || return 1
+  # Without a single X resource, Xlib reads its files again for every font.
+  mkdir -p "$folder/home" && echo 'wine.resources: read' >"$folder/home/.Xdefaults" || return 1
   end_with "wine_end; ${2:-}"
   # Two runs in one prefix would end each other's server; the second waits.
   exec 9>"$folder/lock"
