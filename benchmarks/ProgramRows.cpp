@@ -1,17 +1,14 @@
 // The speed of the programs that try the module out.
 
-#include <windows.h>
-
 #include <chrono>
 #include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <stdexcept>
 #include <string>
 
 #include "core/Text.h"
 #include "Measure.h"
 #include "Rows.h"
+#include "scripting/Programs.h"
 
 namespace bench {
 
@@ -34,12 +31,7 @@ std::filesystem::path folder() {
 /// with the module loaded and a drawing opened in it.
 double bareSession(const std::filesystem::path& drawings) {
   return milliseconds([&] {
-    wb::SessionOptions options;
-    options.module = (BenchSession::binFolder() / L"TessaroAcad.arx").wstring();
-    options.client = (BenchSession::binFolder() / L"TessaroClient.dll").wstring();
-    options.workFolder = (folder() / L"session").wstring();
-    options.drawings = drawings.wstring();
-    wb::Session session(options);
+    wb::Session session(wb::optionsOfBuild(folder() / L"session", drawings));
     if (!session.run("@load\n@open %DRAWINGS%\\Site\\Plan.dxf\n")) {
       throw std::runtime_error(wb::toUtf8(session.text()));
     }
@@ -47,51 +39,15 @@ double bareSession(const std::filesystem::path& drawings) {
   });
 }
 
-class Handle {
- public:
-  explicit Handle(HANDLE handle) : handle(handle) {}
-  Handle(const Handle&) = delete;
-  Handle& operator=(const Handle&) = delete;
-  ~Handle() { CloseHandle(handle); }
-
-  HANDLE get() const { return handle; }
-
- private:
-  HANDLE handle;
-};
-
 /// Runs a program of the workbench to its end and returns what it wrote.
 /// @throws std::runtime_error with what it wrote if it doesn't end with 0
 std::string outputOf(const std::wstring& name, const std::wstring& arguments) {
+  constexpr unsigned patience = 180;  // seconds
   std::filesystem::create_directories(folder());
-  const std::filesystem::path file = folder() / L"output.txt";
-  SECURITY_ATTRIBUTES inherited{sizeof(inherited), nullptr, TRUE};
-  DWORD code = 0;
-  {
-    const Handle output(CreateFileW(file.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
-                                    &inherited, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
-    STARTUPINFOW start{};
-    start.cb = sizeof(start);
-    start.dwFlags = STARTF_USESTDHANDLES;
-    start.hStdOutput = start.hStdError = output.get();
-    PROCESS_INFORMATION made{};
-    const std::wstring program = (BenchSession::binFolder() / name).wstring();
-    std::wstring line = L"\"" + program + L"\" " + arguments;
-    if (!CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
-                        &start, &made)) {
-      throw std::runtime_error("can't be started: " + wb::toUtf8(program));
-    }
-    const Handle process(made.hProcess), thread(made.hThread);
-    constexpr DWORD patience = 180000;
-    if (WaitForSingleObject(process.get(), patience) != WAIT_OBJECT_0) {
-      TerminateProcess(process.get(), WAIT_TIMEOUT);
-    }
-    GetExitCodeProcess(process.get(), &code);
-  }
-  std::ifstream stream(file, std::ios::binary);
-  std::string text(std::istreambuf_iterator<char>(stream), {});
-  if (code != 0) throw std::runtime_error(wb::toUtf8(name) + " failed:\n" + text);
-  return text;
+  const wb::ChildResult child =
+      wb::runChild(BenchSession::binFolder() / name, arguments, patience, folder() / L"output.txt");
+  if (child.code != 0) throw std::runtime_error(wb::toUtf8(name) + " failed:\n" + child.output);
+  return child.output;
 }
 
 /// The N of the line "NAME: N passed, 0 failed".

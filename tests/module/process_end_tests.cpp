@@ -5,6 +5,7 @@
 #include <shellapi.h>
 
 #include "core/Program.h"
+#include "scripting/Programs.h"
 #include "shared/ModuleSession.h"
 #include "watch/ImportWatch.h"
 
@@ -41,18 +42,11 @@ const bool isHost = [] {
 }();
 
 TEST(ProcessEnd, WithTheModuleLoadedCallsNothingThatMayBeGone) {
-  STARTUPINFOW startup{};
-  startup.cb = sizeof(startup);
-  PROCESS_INFORMATION process{};
-  ASSERT_TRUE(wb::startProgramAgain(hostSwitch, startup, process));
-  EXPECT_EQ(WaitForSingleObject(process.hProcess, 60000), DWORD{WAIT_OBJECT_0});
-  DWORD code = 0;
-  GetExitCodeProcess(process.hProcess, &code);
-  EXPECT_EQ(code, endedWell)
-      << "70: the client was called while the process ended, 71: COM was left";
-  TerminateProcess(process.hProcess, 1);
-  CloseHandle(process.hThread);
-  CloseHandle(process.hProcess);
+  const wb::ChildResult host = wb::runChild(wb::programFile(), hostSwitch, 60,
+                                            std::filesystem::temp_directory_path() / L"host.txt");
+  EXPECT_EQ(host.code, endedWell)
+      << "70: the client was called while the process ended, 71: COM was left\n"
+      << host.output;
   // The next host works, and takes away what the other left in the registry.
   wb::Session next(EndingHost::options());
   EXPECT_TRUE(next.run("@load\n@unload\n")) << "the next host";

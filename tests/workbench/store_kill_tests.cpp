@@ -25,7 +25,7 @@ std::string contentNumber(long number) {
   for (;;) {
     if (!store.find(plan)->holder) store.checkOut(plan);
     const long next = store.find(plan)->latest().number + 1;
-    writeFile(plan, contentNumber(next));
+    write(plan, contentNumber(next));
     store.checkIn(plan, L"", next % 2 == 0);
     std::printf("%ld\n", next);
     std::fflush(stdout);
@@ -90,7 +90,7 @@ std::string runWriterFor(const fs::path& folder, DWORD milliseconds) {
   startup.hStdOutput = pipe.writing;
   PROCESS_INFORMATION process{};
   const std::wstring arguments = std::wstring(writerSwitch) + L" \"" + folder.wstring() + L"\"";
-  if (!wb::startProgramAgain(arguments, startup, process)) {
+  if (!wb::startProgram(wb::programFile(), arguments, startup, process)) {
     ADD_FAILURE() << "the writer doesn't start, Windows error " << GetLastError();
     return {};
   }
@@ -117,7 +117,7 @@ void expectSound(wb::Store& store, const fs::path& folder, const std::wstring& p
   const fs::path archive = folder / L"store" / L"archive";
   EXPECT_EQ(file.versions.size(), namesIn(archive).size());
   for (const wb::StoredVersion& version : file.versions) {
-    EXPECT_EQ(contentNumber(version.number), contentOf(archive / version.archive));
+    EXPECT_EQ(contentNumber(version.number), bytesOf(archive / version.archive));
   }
   EXPECT_EQ((std::set<std::wstring>{L"archive", L"store.json", L"store.lock"}),
             namesIn(folder / L"store"));
@@ -129,7 +129,7 @@ TEST(StoreKill, AnEndedWriterLosesNothingThatItTold) {
   const std::wstring plan = (folder / L"Plant" / L"Plan.dwg").wstring();
   {
     wb::Store store;
-    writeFile(folder / L"source.dwg", contentNumber(1));
+    write(folder / L"source.dwg", contentNumber(1));
     store.open(folder / L"store");
     store.createVault(L"Plant", (folder / L"Plant").wstring());
     store.add(plan, folder / L"source.dwg", L"anna", L"");

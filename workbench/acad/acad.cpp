@@ -1,16 +1,4 @@
-#include <windows.h>
-
-#include <shellapi.h>
-
-#include <algorithm>
-#include <cstdio>
-#include <cwchar>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <map>
-#include <optional>
-#include <stdexcept>
 #include <string>
 
 #include "core/Program.h"
@@ -18,13 +6,10 @@
 #include "core/Transcript.h"
 #include "desk/Desk.h"
 #include "scripting/Directives.h"
+#include "scripting/Programs.h"
 #include "scripting/Session.h"
 
 namespace {
-
-constexpr int exitOk = 0;
-constexpr int exitFailed = 1;
-constexpr int exitUsage = 2;
 
 constexpr char usage[] =
     "acad [--module FILE] [--client FILE] [--script FILE] [--interactive] [--desk]\n"
@@ -45,118 +30,64 @@ constexpr char usage[] =
     "                     lies below its folder)\n"
     "  --timeout SECONDS  for the script, 0 for none (60)\n";
 
-struct UsageError : std::runtime_error {
-  using std::runtime_error::runtime_error;
-};
-
-struct CommandLine {
-  wb::SessionOptions session;
-  std::wstring script;
-  bool desk = false;
-};
-
-unsigned seconds(const std::wstring& text) {
-  wchar_t* end = nullptr;
-  const unsigned long value = std::wcstoul(text.c_str(), &end, 10);
-  if (text.empty() || *end || value > 86400)
-    throw UsageError("--timeout needs a number of seconds");
-  return static_cast<unsigned>(value);
-}
-
-CommandLine parse(int count, wchar_t** arguments) {
-  CommandLine line;
-  wb::SessionOptions& session = line.session;
-  session.echo = true;
-  std::wstring timeout = std::to_wstring(session.timeoutSeconds);
-  const std::map<std::wstring, std::wstring*> values = {
-      {L"--module", &session.module},     {L"--client", &session.client},
-      {L"--script", &line.script},        {L"--work", &session.workFolder},
-      {L"--drawings", &session.drawings}, {L"--timeout", &timeout}};
-  const std::map<std::wstring, bool*> switches = {{L"--interactive", &session.interactive},
-                                                  {L"--desk", &line.desk},
-                                                  {L"--keep", &session.keep}};
-  for (int at = 1; at < count; ++at) {
-    const std::wstring name = arguments[at];
-    if (switches.count(name)) {
-      *switches.at(name) = true;
-    } else if (!values.count(name)) {
-      throw UsageError("unknown: " + wb::toUtf8(name));
-    } else if (++at == count) {
-      throw UsageError(wb::toUtf8(name) + " needs a value");
-    } else {
-      *values.at(name) = arguments[at];
-    }
-  }
-  session.timeoutSeconds = seconds(timeout);
-  if (line.desk) session.interactive = true;
-  if (line.script.empty() && !session.interactive) {
-    throw UsageError("--script, --interactive or --desk is needed");
-  }
-  return line;
-}
-
 /// Those of the project that was built here; empty if the program lies elsewhere.
-std::wstring sampleDrawings(std::filesystem::path folder) {
-  for (; folder.has_relative_path(); folder = folder.parent_path()) {
+std::filesystem::path sampleDrawings() {
+  for (std::filesystem::path folder = wb::programFolder(); folder.has_relative_path();
+       folder = folder.parent_path()) {
     const std::filesystem::path drawings = folder / L"workbench" / L"drawings";
     if (std::filesystem::is_directory(drawings)) return drawings;
   }
   return {};
 }
 
-void fillDefaults(CommandLine& line) {
-  const std::filesystem::path programs = wb::programFolder();
-  wb::SessionOptions& session = line.session;
-  if (session.module.empty()) session.module = programs / L"TessaroAcad.arx";
-  if (session.client.empty()) session.client = programs / L"TessaroClient.dll";
-  if (session.workFolder.empty())
-    session.workFolder = std::filesystem::temp_directory_path() / L"acad";
-  if (session.drawings.empty()) session.drawings = sampleDrawings(programs);
-  if (!line.script.empty()) line.script = wb::windowsPath(line.script);
-}
-
-std::string readScript(const std::wstring& file) {
-  std::ifstream stream(std::filesystem::path(file), std::ios::binary);
-  if (!stream) throw UsageError("the script can't be read: " + wb::toUtf8(file));
-  return std::string(std::istreambuf_iterator<char>(stream), {});
-}
-
-int run(CommandLine line) {
-  fillDefaults(line);
-  std::optional<std::string> script;
-  if (!line.script.empty()) script = readScript(line.script);
-  wb::Session session(line.session);
-  bool ok = script ? session.run(*script) : session.load();
-  if (ok && line.desk) {
+int run(const wb::SessionOptions& options, const std::wstring& scriptFile, bool atDesk) {
+  if (scriptFile.empty() && !options.interactive) {
+    throw wb::UsageError("--script, --interactive or --desk is needed");
+  }
+  std::string script;
+  if (!scriptFile.empty()) {
+    const std::wstring file = wb::windowsPath(scriptFile);
+    if (!std::filesystem::exists(file)) {
+      throw wb::UsageError("the script can't be read: " + wb::toUtf8(file));
+    }
+    script = wb::bytesOf(file);
+  }
+  wb::Session session(options);
+  bool ok = scriptFile.empty() ? session.load() : session.run(script);
+  if (ok && atDesk) {
     wb::Desk desk(session.context());
     session.interact(desk);
-  } else if (ok && line.session.interactive) {
-    session.interact();
+  } else if (ok && options.interactive) {
+    session.interact(*wb::makeConsole(session.context()));
   }
-  // Errors of a person at the prompt don't count; what leaked does.
+  // An error that a person was shown was his own; what leaked, never.
   const size_t problems = wb::Transcript::instance().problems();
   session.end();
   const bool leaked = wb::Transcript::instance().anySince(
       0, [](const wb::Event& event) { return event.kind == wb::Event::leak; });
-  if (leaked || wb::Transcript::instance().problems() != problems) ok = false;
-  return ok ? exitOk : exitFailed;
+  return ok && !leaked && wb::Transcript::instance().problems() == problems ? 0 : 1;
 }
 
 }  // namespace
 
 int main() {
-  int count = 0;
-  wchar_t** const arguments = CommandLineToArgvW(GetCommandLineW(), &count);
-  try {
-    return run(parse(count, arguments));
-  } catch (const UsageError& error) {
-    std::fprintf(stderr, "acad: %s\n\n%s", error.what(), usage);
-    return exitUsage;
-  } catch (const wb::ScriptError& error) {
-    std::fprintf(stderr, "acad: %s\n", wb::toUtf8(error.why).c_str());
-    return exitUsage;
-  } catch (const std::exception& error) {
-    std::fprintf(stderr, "acad: %s\n", error.what());
-    return exitFailed;
-  }
+  wb::SessionOptions session =
+      wb::optionsOfBuild(std::filesystem::temp_directory_path() / L"acad", sampleDrawings());
+  session.echo = true;
+  std::wstring script;
+  bool atDesk = false;
+  return wb::runProgram("acad", usage,
+                        {{L"--module", &session.module},
+                         {L"--client", &session.client},
+                         {L"--script", &script},
+                         {L"--work", &session.workFolder},
+                         {L"--drawings", &session.drawings},
+                         {L"--timeout", &session.timeoutSeconds},
+                         {L"--interactive", &session.interactive},
+                         {L"--desk", &atDesk},
+                         {L"--keep", &session.keep}},
+                        [&] {
+                          session.interactive |= atDesk;
+                          return run(session, script, atDesk);
+                        });
 }

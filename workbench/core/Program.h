@@ -16,16 +16,14 @@ inline std::filesystem::path programFile() {
 
 inline std::filesystem::path programFolder() { return programFile().parent_path(); }
 
-/// Starts this program once more, with the caller's inheritable handles.
+/// Starts a program with the caller's inheritable handles.
 /// @param arguments what comes behind the program's name.
 /// @return false with the Windows error in GetLastError(). On a busy machine Wine now and then
 /// can't start a process, so that it is tried again.
-inline bool startProgramAgain(const std::wstring& arguments, STARTUPINFOW& startup,
-                              PROCESS_INFORMATION& process) {
-  const std::wstring program = programFile();
+inline bool startProgram(const std::filesystem::path& program, const std::wstring& arguments,
+                         STARTUPINFOW& startup, PROCESS_INFORMATION& process) {
   for (unsigned attempt = 1;; ++attempt) {
-    std::wstring line = L"\"";
-    line.append(program).append(L"\" ").append(arguments);
+    std::wstring line = L"\"" + program.wstring() + L"\" " + arguments;
     if (CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
                        &startup, &process)) {
       return true;

@@ -73,11 +73,14 @@ void Transcript::clear() {
   isEchoed = wasEchoed;
 }
 
-bool Transcript::holdsSinceMark(std::wstring_view text) const {
-  return std::any_of(
-      lines_.begin() + static_cast<std::ptrdiff_t>(marked), lines_.end(),
-      [&](const std::wstring& line) { return line.find(text) != std::wstring::npos; });
+int Transcript::count(std::wstring_view text, size_t first) const {
+  const auto begin = lines_.begin() + static_cast<std::ptrdiff_t>(std::min(first, lines_.size()));
+  return static_cast<int>(std::count_if(begin, lines_.end(), [&](const std::wstring& line) {
+    return line.find(text) != std::wstring::npos;
+  }));
 }
+
+bool Transcript::holdsSinceMark(std::wstring_view text) const { return count(text, marked) > 0; }
 
 void Transcript::alias(std::wstring folder, std::wstring name) {
   folder = folded(std::move(folder));

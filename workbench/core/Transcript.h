@@ -92,6 +92,9 @@ class Transcript {
   /// Whether each line is also printed to stdout, as UTF-8, as it is reported.
   void echo(bool on) { isEchoed = on; }
 
+  /// How many of the lines from number `first` on hold `text`.
+  int count(std::wstring_view text, size_t first = 0) const;
+
   /// From here on holdsSinceMark looks.
   void mark() { marked = lines_.size(); }
   /// Whether a line reported since the mark holds `text`.

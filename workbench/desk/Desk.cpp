@@ -178,8 +178,6 @@ void Desk::runLine(const std::wstring& line, bool commandWaits) {
     } else if (commandWaits) {
       Host::instance().type({});
     }
-  } catch (const ScriptError& error) {
-    tell(Event::error, error.why);
   } catch (const std::exception& error) {
     tell(Event::error, fromUtf8(error.what()));
   }

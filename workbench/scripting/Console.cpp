@@ -1,102 +1,110 @@
-#include "scripting/Console.h"
+#include <windows.h>
 
 #include <cstdio>
+#include <deque>
 #include <iostream>
+#include <mutex>
+#include <optional>
+#include <string>
 #include <thread>
 
 #include "core/Text.h"
 #include "core/Transcript.h"
 #include "editor/Host.h"
 #include "scripting/Script.h"
+#include "scripting/Session.h"
 
 namespace wb {
+namespace {
 
-struct Console::Lines {
-  Lines() : arrived(CreateEventW(nullptr, FALSE, FALSE, nullptr)) {}
-  Lines(const Lines&) = delete;
-  Lines& operator=(const Lines&) = delete;
-  ~Lines() { CloseHandle(arrived); }
+/// The lines read so far. The reading thread shares it, and may outlive the console: nothing can
+/// wake it.
+struct Input {
+  Input() : arrived(CreateEventW(nullptr, FALSE, FALSE, nullptr)) {}
+  Input(const Input&) = delete;
+  Input& operator=(const Input&) = delete;
+  ~Input() { CloseHandle(arrived); }
 
   void readAll() {
-    std::string line;
-    while (std::getline(std::cin, line)) add(line);
+    for (std::string line; std::getline(std::cin, line);) add(line);
+    add(std::nullopt);
+  }
+
+  void add(std::optional<std::string> line) {
     const std::lock_guard lock(mutex);
-    ended = true;
+    lines.push_back(std::move(line));
     SetEvent(arrived);
-  }
-
-  void add(const std::string& line) {
-    const std::lock_guard lock(mutex);
-    waiting.push_back(line);
-    SetEvent(arrived);
-  }
-
-  std::optional<std::string> take() {
-    const std::lock_guard lock(mutex);
-    if (waiting.empty()) return std::nullopt;
-    std::string line = std::move(waiting.front());
-    waiting.pop_front();
-    return line;
-  }
-
-  bool isOver() {
-    const std::lock_guard lock(mutex);
-    return ended && waiting.empty();
   }
 
   const HANDLE arrived;
   std::mutex mutex;
-  std::deque<std::string> waiting;
-  bool ended = false;
+  std::deque<std::optional<std::string>> lines;  ///< the last one, at the input's end, is none
 };
 
-Console::Console(ScriptContext& context) : context(context), lines(std::make_shared<Lines>()) {
-  std::thread([lines = lines] { lines->readAll(); }).detach();
-}
-
-void Console::run() {
-  Host::instance().runUntilIdle();
-  while (const auto line = nextLine(false)) runLine(*line, false);
-}
-
-bool Console::supplyInput() {
-  while (const auto line = nextLine(true)) {
-    if (runLine(*line, true) && (*line)[0] != L'@') return true;
+class Console : public Operator {
+ public:
+  explicit Console(ScriptContext& context) : context(context) {
+    std::thread([input = input] { input->readAll(); }).detach();
   }
-  return false;
-}
 
-std::optional<std::wstring> Console::nextLine(bool commandWaits) {
-  std::printf("> ");
-  std::fflush(stdout);
-  while (!Host::instance().quitRequested()) {
-    if (const auto bytes = lines->take()) {
-      const auto parsed = scriptLines(*bytes);
-      if (!parsed.empty()) return parsed.front().text;
-      continue;
+  void run() override {
+    Host::instance().runUntilIdle();
+    while (const auto line = nextLine(false)) runLine(*line, false);
+  }
+
+  bool supplyInput() override {
+    while (const auto line = nextLine(true)) {
+      if (runLine(*line, true) && (*line)[0] != L'@') return true;
     }
-    if (lines->isOver()) break;
-    MsgWaitForMultipleObjects(1, &lines->arrived, FALSE, INFINITE, QS_ALLINPUT);
-    // What is queued comes after the command that waits.
-    if (commandWaits) {
-      Host::instance().pumpMessages();
-    } else {
-      Host::instance().runUntilIdle();
+    return false;
+  }
+
+ private:
+  /// The next line, after window messages; nothing when the input has ended or the host quits.
+  std::optional<std::wstring> nextLine(bool commandWaits) {
+    std::printf("> ");
+    std::fflush(stdout);
+    while (!Host::instance().quitRequested()) {
+      std::unique_lock lock(input->mutex);
+      if (!input->lines.empty()) {
+        const std::optional<std::string> bytes = input->lines.front();
+        if (!bytes) break;
+        input->lines.pop_front();
+        const auto parsed = scriptLines(*bytes);
+        if (!parsed.empty()) return parsed.front().text;
+        continue;
+      }
+      lock.unlock();
+      MsgWaitForMultipleObjects(1, &input->arrived, FALSE, INFINITE, QS_ALLINPUT);
+      // What is queued comes after the command that waits.
+      if (commandWaits) {
+        Host::instance().pumpMessages();
+      } else {
+        Host::instance().runUntilIdle();
+      }
+    }
+    return std::nullopt;
+  }
+
+  /// Runs a line; false if it was wrong.
+  bool runLine(const std::wstring& line, bool commandWaits) {
+    try {
+      runScriptLine(context, line, commandWaits);
+      return true;
+    } catch (const std::exception& error) {
+      tell(Event::error, fromUtf8(error.what()));
+      return false;
     }
   }
-  return std::nullopt;
-}
 
-bool Console::runLine(const std::wstring& line, bool commandWaits) {
-  try {
-    runScriptLine(context, line, commandWaits);
-    return true;
-  } catch (const ScriptError& error) {
-    tell(Event::error, error.why);
-  } catch (const std::exception& error) {
-    tell(Event::error, fromUtf8(error.what()));
-  }
-  return false;
+  ScriptContext& context;
+  const std::shared_ptr<Input> input = std::make_shared<Input>();
+};
+
+}  // namespace
+
+std::unique_ptr<Operator> makeConsole(ScriptContext& context) {
+  return std::make_unique<Console>(context);
 }
 
 }  // namespace wb

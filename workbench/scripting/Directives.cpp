@@ -10,6 +10,8 @@
 #include "core/Text.h"
 #include "core/Transcript.h"
 #include "scripting/Session.h"
+#include "store/Store.h"
+#include "ui/resource.h"
 
 namespace wb {
 namespace {
@@ -22,6 +24,26 @@ void replaceAll(std::wstring& text, std::wstring_view name, const std::wstring& 
   }
 }
 
+/// A step that may not be possible just now, such as closing what isn't open.
+void tryDirective(ScriptContext& context, const std::wstring& line, bool commandWaits) {
+  if (line.empty() || line[0] != L'@') throw ScriptError(L"@try needs a directive");
+  try {
+    runDirective(context, line, commandWaits);
+  } catch (const ScriptError& error) {
+    tell(Event::attempt, fromUtf8(error.what()));
+  } catch (const StoreError& error) {
+    tell(Event::attempt, fromUtf8(error.what()));
+  }
+}
+
+std::vector<Directive> allDirectives() {
+  std::vector<Directive> all;
+  for (auto* part : {documentDirectives, userDirectives, vaultDirectives}) {
+    for (Directive& directive : part()) all.push_back(std::move(directive));
+  }
+  return all;
+}
+
 }  // namespace
 
 std::wstring expandFolders(std::wstring text, const SessionOptions& options) {
@@ -31,24 +53,8 @@ std::wstring expandFolders(std::wstring text, const SessionOptions& options) {
 }
 
 std::wstring windowsPath(const std::wstring& file) {
-  std::wstring path = file;
-  if (!file.empty() && file[0] == L'/') {
-    // Wine's kernel32 alone has this one; it gives null for a path that no drive leads to.
-    using DosName = wchar_t*(CDECL*)(const char*);
-    const HMODULE kernel = GetModuleHandleW(L"kernel32.dll");
-    const auto dosName = reinterpret_cast<DosName>(
-        reinterpret_cast<void*>(GetProcAddress(kernel, "wine_get_dos_file_name")));
-    if (!dosName) throw ScriptError(L"no path of this system: " + wb::quoted(file));
-    char narrow[MAX_PATH * 4];
-    if (!WideCharToMultiByte(CP_UTF8, 0, file.c_str(), -1, narrow, sizeof(narrow), nullptr,
-                             nullptr)) {
-      throw ScriptError(L"too long a path: " + wb::quoted(file));
-    }
-    wchar_t* const found = dosName(narrow);
-    if (!found) throw ScriptError(L"no drive leads to " + wb::quoted(file));
-    path = found;
-    HeapFree(GetProcessHeap(), 0, found);
-  }
+  // Wine shows the machine's own files as the drive Z.
+  const std::wstring path = file.rfind(L'/', 0) == 0 ? L"Z:" + file : file;
   wchar_t complete[32768];
   const DWORD length =
       GetFullPathNameW(path.c_str(), static_cast<DWORD>(std::size(complete)), complete, nullptr);
@@ -74,18 +80,28 @@ Arguments::Arguments(std::wstring text, std::wstring usage, const SessionOptions
       }
     }
     word.end = at;
-    words.push_back(std::move(word));
+    all.push_back(std::move(word));
   }
 }
 
-const std::wstring& Arguments::textOf(const Word& word) const {
+std::wstring Arguments::expanded(const Word& word) const {
   if (word.quoteOpen) fail(L"a quote isn't closed");
-  return word.text;
+  return expandFolders(word.text, options);
+}
+
+void Arguments::requireMore() const {
+  if (atEnd()) fail(L"something is missing");
 }
 
 std::wstring Arguments::word() {
-  if (atEnd()) fail(L"something is missing");
-  return expandFolders(textOf(words[next++]), options);
+  requireMore();
+  return expanded(all[next++]);
+}
+
+std::vector<std::wstring> Arguments::words() {
+  std::vector<std::wstring> rest;
+  while (!atEnd()) rest.push_back(word());
+  return rest;
 }
 
 int Arguments::number() {
@@ -96,8 +112,38 @@ int Arguments::number() {
   return static_cast<int>(value);
 }
 
+unsigned Arguments::number(int least, const wchar_t* why) {
+  const int value = number();
+  if (value < least) fail(why);
+  return static_cast<unsigned>(value);
+}
+
+int Arguments::controlId() {
+  struct Control {
+    const wchar_t* name;
+    int id;
+  };
+#define CONTROL(name) {L"" #name, name}
+  static constexpr Control controls[] = {CONTROL(IDC_XREFS_LATEST), CONTROL(IDC_CHECKED_OUT_HERE),
+                                         CONTROL(IDC_REFRESH),      CONTROL(IDC_AUTOLOCK),
+                                         CONTROL(IDC_SHOW_STATUS),  CONTROL(IDC_INTERVAL),
+                                         CONTROL(IDC_EDIT_WARNING)};
+#undef CONTROL
+  for (const Control& control : controls) {
+    if (take(control.name)) return control.id;
+  }
+  return number();
+}
+
+bool Arguments::onOff() {
+  const std::wstring text = word();
+  if (sameName(text, L"on")) return true;
+  if (!sameName(text, L"off")) fail(wb::quoted(text) + L" is neither on nor off");
+  return false;
+}
+
 bool Arguments::take(std::wstring_view keyword) {
-  if (atEnd() || !sameName(words[next].text, keyword)) return false;
+  if (atEnd() || !sameName(all[next].text, keyword)) return false;
   ++next;
   return true;
 }
@@ -109,45 +155,60 @@ std::wstring Arguments::textUntil(const std::vector<std::wstring_view>& keywords
       return sameName(line.substr(word.begin, word.end - word.begin), keyword);
     });
   };
-  while (next < words.size() && !isKeyword(words[next])) ++next;
+  while (next < all.size() && !isKeyword(all[next])) ++next;
   if (next == first) fail(L"something is missing");
-  if (next == first + 1) return expandFolders(textOf(words[first]), options);
-  const size_t begin = words[first].begin;
-  return expandFolders(line.substr(begin, words[next - 1].end - begin), options);
+  if (next == first + 1) return expanded(all[first]);
+  const size_t begin = all[first].begin;
+  return expandFolders(line.substr(begin, all[next - 1].end - begin), options);
+}
+
+std::wstring Arguments::pathUntil(const std::vector<std::wstring_view>& keywords) {
+  return windowsPath(textUntil(keywords));
 }
 
 std::wstring Arguments::restOfLine() {
-  if (atEnd()) fail(L"something is missing");
-  const size_t begin = words[next].begin;
-  next = words.size();
-  return line.substr(begin, words.back().end - begin);
-}
-
-bool Arguments::onOff() {
-  const std::wstring text = word();
-  if (sameName(text, L"on")) return true;
-  if (!sameName(text, L"off")) fail(wb::quoted(text) + L" is neither on nor off");
-  return false;
+  requireMore();
+  const size_t begin = all[next].begin;
+  next = all.size();
+  return line.substr(begin, all.back().end - begin);
 }
 
 void Arguments::end() const {
-  if (!atEnd()) fail(wb::quoted(words[next].text) + L" is one word too many");
+  if (!atEnd()) fail(wb::quoted(all[next].text) + L" is one word too many");
 }
 
 void Arguments::fail(const std::wstring& why) const {
   throw ScriptError(why + L"; usage: " + usage);
 }
 
-const std::vector<Directive>& directives() {
-  static const std::vector<Directive> all = [] {
-    std::vector<Directive> table;
-    for (auto* part : {documentDirectives, answerDirectives, clientDirectives, vaultDirectives,
-                       checkDirectives, windowDirectives, drawingDirectives, selectionDirectives}) {
-      for (const Directive& directive : part()) table.push_back(directive);
-    }
-    return table;
-  }();
-  return all;
+DirectiveBody oneOf(std::vector<Subcommand> subcommands, std::wstring unknown) {
+  return [subcommands = std::move(subcommands), unknown = std::move(unknown)](
+             ScriptContext& context, Arguments& arguments) {
+    const std::wstring name = arguments.word();
+    const auto found =
+        std::find_if(subcommands.begin(), subcommands.end(),
+                     [&](const Subcommand& subcommand) { return name == subcommand.name; });
+    if (found == subcommands.end()) arguments.fail(wb::quoted(name) + unknown);
+    found->run(context, arguments);
+  };
+}
+
+void runDirective(ScriptContext& context, const std::wstring& line, bool commandWaits) {
+  static const std::vector<Directive> directives = allDirectives();
+  const std::wstring name = line.substr(0, line.find_first_of(L" \t"));
+  if (name == L"@try" && name.size() < line.size()) {
+    return tryDirective(context, line.substr(name.size() + 1), commandWaits);
+  }
+  const auto directive =
+      std::find_if(directives.begin(), directives.end(), [&](const Directive& one) {
+        return name == one.usage.substr(0, one.usage.find_first_of(L" ,"));
+      });
+  if (directive == directives.end()) throw ScriptError(L"there is no directive " + name);
+  if (commandWaits && !directive->whileWaiting) {
+    throw ScriptError(name + L" can't come while a command waits for input");
+  }
+  Arguments arguments(line.substr(name.size()), directive->usage, context.options);
+  directive->run(context, arguments);
 }
 
 }  // namespace wb

@@ -1,55 +1,16 @@
 #include "scripting/Script.h"
 
 #include <algorithm>
-#include <cwctype>
 
 #include "core/Text.h"
 #include "core/Transcript.h"
 #include "dialogs/Answers.h"
 #include "editor/Host.h"
 #include "editor/Selection.h"
-#include "scripting/Session.h"
-#include "store/Store.h"
+#include "scripting/Directives.h"
 #include "watch/ImportWatch.h"
 
 namespace wb {
-namespace {
-
-void runDirective(ScriptContext& context, const std::wstring& line, bool commandWaits);
-
-/// A step that may not be possible just now, such as closing what isn't open.
-void tryDirective(ScriptContext& context, const std::wstring& line, bool commandWaits) {
-  if (line.empty() || line[0] != L'@') throw ScriptError(L"@try needs a directive");
-  try {
-    runDirective(context, line, commandWaits);
-  } catch (const ScriptError& error) {
-    tell(Event::attempt, error.why);
-  } catch (const StoreError& error) {
-    tell(Event::attempt, fromUtf8(error.what()));
-  }
-}
-
-void runDirective(ScriptContext& context, const std::wstring& line, bool commandWaits) {
-  constexpr std::wstring_view tried = L"@try ";
-  if (line.rfind(tried, 0) == 0) {
-    return tryDirective(context, line.substr(tried.size()), commandWaits);
-  }
-  const size_t nameEnd = std::min(line.find_first_of(L" \t"), line.size());
-  const std::wstring name = line.substr(1, nameEnd - 1);
-  for (const Directive& directive : directives()) {
-    if (name != directive.name) continue;
-    if (commandWaits && !directive.whileWaiting) {
-      throw ScriptError(L"@" + name + L" can't come while a command waits for input");
-    }
-    Arguments arguments(line.substr(nameEnd), directive.usage, context.options);
-    directive.run(context, arguments);
-    return;
-  }
-  throw ScriptError(L"there is no directive @" + name);
-}
-
-}  // namespace
-
 std::vector<ScriptLine> scriptLines(std::string_view utf8) {
   constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
   if (utf8.substr(0, byteOrderMark.size()) == byteOrderMark) {
@@ -81,17 +42,13 @@ void runScriptLine(ScriptContext& context, const std::wstring& line, bool comman
   if (!commandWaits) Host::instance().runUntilIdle();
 }
 
-Script::Script(ScriptContext& context, std::vector<ScriptLine> lines)
-    : context(context), lines(std::move(lines)) {}
-
-const ScriptLine* Script::current() const { return running; }
-
-bool Script::run() {
-  apartments.start();
+void Script::run() {
+  apartments = apartmentBalance();
+  eventsSeen = Transcript::instance().events().size();
   while (next < lines.size() && step(lines[next++], false)) {
   }
   running = nullptr;
-  return !failed && refuseUnusedAnswers();
+  if (!failed && !Answers::instance().answersAny()) refuseUnusedAnswers();
 }
 
 bool Script::supplyInput() {
@@ -108,11 +65,9 @@ bool Script::step(const ScriptLine& line, bool commandWaits) {
   running = &line;
   try {
     runScriptLine(context, line.text, commandWaits);
-    if (!commandWaits) apartments.check();
+    if (!commandWaits) checkApartments();
   } catch (const ImpossibleStep& error) {
-    return refuse(line, error.why, Event::impossibleStep);
-  } catch (const ScriptError& error) {
-    return refuse(line, error.why);
+    return refuse(line, fromUtf8(error.what()), Event::impossibleStep);
   } catch (const std::exception& error) {
     return refuse(line, fromUtf8(error.what()));
   }
@@ -128,31 +83,24 @@ bool Script::refuse(const ScriptLine& line, const std::wstring& why, Event::Caus
   return false;
 }
 
-bool Script::refuseUnusedAnswers() {
-  if (Answers::instance().answersAny()) return true;
+void Script::refuseUnusedAnswers() {
   std::vector<std::wstring> unused = Answers::instance().unused();
   for (std::wstring& pick : Selection::instance().unused()) unused.push_back(std::move(pick));
   for (const std::wstring& answer : unused) {
     tell({Event::error, Event::unusedAnswer, {}, L"nothing asked for the answer: " + answer});
   }
-  return unused.empty();
+  failed = !unused.empty();
 }
 
-void ApartmentCheck::start() {
-  balance = apartmentBalance();
-  eventsSeen = Transcript::instance().events().size();
-}
-
-void ApartmentCheck::check() {
-  const int now = apartmentBalance();
-  if (now != balance) {
+void Script::checkApartments() {
+  const int change = apartmentBalance() - apartments;
+  if (change != 0) {
     const bool uncaught = Transcript::instance().anySince(
         eventsSeen, [](const Event& event) { return event.cause == Event::uncaught; });
-    tell(
-        uncaught && now > balance ? Event::command : Event::leak,
-        L"COM initialisations less uninitialisations changed by " + std::to_wstring(now - balance));
+    tell(uncaught && change > 0 ? Event::command : Event::leak,
+         L"COM initialisations less uninitialisations changed by " + std::to_wstring(change));
   }
-  balance = now;
+  apartments += change;
   eventsSeen = Transcript::instance().events().size();
 }
 

@@ -7,6 +7,7 @@
 
 #include "core/Transcript.h"
 #include "scripting/Directives.h"
+#include "scripting/Session.h"
 
 namespace wb {
 
@@ -20,50 +21,40 @@ struct ScriptLine {
 /// after its blanks; those at its end are kept on typed lines, where a blank may stand for Enter.
 std::vector<ScriptLine> scriptLines(std::string_view utf8);
 
-/// What the watched module's COM initialisations have become since the last call: a command that
-/// ended by an exception leaves one behind and is told as a `command` line, any other imbalance as
-/// a `leak`.
-class ApartmentCheck {
- public:
-  void start();
-  void check();
-
- private:
-  int balance = 0;
-  size_t eventsSeen = 0;
-};
-
 /// Runs the lines of a script in the host, and stops at the first that fails.
-class Script {
+class Script : public Operator {
  public:
-  Script(ScriptContext& context, std::vector<ScriptLine> lines);
+  Script(ScriptContext& context, std::vector<ScriptLine> lines)
+      : context(context), lines(std::move(lines)) {}
 
-  /// Runs all lines; false, with an `error` line, if one failed or an answer was left over.
-  bool run();
-  /// For a prompt that waits: runs the directives that come next and types the next plain line.
-  /// False at the end of the script, or if a directive failed.
-  bool supplyInput();
+  void run() override;
+  /// Runs the directives that come next and types the next plain line. False at the end of the
+  /// script, or if a directive failed.
+  bool supplyInput() override;
+  /// False, with an `error` line, if a line failed or an answer was left over.
+  bool succeeded() const { return !failed; }
   /// The line being run, null between runs. May be asked from any thread.
-  const ScriptLine* current() const;
+  const ScriptLine* current() const { return running; }
 
  private:
   bool step(const ScriptLine& line, bool commandWaits);
   bool refuse(const ScriptLine& line, const std::wstring& why, Event::Cause cause = Event::other);
-  bool refuseUnusedAnswers();
+  void refuseUnusedAnswers();
+  /// Reports what the watched module's COM initialisations have become since the last call: a
+  /// command that ended by an exception leaves one behind, anything else is a leak.
+  void checkApartments();
 
   ScriptContext& context;
   std::vector<ScriptLine> lines;
   size_t next = 0;
   std::atomic<const ScriptLine*> running{nullptr};
   bool failed = false;
-  ApartmentCheck apartments;
+  int apartments = 0;
+  size_t eventsSeen = 0;
 };
 
 /// Runs one line, typed or a directive, and lets the host work until it is idle. Raises ScriptError
 /// if the directive is wrong or what it asks for can't be done.
 void runScriptLine(ScriptContext& context, const std::wstring& line, bool commandWaits);
-
-/// Counts the `error` and `leak` lines told, so that a run can see its own.
-size_t problemsTold();
 
 }  // namespace wb

@@ -3,11 +3,17 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <chrono>
+#include <cstdio>
 #include <filesystem>
+#include <functional>
+#include <future>
 #include <stdexcept>
 
 #include "core/Accounts.h"
+#include "core/Program.h"
 #include "core/RegistrySettings.h"
+#include "core/ResultCodes.h"
 #include "core/SessionState.h"
 #include "core/Text.h"
 #include "core/Transcript.h"
@@ -16,29 +22,18 @@
 #include "editor/LoadRecord.h"
 #include "editor/Selection.h"
 #include "faults/Faults.h"
-#include "scripting/ClientLibrary.h"
-#include "scripting/Console.h"
+#include "scripting/Programs.h"
 #include "scripting/Script.h"
-#include "scripting/Watchdog.h"
-#include "scripting/WorkFolder.h"
 #include "store/Store.h"
 #include "watch/ImportWatch.h"
 
 namespace wb {
 namespace {
 
-std::wstring completePath(const std::wstring& path) {
-  try {
-    return path.empty() ? path : windowsPath(path);
-  } catch (const ScriptError& error) {
-    throw std::runtime_error(toUtf8(error.why));
-  }
-}
-
 SessionOptions complete(SessionOptions options) {
   for (std::wstring* path :
        {&options.module, &options.client, &options.workFolder, &options.drawings}) {
-    *path = completePath(*path);
+    if (!path->empty()) *path = windowsPath(*path);
   }
   if (options.workFolder.empty()) throw std::runtime_error("a session needs a work folder");
   return options;
@@ -52,33 +47,31 @@ void setUp(Transcript& transcript, const SessionOptions& options) {
   if (!programs.empty()) transcript.alias(programs.wstring(), L"<bin>");
 }
 
-/// What a prompt asks for while it lives.
-class InputSource {
+/// Ends the process with the exit code 3 when it isn't destroyed within its time: nothing gentler
+/// stops a thread that hangs inside a module.
+class Watchdog {
  public:
-  explicit InputSource(std::function<bool()> source) {
-    Host::instance().needInput = std::move(source);
+  /// @param seconds 0 for never
+  /// @param where called on another thread; what it returns is printed before the end
+  Watchdog(unsigned seconds, std::function<std::string()> where) {
+    if (seconds == 0) return;
+    watching =
+        std::async(std::launch::async, [seconds, where = std::move(where), end = end.get_future()] {
+          if (end.wait_for(std::chrono::seconds(seconds)) == std::future_status::ready) return;
+          std::printf("error: timed out after %u s%s\n", seconds, where().c_str());
+          std::fflush(stdout);
+          // No destructors: they would wait for the thread that hangs.
+          TerminateProcess(GetCurrentProcess(), 3);
+        });
   }
-  InputSource(const InputSource&) = delete;
-  InputSource& operator=(const InputSource&) = delete;
-  ~InputSource() { Host::instance().needInput = nullptr; }
+  Watchdog(const Watchdog&) = delete;
+  Watchdog& operator=(const Watchdog&) = delete;
+  ~Watchdog() { end.set_value(); }
+
+ private:
+  std::promise<void> end;
+  std::future<void> watching;
 };
-
-}  // namespace
-
-struct Session::State {
-  explicit State(SessionOptions given)
-      : options(complete(std::move(given))), client(options.client), context{options, client, {}} {}
-
-  const SessionOptions options;
-  SessionState shared;
-  ClientLibrary client;
-  ScriptContext context;
-  Ticket since = 0;
-  bool ended = false;
-  bool answersAny = false;  ///< what the last script asked for, which holds for the end as well
-};
-
-namespace {
 
 /// A session begins by deleting the client's and the module's settings.
 void requireWine() {
@@ -88,6 +81,44 @@ void requireWine() {
 }
 
 }  // namespace
+
+void registerClient(const std::wstring& file, bool present) {
+  HMODULE library = file.empty() ? nullptr : LoadLibraryW(file.c_str());
+  if (!library || !GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN, file.c_str(), &library)) {
+    throw std::runtime_error("the client \"" + toUtf8(file) + "\" can't be loaded, Windows error " +
+                             std::to_string(GetLastError()));
+  }
+  const char* const function = present ? "DllRegisterServer" : "DllUnregisterServer";
+  using Register = HRESULT(STDAPICALLTYPE*)();
+  const auto address =
+      reinterpret_cast<Register>(reinterpret_cast<void*>(GetProcAddress(library, function)));
+  const HRESULT result = address ? address() : E_NOINTERFACE;
+  if (SUCCEEDED(result)) return;
+  throw std::runtime_error(std::string("the client's ") + function + " failed with " +
+                           toUtf8(resultName(result)));
+}
+
+SessionOptions optionsOfBuild(const std::filesystem::path& workFolder,
+                              const std::filesystem::path& drawings) {
+  SessionOptions options;
+  options.module = programFolder() / L"TessaroAcad.arx";
+  options.client = programFolder() / L"TessaroClient.dll";
+  options.workFolder = workFolder;
+  options.drawings = drawings;
+  return options;
+}
+
+struct Session::State {
+  explicit State(SessionOptions given)
+      : options(complete(std::move(given))), context{options, {}} {}
+
+  const SessionOptions options;
+  SessionState shared;
+  ScriptContext context;
+  Ticket since = 0;
+  bool ended = false;
+  bool answersAny = false;  ///< what the last script asked for, which holds for the end as well
+};
 
 Session::Session(SessionOptions options) {
   if (SessionState::current() && Host::instance().running()) {
@@ -103,7 +134,7 @@ Session::Session(SessionOptions options) {
   setUp(state->shared.transcript, state->options);
   if (!state->options.accountForMemory) state->shared.accounts.leaveMemoryOut();
   store().open(std::filesystem::path(state->options.workFolder) / L"store");
-  if (state->client.isThere()) state->client.enter();
+  if (!state->options.client.empty()) registerClient(state->options.client, true);
   state->since = nextTicket();
   Answers::instance().start(state->options.interactive);
   Host& host = Host::instance();
@@ -135,7 +166,7 @@ void Session::end() {
   Answers::instance().stop();
   store().close();
   // Nothing of the session stays behind in the registry for programs that come after it.
-  if (state->client.isThere()) state->client.remove();
+  if (!state->options.client.empty()) registerClient(state->options.client, false);
 }
 
 bool Session::load() { return Host::instance().loadModule(state->options.module); }
@@ -145,44 +176,38 @@ bool Session::unload() { return Host::instance().unloadModule(state->options.mod
 bool Session::run(std::string_view utf8Script) {
   const unsigned unanswered = Answers::instance().unanswered();
   Script script(state->context, scriptLines(utf8Script));
-  const InputSource source([&] { return script.supplyInput(); });
   const Watchdog watchdog(state->options.timeoutSeconds, [&] {
     const ScriptLine* line = script.current();
     return line ? " in line " + std::to_string(line->number) + ": " + toUtf8(line->text)
                 : std::string();
   });
-  const bool succeeded = script.run();
+  interact(script);
+  return script.succeeded() && Answers::instance().unanswered() == unanswered;
+}
+
+void Session::interact(Operator& person) {
+  struct InputSource {
+    explicit InputSource(Operator& person) {
+      Host::instance().needInput = [&person] { return person.supplyInput(); };
+    }
+    InputSource(const InputSource&) = delete;
+    InputSource& operator=(const InputSource&) = delete;
+    ~InputSource() { Host::instance().needInput = nullptr; }
+  };
+  const InputSource source(person);
+  person.run();
   state->answersAny = Answers::instance().answersAny();
   Answers::instance().clear();
   Selection::instance().clear();
-  return succeeded && Answers::instance().unanswered() == unanswered;
-}
-
-void Session::interact() {
-  Console console(state->context);
-  interact(console);
 }
 
 ScriptContext& Session::context() { return state->context; }
-
-void Session::interact(Operator& person) {
-  const InputSource source([&] { return person.supplyInput(); });
-  person.run();
-  Answers::instance().clear();
-  Selection::instance().clear();
-}
 
 const std::vector<std::wstring>& Session::transcript() const {
   return state->shared.transcript.lines();
 }
 
-bool Session::told(std::wstring_view text) const { return count(text) > 0; }
-
-int Session::count(std::wstring_view text) const {
-  return static_cast<int>(std::count_if(
-      transcript().begin(), transcript().end(),
-      [&](const std::wstring& line) { return line.find(text) != std::wstring::npos; }));
-}
+int Session::count(std::wstring_view text) const { return state->shared.transcript.count(text); }
 
 std::wstring Session::text() const {
   std::wstring all;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -23,6 +24,17 @@ class Operator {
   virtual bool supplyInput() = 0;
 };
 
+/// The standard input as a command line: a thread of its own waits for the lines, so that the
+/// windows stay alive meanwhile, and the operator runs them on the host's thread until the input
+/// ends or the host is asked to quit. A line that is wrong is reported as an error.
+std::unique_ptr<Operator> makeConsole(ScriptContext& context);
+
+/// Enters the stand-in client in the registry as an installation would, or removes it. Its library
+/// stays loaded: a process has many sessions, one after the other.
+/// @param file the client's library
+/// @throws std::runtime_error if there is none, or it fails
+void registerClient(const std::wstring& file, bool present);
+
 /// What one run of the workbench is made of. All paths are Windows paths.
 struct SessionOptions {
   std::wstring module;           ///< the .arx that load() and `@load` without a name load
@@ -35,6 +47,10 @@ struct SessionOptions {
   bool keep = false;             ///< the work folder, the store and the settings stay as they are
   bool accountForMemory = true;  ///< what the client hands out is watched until it is freed
 };
+
+/// A session with the module and the client that lie beside the program.
+SessionOptions optionsOfBuild(const std::filesystem::path& workFolder,
+                              const std::filesystem::path& drawings);
 
 /// One run of the stand-in host with its store, settings and client, from a clean start to a clean
 /// end. Only one exists at a time, on the thread that made it; many may follow one another in a
@@ -61,21 +77,18 @@ class Session {
   /// typed, answers and picks don't outlive the run; marks do. A run longer than
   /// options.timeoutSeconds ends the process with the exit code 3.
   bool run(std::string_view utf8Script);
-  /// Takes lines from the standard input, typed or directives, while the windows live, until the
-  /// input ends or the person quits the host. An error is told and the next line is taken.
-  void interact();
-  /// Lets somebody else work at the host instead.
+  /// Lets somebody work at the host.
   void interact(Operator& person);
   /// What an operator's directives run in.
   ScriptContext& context();
   /// Closes the documents without asking, unloads the module, stops the host, tells what was not
-  /// given back as `leak` lines. The transcript can still be read afterwards.
+  /// released as `leak` lines. The transcript can still be read afterwards.
   void end();
 
-  /// The lines told since the session's start, `kind: detail`.
+  /// The lines since the session's start, `kind: detail`.
   const std::vector<std::wstring>& transcript() const;
   /// Whether some line holds `text`.
-  bool told(std::wstring_view text) const;
+  bool told(std::wstring_view text) const { return count(text) > 0; }
   /// How many lines hold `text`.
   int count(std::wstring_view text) const;
   /// All lines, each with a line end: what a failing test shows.

@@ -1,4 +1,15 @@
+// Documents, what stands in them, modules, and checks of the transcript.
+
+#include <cstdio>
+#include <cwchar>
+#include <utility>
+
+#include "core/Text.h"
 #include "core/Transcript.h"
+#include "database/Drawing.h"
+#include "dialogs/Reader.h"
+#include "dialogs/Screenshot.h"
+#include "editor/DocumentManager.h"
 #include "editor/Host.h"
 #include "scripting/Directives.h"
 #include "scripting/Session.h"
@@ -6,39 +17,33 @@
 namespace wb {
 namespace {
 
-/// Documents report themselves why something didn't come about, and a script goes on after it: a
-/// refused closing may be what it is about.
-void open(ScriptContext&, Arguments& arguments) {
-  const std::wstring path = windowsPath(arguments.textUntil({L"readonly"}));
-  const bool readOnly = arguments.take(L"readonly");
-  arguments.end();
-  Host::instance().open(path, readOnly);
+const Document& activeDocument() {
+  const Document* document = Host::instance().documents().active();
+  if (!document) throw ImpossibleStep(L"no drawing is open");
+  return *document;
 }
 
-void openDialog(ScriptContext&, Arguments& arguments) {
-  const std::wstring pick = arguments.textUntil();
-  Host::instance().openDialog(pick == L"cancel" ? std::nullopt : std::optional(windowsPath(pick)));
-}
-
-void newDrawing(ScriptContext&, Arguments& arguments) {
-  arguments.end();
-  Host::instance().newDrawing();
-}
-
-/// An open document's path; the active one's if none is named, which may be empty.
-std::wstring documentOrActive(Arguments& arguments) {
-  std::wstring path = arguments.atEnd() ? std::wstring() : windowsPath(arguments.textUntil());
-  DocumentManager& documents = Host::instance().documents();
-  if (path.empty() && !documents.active()) throw ImpossibleStep(L"no drawing is open");
-  if (!path.empty() && !documents.find(path)) {
-    throw ImpossibleStep(wb::quoted(path) + L" isn't open");
+/// An open document's path.
+struct OpenPath : RestPath {
+  explicit OpenPath(Arguments& arguments) : RestPath(arguments) {
+    if (Host::instance().documents().find(*this)) return;
+    throw ImpossibleStep(wb::quoted(*this) + L" isn't open");
   }
-  return path;
-}
+};
 
-void activate(ScriptContext&, Arguments& arguments) {
-  if (arguments.atEnd()) arguments.fail(L"something is missing");
-  const std::wstring path = documentOrActive(arguments);
+/// The path of an open document or, if none is named, of the active one, which may be empty.
+struct OpenPathOrActive {
+  explicit OpenPathOrActive(Arguments& arguments) {
+    if (arguments.atEnd()) {
+      activeDocument();
+    } else {
+      path = OpenPath(arguments);
+    }
+  }
+  std::wstring path;
+};
+
+void activate(const OpenPath& path) {
   const DocumentManager& documents = Host::instance().documents();
   if (documents.find(path) == documents.active()) {
     throw ScriptError(wb::quoted(path) + L" is on top already");
@@ -46,21 +51,9 @@ void activate(ScriptContext&, Arguments& arguments) {
   Host::instance().activate(path);
 }
 
-void close(ScriptContext&, Arguments& arguments) {
-  Host::instance().close(documentOrActive(arguments));
-}
-
-void save(ScriptContext&, Arguments& arguments) {
-  Host::instance().save(documentOrActive(arguments));
-}
-
-void edit(ScriptContext&, Arguments& arguments) {
-  arguments.end();
-  if (!Host::instance().edit()) throw ImpossibleStep(L"there is no drawing to edit");
-}
-
+/// The file that is named, or the session's own module.
 std::wstring moduleFile(const ScriptContext& context, Arguments& arguments) {
-  if (!arguments.atEnd()) return windowsPath(arguments.textUntil());
+  if (!arguments.atEnd()) return arguments.pathUntil();
   if (context.options.module.empty()) arguments.fail(L"the session has no module of its own");
   return context.options.module;
 }
@@ -75,37 +68,116 @@ void unload(ScriptContext& context, Arguments& arguments) {
   if (!Host::instance().unloadModule(file)) throw ScriptError(L"not unloaded: " + wb::quoted(file));
 }
 
-void reserve(ScriptContext&, Arguments& arguments) {
-  const std::wstring name = arguments.word();
-  arguments.end();
-  if (!Host::instance().reserveCommand(name)) {
-    throw ScriptError(L"the command name is taken already: " + name);
+void makeLayoutCurrent(const RestText& name) {
+  Drawing& drawing = *activeDocument().drawing();
+  if (!drawing.setCurrentLayout(name)) {
+    std::wstring names;
+    for (const std::wstring& one : drawing.layouts()) {
+      names += (names.empty() ? L"" : L", ") + wb::quoted(one);
+    }
+    throw ScriptError(L"the drawing has no layout " + wb::quoted(name) + L", only " + names);
+  }
+  tell(Event::doc, L"layout " + wb::quoted(drawing.currentLayout()) + L" is current");
+}
+
+void showAttributes(const std::wstring& block, const std::wstring& tag) {
+  const auto attributes = activeDocument().drawing()->attributes(block, tag);
+  const std::wstring name = block + L"." + tag;
+  if (attributes.empty()) throw ScriptError(L"nothing in the drawing bears " + name);
+  for (const Drawing::AttributeText& one : attributes) {
+    tell(Event::doc,
+         name + (one.layout.empty() ? L" inside a block" : L" on " + wb::quoted(one.layout)) +
+             L" = " + wb::quoted(one.value) + (one.aligned ? L"" : L", not aligned"));
   }
 }
 
-void refuseLocks(ScriptContext&, Arguments& arguments) {
-  const int count = arguments.number();
-  arguments.end();
-  if (count < 1) arguments.fail(L"at least 1");
-  Host::instance().documents().refuseLocks(static_cast<unsigned>(count));
+/// What a line since the mark has to hold; the transcript has names for the session's folders.
+struct Expected {
+  explicit Expected(Arguments& arguments) : text(arguments.restOfLine()) {
+    for (const auto& [name, alias] :
+         {std::pair(L"%WORK%", L"<work>"), std::pair(L"%DRAWINGS%", L"<drawings>")}) {
+      for (size_t at = text.find(name); at != std::wstring::npos; at = text.find(name)) {
+        text.replace(at, std::wcslen(name), alias);
+      }
+    }
+  }
+  bool isThere() const { return Transcript::instance().holdsSinceMark(text); }
+
+  std::wstring text;
+};
+
+void shot(const RestPath& file) {
+  // What waits to be drawn or raised is drawn first.
+  Host::instance().pumpMessages();
+  try {
+    savePicture(file);
+  } catch (const DialogError& error) {
+    throw ScriptError(error.reason);
+  }
+}
+
+/// For a person who reads along; it isn't an event, so the transcript doesn't keep it.
+void say(ScriptContext& context, const RestOfLine& text) {
+  if (!context.options.echo) return;
+  std::printf("\n== %s\n", toUtf8(text).c_str());
+  std::fflush(stdout);
 }
 
 }  // namespace
 
+// Documents report themselves why something didn't come about, and a script goes on after it: a
+// refused closing may be what it is about.
 std::vector<Directive> documentDirectives() {
-  return {
-      {L"open", L"@open PATH [readonly]", open, false},
-      {L"opendialog", L"@opendialog PATH, or @opendialog cancel", openDialog, false},
-      {L"new", L"@new", newDrawing, false},
-      {L"activate", L"@activate PATH", activate, false},
-      {L"close", L"@close [PATH]", close, false},
-      {L"save", L"@save [PATH]", save, false},
-      {L"edit", L"@edit", edit, false},
-      {L"load", L"@load [FILE]", load, false},
-      {L"unload", L"@unload [FILE]", unload, false},
-      {L"reserve", L"@reserve COMMAND", reserve, false},
-      {L"refuse-locks", L"@refuse-locks COUNT", refuseLocks, true},
-  };
+  return {{L"@open PATH [readonly]",
+           [](Arguments& arguments) {
+             const std::wstring path = arguments.pathUntil({L"readonly"});
+             const bool readOnly = arguments.take(L"readonly");
+             arguments.end();
+             Host::instance().open(path, readOnly);
+           }},
+          {L"@opendialog PATH, or @opendialog cancel",
+           [](const RestText& pick) {
+             Host::instance().openDialog(pick == L"cancel" ? std::nullopt
+                                                           : std::optional(windowsPath(pick)));
+           }},
+          {L"@new", [] { Host::instance().newDrawing(); }},
+          {L"@activate PATH", activate},
+          {L"@close [PATH]",
+           [](const OpenPathOrActive& document) { Host::instance().close(document.path); }},
+          {L"@save [PATH]",
+           [](const OpenPathOrActive& document) { Host::instance().save(document.path); }},
+          {L"@edit",
+           [] {
+             if (!Host::instance().edit()) throw ImpossibleStep(L"there is no drawing to edit");
+           }},
+          {L"@load [FILE]", load},
+          {L"@unload [FILE]", unload},
+          {L"@reserve COMMAND",
+           [](const std::wstring& name) {
+             if (Host::instance().reserveCommand(name)) return;
+             throw ScriptError(L"the command name is taken already: " + name);
+           }},
+          atAnyTime(L"@refuse-locks COUNT",
+                    [](Arguments& arguments) {
+                      const unsigned count = arguments.number(1, L"at least 1");
+                      arguments.end();
+                      Host::instance().documents().refuseLocks(count);
+                    }),
+          {L"@layout NAME", makeLayoutCurrent},
+          atAnyTime(L"@attr BLOCK TAG", showAttributes),
+          atAnyTime(L"@mark", [] { Transcript::instance().mark(); }),
+          atAnyTime(L"@expect TEXT",
+                    [](const Expected& line) {
+                      if (!line.isThere())
+                        throw ScriptError(L"expected since the mark: " + line.text);
+                    }),
+          atAnyTime(L"@expect-no TEXT",
+                    [](const Expected& line) {
+                      if (line.isThere())
+                        throw ScriptError(L"not expected since the mark: " + line.text);
+                    }),
+          atAnyTime(L"@shot FILE", shot),
+          atAnyTime(L"@say TEXT", say)};
 }
 
 }  // namespace wb

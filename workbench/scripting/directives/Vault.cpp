@@ -1,39 +1,47 @@
+// The vault, the client, faults on demand, and settings.
+
 #include <windows.h>
 
 #include <algorithm>
+#include <cwchar>
+#include <map>
 
 #include "core/RegistrySettings.h"
+#include "core/ResultCodes.h"
+#include "core/SessionState.h"
 #include "core/Transcript.h"
+#include "faults/Faults.h"
 #include "scripting/Directives.h"
+#include "scripting/Session.h"
 #include "store/Store.h"
 
 namespace wb {
 namespace {
 
-std::wstring viewPath(Arguments& arguments) { return windowsPath(arguments.word()); }
+/// A file of a view.
+struct ViewPath : std::wstring {
+  explicit ViewPath(Arguments& arguments) : std::wstring(windowsPath(arguments.word())) {}
+};
 
-void create(ScriptContext& context, Arguments& arguments) {
-  const std::wstring name = arguments.word();
-  store().createVault(name, windowsPath(arguments.textUntil()));
-  context.vaults.push_back(name);
+/// Reads the texts behind keywords in any order, to the end of the line; a comment has the rest of
+/// it.
+/// @param texts what each keyword stands for without one
+void readKeywords(Arguments& arguments, std::map<std::wstring_view, std::wstring*> texts) {
+  std::vector<std::wstring_view> keywords;
+  for (const auto& [keyword, text] : texts) keywords.push_back(keyword);
+  while (!arguments.atEnd()) {
+    const auto found = std::find_if(keywords.begin(), keywords.end(),
+                                    [&](std::wstring_view one) { return arguments.take(one); });
+    if (found == keywords.end()) return arguments.end();
+    *texts[*found] = *found == L"comment" ? arguments.textUntil() : arguments.textUntil(keywords);
+  }
 }
 
-/// The end of `add` and `newversion`, in any order; a comment is the rest of the line.
 struct NewVersion {
-  explicit NewVersion(Arguments& arguments) {
-    const std::vector<std::wstring_view> keywords{L"from", L"user", L"comment"};
-    path = windowsPath(arguments.textUntil(keywords));
-    while (!arguments.atEnd()) {
-      if (arguments.take(L"from")) {
-        from = windowsPath(arguments.textUntil(keywords));
-      } else if (arguments.take(L"user")) {
-        user = arguments.textUntil(keywords);
-      } else if (arguments.take(L"comment")) {
-        comment = arguments.textUntil();
-      } else {
-        arguments.end();
-      }
-    }
+  explicit NewVersion(Arguments& arguments)
+      : path(arguments.pathUntil({L"from", L"user", L"comment"})) {
+    readKeywords(arguments, {{L"from", &from}, {L"user", &user}, {L"comment", &comment}});
+    if (!from.empty()) from = windowsPath(from);
   }
   std::wstring path;
   std::wstring from;
@@ -41,44 +49,24 @@ struct NewVersion {
   std::wstring comment;
 };
 
-void add(ScriptContext&, Arguments& arguments) {
-  const NewVersion version(arguments);
-  store().add(version.path, version.from, version.user, version.comment);
-}
-
-void newVersion(ScriptContext&, Arguments& arguments) {
+void newVersion(Arguments& arguments) {
   const NewVersion version(arguments);
   if (version.from.empty()) arguments.fail(L"`from FILE` is missing");
   store().addVersion(version.path, version.from, version.user, version.comment);
 }
 
-void checkOut(ScriptContext&, Arguments& arguments) {
-  const std::vector<std::wstring_view> keywords{L"user", L"computer", L"folder"};
-  const std::wstring path = windowsPath(arguments.textUntil(keywords));
+void checkOut(Arguments& arguments) {
+  const std::wstring path = arguments.pathUntil({L"user", L"computer", L"folder"});
   if (arguments.atEnd()) return store().checkOut(path);
   std::wstring user = Store::thisUser();
   std::wstring computer = Store::thisComputer();
   std::wstring folder = path.substr(0, path.rfind(L'\\'));
-  while (!arguments.atEnd()) {
-    if (arguments.take(L"user")) {
-      user = arguments.textUntil(keywords);
-    } else if (arguments.take(L"computer")) {
-      computer = arguments.textUntil(keywords);
-    } else if (arguments.take(L"folder")) {
-      folder = arguments.textUntil(keywords);
-    } else {
-      arguments.end();
-    }
-  }
+  readKeywords(arguments, {{L"user", &user}, {L"computer", &computer}, {L"folder", &folder}});
   store().checkOutFor(path, user, computer, folder);
 }
 
-void undo(ScriptContext&, Arguments& arguments) {
-  store().undoCheckOut(windowsPath(arguments.textUntil()));
-}
-
 /// The client notes for each vault whether it works without its server.
-void offline(ScriptContext& context, Arguments& arguments) {
+void setOffline(ScriptContext& context, Arguments& arguments) {
   const DWORD isOffline = arguments.onOff() ? 1 : 0;
   std::vector<std::wstring> vaults = context.vaults;
   if (!arguments.atEnd()) vaults = {arguments.textUntil()};
@@ -95,50 +83,19 @@ void offline(ScriptContext& context, Arguments& arguments) {
   }
 }
 
-void exempt(ScriptContext&, Arguments& arguments) {
-  const std::wstring path = viewPath(arguments);
-  store().setExempt(path, arguments.onOff());
-  arguments.end();
-}
-
-void setState(ScriptContext&, Arguments& arguments) {
-  const std::wstring path = viewPath(arguments);
-  store().setState(path, arguments.textUntil());
-}
-
-void card(ScriptContext&, Arguments& arguments) {
-  const std::wstring path = viewPath(arguments);
-  const std::wstring variable = arguments.word();
-  const std::wstring configuration = arguments.word();
-  CardValue value{L"text", {}};
-  if (!arguments.atEnd() && !arguments.take(L"type")) {
-    value.text = arguments.textUntil({L"type"});
-    if (!arguments.atEnd()) arguments.take(L"type");
+struct TypedValue : CardValue {
+  explicit TypedValue(Arguments& arguments) : CardValue{L"text", {}} {
+    if (!arguments.atEnd() && !arguments.take(L"type")) {
+      text = arguments.textUntil({L"type"});
+      if (!arguments.atEnd()) arguments.take(L"type");
+    }
+    if (!arguments.atEnd()) type = arguments.word();
   }
-  if (!arguments.atEnd()) value.type = arguments.word();
-  arguments.end();
-  store().setCardValue(path, variable, configuration, value);
-}
-
-void map(ScriptContext&, Arguments& arguments) {
-  const std::wstring path = viewPath(arguments);
-  const std::wstring variable = arguments.word();
-  CardMapping mapping;
-  mapping.block = arguments.word();
-  mapping.tag = arguments.word();
-  arguments.end();
-  store().addMapping(path, variable, mapping);
-}
-
-void deny(ScriptContext&, Arguments& arguments) {
-  const std::wstring path = windowsPath(arguments.textUntil({L"on", L"off"}));
-  store().setDenied(path, arguments.atEnd() || arguments.onOff());
-  arguments.end();
-}
+};
 
 /// A date of the vault, "2006-03-30 14:20:10", in universal time.
-void date(ScriptContext&, Arguments& arguments) {
-  const std::wstring path = viewPath(arguments);
+void setDate(Arguments& arguments) {
+  const ViewPath path(arguments);
   const std::wstring text = arguments.textUntil();
   SYSTEMTIME time{};
   wchar_t rest = 0;
@@ -152,52 +109,164 @@ void date(ScriptContext&, Arguments& arguments) {
   store().setDate(path, stamp);
 }
 
-void fetch(ScriptContext&, Arguments& arguments) {
-  const std::wstring path = viewPath(arguments);
-  const int version = arguments.atEnd() ? 0 : arguments.number();
-  arguments.end();
-  store().fetch(path, version);
+std::vector<Subcommand> subcommands() {
+  return {
+      {L"create",
+       [](ScriptContext& context, const std::wstring& name, const RestPath& root) {
+         store().createVault(name, root);
+         context.vaults.push_back(name);
+       }},
+      {L"add",
+       [](const NewVersion& version) {
+         store().add(version.path, version.from, version.user, version.comment);
+       }},
+      {L"newversion", newVersion},
+      {L"checkout", checkOut},
+      {L"undo", [](const RestPath& path) { store().undoCheckOut(path); }},
+      {L"offline", setOffline},
+      {L"exempt", [](const ViewPath& path, bool exempt) { store().setExempt(path, exempt); }},
+      {L"state",
+       [](const ViewPath& path, const RestText& state) { store().setState(path, state); }},
+      {L"card",
+       [](const ViewPath& path, const std::wstring& variable, const std::wstring& configuration,
+          const TypedValue& value) { store().setCardValue(path, variable, configuration, value); }},
+      {L"map", [](const ViewPath& path, const std::wstring& variable, const std::wstring& block,
+                  const std::wstring& tag) { store().addMapping(path, variable, {block, tag}); }},
+      {L"deny",
+       [](Arguments& arguments) {
+         const std::wstring path = arguments.pathUntil({L"on", L"off"});
+         const bool denied = arguments.atEnd() || arguments.onOff();
+         arguments.end();
+         store().setDenied(path, denied);
+       }},
+      {L"date", setDate},
+      {L"fetch", [](const ViewPath& path,
+                    std::optional<int> version) { store().fetch(path, version.value_or(0)); }},
+      {L"show",
+       [](const RestPath& path) {
+         for (const std::wstring& line : store().describe(path)) tell(Event::file, line);
+       }},
+  };
 }
 
-void show(ScriptContext&, Arguments& arguments) {
-  for (const std::wstring& line : store().describe(windowsPath(arguments.textUntil()))) {
-    tell(Event::file, line);
+void setLanguage(const RestText& file) {
+  if (file == L"default") {
+    clientCondition().language.reset();
+    return;
   }
+  const std::wstring path = windowsPath(file);
+  if (GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES) {
+    throw ScriptError(L"there is no language file " + wb::quoted(path));
+  }
+  clientCondition().language = path;
 }
 
-struct Subcommand {
-  const wchar_t* name;
-  void (*run)(ScriptContext&, Arguments&);
-};
+unsigned numberOfCalls(Arguments& arguments) {
+  return arguments.number(0, L"no negative number of calls");
+}
 
-constexpr Subcommand subcommands[] = {
-    {L"create", create},     {L"add", add},        {L"newversion", newVersion},
-    {L"checkout", checkOut}, {L"undo", undo},      {L"offline", offline},
-    {L"exempt", exempt},     {L"state", setState}, {L"card", card},
-    {L"map", map},           {L"deny", deny},      {L"date", date},
-    {L"fetch", fetch},       {L"show", show},
-};
-
-void vault(ScriptContext& context, Arguments& arguments) {
+void fail(Arguments& arguments) {
+  const std::wstring operation = arguments.word();
+  if (operation == L"clear" && arguments.atEnd()) {
+    clearFaults();
+    return;
+  }
   const std::wstring name = arguments.word();
-  for (const Subcommand& subcommand : subcommands) {
-    if (name == subcommand.name) return subcommand.run(context, arguments);
+  const auto code = resultFromName(name);
+  if (!code) arguments.fail(wb::quoted(name) + L" is no result code");
+  unsigned after = 0;
+  bool always = false;
+  while (!arguments.atEnd()) {
+    if (arguments.take(L"always")) {
+      always = true;
+    } else if (arguments.take(L"after")) {
+      after = numberOfCalls(arguments);
+    } else {
+      arguments.end();
+    }
   }
-  arguments.fail(wb::quoted(name) + L" is nothing that is done to a vault");
+  failOperation(operation, *code, after, always);
+}
+
+void disturb(Arguments& arguments) {
+  const std::filesystem::path file = arguments.pathUntil({L"held", L"away"});
+  const DiskFault what = arguments.take(L"held") ? DiskFault::held : DiskFault::away;
+  if (what == DiskFault::away && !arguments.take(L"away")) arguments.fail(L"held or away?");
+  if (!arguments.take(L"at")) arguments.fail(L"at which operation?");
+  const std::wstring operation = arguments.word();
+  const unsigned after = arguments.take(L"after") ? numberOfCalls(arguments) : 0;
+  arguments.end();
+  disturbFile(file, what, operation, after);
+}
+
+void checkStatus(LSTATUS status, const std::wstring& name) {
+  if (status == ERROR_SUCCESS) return;
+  throw ScriptError(L"the setting " + wb::quoted(name) + L" can't be changed, Windows error " +
+                    std::to_wstring(status));
+}
+
+void setSetting(Arguments& arguments) {
+  const std::wstring name = arguments.word();
+  const std::wstring data = arguments.textUntil({L"as"});
+  const std::wstring type = arguments.take(L"as") ? arguments.word() : std::wstring(L"number");
+  arguments.end();
+  const auto write = [&](DWORD registryType, const void* bytes, size_t size) {
+    checkStatus(writeSetting(settingName(name), registryType, bytes, static_cast<DWORD>(size)),
+                name);
+  };
+  if (type == L"text") return write(REG_SZ, data.c_str(), (data.size() + 1) * sizeof(wchar_t));
+  wchar_t* end = nullptr;
+  const unsigned long long value = std::wcstoull(data.c_str(), &end, 0);
+  if (data.empty() || *end) {
+    arguments.fail(wb::quoted(data) + L" is no number; a text is set `as text`");
+  }
+  const auto narrow = static_cast<DWORD>(value);
+  if (type == L"number") return write(REG_DWORD, &narrow, sizeof(narrow));
+  if (type == L"long-number") return write(REG_QWORD, &value, sizeof(value));
+  if (type != L"big-endian") arguments.fail(wb::quoted(type) + L" is no type of a setting");
+  const DWORD swapped = _byteswap_ulong(narrow);
+  write(REG_DWORD_BIG_ENDIAN, &swapped, sizeof(swapped));
 }
 
 }  // namespace
 
 std::vector<Directive> vaultDirectives() {
-  return {{L"vault",
-           L"@vault create NAME ROOT | add PATH [from FILE] [user U] [comment T]"
-           L" | newversion PATH from FILE [user U] [comment T]"
-           L" | checkout PATH [user U] [computer C] [folder F] | undo PATH"
-           L" | offline on|off [NAME] | exempt PATH on|off | state PATH NAME"
-           L" | card PATH VAR CONFIG VALUE [type T] | map PATH VAR BLOCK TAG"
-           L" | deny PATH [on|off] | date PATH YYYY-MM-DD HH:MM:SS | fetch PATH [VERSION]"
-           L" | show PATH",
-           vault, true}};
+  return {
+      atAnyTime(L"@vault create NAME ROOT | add PATH [from FILE] [user U] [comment T]"
+                L" | newversion PATH from FILE [user U] [comment T]"
+                L" | checkout PATH [user U] [computer C] [folder F] | undo PATH"
+                L" | offline on|off [NAME] | exempt PATH on|off | state PATH NAME"
+                L" | card PATH VAR CONFIG VALUE [type T] | map PATH VAR BLOCK TAG"
+                L" | deny PATH [on|off] | date PATH YYYY-MM-DD HH:MM:SS | fetch PATH [VERSION]"
+                L" | show PATH",
+                oneOf(subcommands(), L" is nothing that is done to a vault")),
+      atAnyTime(
+          L"@client missing | present | version MAJOR MINOR | language FILE | language default",
+          oneOf({{L"missing",
+                  [](ScriptContext& context) { registerClient(context.options.client, false); }},
+                 {L"present",
+                  [](ScriptContext& context) { registerClient(context.options.client, true); }},
+                 {L"version",
+                  [](int major, int minor) {
+                    clientCondition().major = major;
+                    clientCondition().minor = minor;
+                  }},
+                 {L"language", setLanguage}},
+                L" isn't a condition of the client")),
+      atAnyTime(L"@fail OPERATION CODE [after N] [always], or @fail clear", fail),
+      atAnyTime(L"@disturb FILE held | away at OPERATION [after N]", disturb),
+      atAnyTime(L"@reg set NAME VALUE [as number|text|big-endian|long-number] | delete NAME | show",
+                oneOf({{L"set", setSetting},
+                       {L"delete",
+                        [](const RestText& name) {
+                          const LSTATUS status = deleteSetting(settingName(name));
+                          if (status != ERROR_FILE_NOT_FOUND) checkStatus(status, name);
+                        }},
+                       {L"show",
+                        [] {
+                          for (const std::wstring& line : addinSettings()) tell(Event::reg, line);
+                        }}},
+                      L" is neither set, delete nor show"))};
 }
 
 }  // namespace wb

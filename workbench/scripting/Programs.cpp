@@ -1,0 +1,138 @@
+#include "scripting/Programs.h"
+
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cwchar>
+#include <fstream>
+#include <iterator>
+#include <memory>
+
+#include "core/Program.h"
+#include "core/Text.h"
+
+namespace wb {
+namespace {
+
+constexpr wchar_t markName[] = L".workbench-session";
+
+struct HandleCloser {
+  void operator()(HANDLE handle) const { CloseHandle(handle); }
+};
+using OwnedHandle = std::unique_ptr<void, HandleCloser>;
+
+void readOptions(const std::vector<ProgramOption>& options) {
+  int count = 0;
+  wchar_t** const words = CommandLineToArgvW(GetCommandLineW(), &count);
+  for (int at = 1; at < count; ++at) {
+    const std::wstring name = words[at];
+    const auto option = std::find_if(options.begin(), options.end(),
+                                     [&](const ProgramOption& one) { return name == one.name; });
+    if (option == options.end()) throw UsageError("unknown: " + toUtf8(name));
+    if (auto* const* flag = std::get_if<bool*>(&option->target)) {
+      **flag = true;
+      continue;
+    }
+    if (++at == count) throw UsageError(toUtf8(name) + " needs a value");
+    if (auto* const* number = std::get_if<unsigned*>(&option->target)) {
+      **number = numberFrom(words[at]);
+    } else if (auto* const* text = std::get_if<std::wstring*>(&option->target)) {
+      **text = words[at];
+    } else {
+      std::get<std::function<void(const std::wstring&)>>(option->target)(words[at]);
+    }
+  }
+}
+
+}  // namespace
+
+unsigned numberFrom(const std::wstring& text) {
+  wchar_t* end = nullptr;
+  const unsigned long value = std::wcstoul(text.c_str(), &end, 10);
+  if (text.empty() || *end) throw UsageError(toUtf8(text) + " is no number");
+  return static_cast<unsigned>(value);
+}
+
+int runProgram(const char* name, const char* usage, const std::vector<ProgramOption>& options,
+               const std::function<int()>& work) {
+  try {
+    readOptions(options);
+    return work();
+  } catch (const UsageError& error) {
+    std::fprintf(stderr, "%s: %s\n\n%s", name, error.what(), usage);
+    return 2;
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "%s: %s\n", name, error.what());
+    return 1;
+  }
+}
+
+ChildResult runChild(const std::filesystem::path& program, const std::wstring& arguments,
+                     unsigned seconds, const std::filesystem::path& outputFile) {
+  SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
+  // The desktop's own process may have got an earlier child's handle and still hold it.
+  const HANDLE file =
+      CreateFileW(outputFile.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, &inherited,
+                  CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE) throw std::runtime_error("the output can't be written");
+  OwnedHandle output(file);
+  STARTUPINFOW start{};
+  start.cb = sizeof start;
+  start.dwFlags = STARTF_USESTDHANDLES;
+  start.hStdOutput = start.hStdError = file;
+  PROCESS_INFORMATION made{};
+  if (!startProgram(program, arguments, start, made)) {
+    throw std::runtime_error("can't be started: " + toUtf8(program.wstring()));
+  }
+  const OwnedHandle process(made.hProcess), thread(made.hThread);
+  if (WaitForSingleObject(process.get(), seconds * 1000) != WAIT_OBJECT_0) {
+    TerminateProcess(process.get(), WAIT_TIMEOUT);
+    WaitForSingleObject(process.get(), INFINITE);
+  }
+  ChildResult result;
+  GetExitCodeProcess(process.get(), &result.code);
+  output.reset();
+  result.output = bytesOf(outputFile);
+  return result;
+}
+
+std::string bytesOf(const std::filesystem::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  if (!stream) throw std::runtime_error("can't be read: " + toUtf8(file.wstring()));
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+void deleteTree(const std::filesystem::path& path) {
+  // The files of a vault view are write-protected, and such files Windows doesn't delete.
+  SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
+  if (std::filesystem::is_directory(path)) {
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(path)) {
+      SetFileAttributesW(entry.path().c_str(), FILE_ATTRIBUTE_NORMAL);
+    }
+  }
+  std::filesystem::remove_all(path);
+}
+
+void prepareWorkFolder(const std::filesystem::path& folder, bool keep) {
+  std::filesystem::create_directories(folder);
+  const std::filesystem::path mark = folder / markName;
+  if (!std::filesystem::exists(mark)) {
+    if (!std::filesystem::is_empty(folder)) {
+      throw std::runtime_error(toUtf8(folder.wstring()) +
+                               " isn't a work folder and isn't empty: it is left alone");
+    }
+    if (!std::ofstream(mark)) {
+      throw std::runtime_error(toUtf8(folder.wstring()) + " can't be written to");
+    }
+    return;
+  }
+  if (keep) return;
+  for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+    if (entry.path().filename() != markName) deleteTree(entry.path());
+  }
+}
+
+}  // namespace wb

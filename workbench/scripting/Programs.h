@@ -1,0 +1,58 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <stdexcept>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace wb {
+
+/// A command line that is wrong.
+struct UsageError : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+/// An option of a program, and where its value goes; a bool is a switch.
+struct ProgramOption {
+  const wchar_t* name;
+  std::variant<bool*, unsigned*, std::wstring*, std::function<void(const std::wstring&)>> target;
+};
+
+/// Whole numbers only.
+/// @throws UsageError
+unsigned numberFrom(const std::wstring& text);
+
+/// Reads the command line of this process and does the program's work.
+/// @param usage printed for a wrong command line
+/// @return the exit code: what `work` returns, 2 for a UsageError, 1 for another exception
+int runProgram(const char* name, const char* usage, const std::vector<ProgramOption>& options,
+               const std::function<int()>& work);
+
+/// How a child process ended, and what it wrote.
+struct ChildResult {
+  unsigned long code = 0;
+  std::string output;
+};
+
+/// Runs a program and waits for its end; one that doesn't end in time is terminated.
+/// @param outputFile where the program's output goes meanwhile
+/// @throws std::runtime_error if it can't be started
+ChildResult runChild(const std::filesystem::path& program, const std::wstring& arguments,
+                     unsigned seconds, const std::filesystem::path& outputFile);
+
+/// The content of a file, also of one that is open in the host.
+/// @throws std::runtime_error
+std::string bytesOf(const std::filesystem::path& file);
+
+/// Makes `folder` an empty folder that bears the mark of a session's work folder. One that exists
+/// is emptied only if it bears that mark; one with anything else in it raises std::runtime_error
+/// and stays as it is. With `keep` a marked folder keeps what it holds.
+void prepareWorkFolder(const std::filesystem::path& folder, bool keep);
+
+/// Deletes a file, or a folder with all that is in it, write-protected or not. Nothing happens if
+/// it isn't there. Raises std::filesystem::filesystem_error.
+void deleteTree(const std::filesystem::path& path);
+
+}  // namespace wb
