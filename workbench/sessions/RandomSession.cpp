@@ -1,90 +1,138 @@
 #include "sessions/RandomSession.h"
 
-#include <algorithm>
+#include <windows.h>
 
-#include "core/Program.h"
+#include <acdocman.h>
+
+#include <array>
+
 #include "core/Text.h"
 #include "core/Transcript.h"
+#include "dialogs/Reader.h"
+#include "editor/DocumentManager.h"
 #include "editor/Host.h"
 #include "faults/Faults.h"
 #include "scripting/Session.h"
-#include "sessions/Generator.h"
-#include "sessions/Invariants.h"
-#include "sessions/Places.h"
+#include "store/Store.h"
+#include "trials/VaultCheck.h"
+#include "ui/resource.h"
 
 namespace sessions {
 namespace {
 
-bool holds(const std::string& text, const char* part) {
-  return text.find(part) != std::string::npos;
+void checkHeaps() {
+  std::array<HANDLE, 64> heaps{};
+  const DWORD count = GetProcessHeaps(static_cast<DWORD>(heaps.size()), heaps.data());
+  bool sound = count != 0;
+  for (DWORD at = 0; at < count && at < heaps.size(); ++at) {
+    sound = sound && HeapValidate(heaps[at], 0, nullptr);
+  }
+  if (!sound) throw wb::CheckFailure("a heap is damaged");
 }
 
-class Run {
- public:
-  explicit Run(unsigned patience) : session(options(patience)) {}
+/// A check-out, a refresh or a version that was asked for brings the vault's content to the disk; a
+/// saving writes the user's next content.
+bool replacesLocalFiles(const wb::Event& event) {
+  if (event.cause == wb::Event::documentSaved) return true;
+  if (event.kind != wb::Event::client) return false;
+  const std::wstring operation = event.subject.substr(event.subject.find(L'.') + 1);
+  return operation == L"checkOut" || operation == L"getLocalCopy" || operation == L"getVersion";
+}
 
-  std::string run(const std::vector<std::string>& steps) {
+std::wstring versionName(long version) {
+  return version < 1 ? std::wstring(L"-") : std::to_wstring(version);
+}
+
+/// The status window's texts on the current document against the store, after it was refreshed.
+void checkStatusWindow() {
+  const HWND window = wb::findStatusWindow();
+  const AcApDocument* document = acDocManagerPtr()->mdiActiveDocument();
+  if (!window || !document) return;
+  const std::wstring path = document->fileName();
+  const wb::StoredFile* file = wb::store().find(path);
+  if (file && file->denied) return;
+  std::wstring versions = L"-/-";
+  UINT lock = BST_UNCHECKED;
+  if (file) {
+    const long here = wb::store().folderIdOf(path);
+    file = wb::store().find(path);  // the store assigns ids at the first question
+    versions = versionName(wb::store().localVersion(*file, here)) + L"/" +
+               versionName(file->latest().number);
+    if (file->holder) {
+      const bool mine = file->holder->user == wb::Store::thisUser() &&
+                        file->holder->computer == wb::Store::thisComputer() &&
+                        file->holder->folderId == here;
+      lock = mine ? BST_CHECKED : BST_INDETERMINATE;
+    }
+  }
+  const std::wstring shown = wb::windowTitle(GetDlgItem(window, IDC_VERSION));
+  // The words in front are the client's.
+  if (shown.substr(shown.rfind(L' ') + 1) != versions) {
+    throw wb::CheckFailure("the status window shows " + wb::toUtf8(shown) + " for " +
+                           wb::toUtf8(versions));
+  }
+  if (IsDlgButtonChecked(window, IDC_CHECKED_OUT_HERE) != lock) {
+    throw wb::CheckFailure("the status window's lock box is wrong");
+  }
+}
+
+class RandomSession {
+ public:
+  explicit RandomSession(const wb::SessionOptions& options)
+      : session(options), vault(L"Works", options.workFolder + L"\\store") {}
+
+  void run(const std::vector<Step>& steps) {
     wb::Host::instance().documents().reuseAddresses();
-    if (!session.run(preamble())) return "the preparation failed\n" + told(0);
+    if (!session.run(preamble())) {
+      throw wb::CheckFailure("the preparation failed\n" + reportedSince(0));
+    }
     for (size_t at = 0; at < steps.size(); ++at) {
-      std::string problem = step(steps[at], at % 16 == 15 || at + 1 == steps.size());
-      if (!problem.empty()) return problem;
+      run(steps[at], at % 16 == 15 || at + 1 == steps.size());
     }
     const size_t start = session.transcript().size();
     session.end();
-    return problemSince(start);
+    checkEventsSince(start);
   }
 
  private:
-  static wb::SessionOptions options(unsigned patience) {
-    wb::SessionOptions options;
-    options.module = wb::programFolder() / L"TessaroAcad.arx";
-    options.client = wb::programFolder() / L"TessaroClient.dll";
-    options.workFolder = workFolder();
-    options.drawings = drawingsFolder();
-    options.timeoutSeconds = patience;
-    return options;
-  }
-
-  std::string step(const std::string& lines, bool thorough) {
+  void run(const Step& step, bool thorough) {
     const size_t start = session.transcript().size();
-    const bool done = session.run(lines);
+    const bool done = session.run(step.lines);
     wb::clearFaults();
-    std::string problem = problemSince(start);
-    if (problem.empty()) {
-      problem = invariants.check(thorough, start, holds(lines, "@vault undo "));
+    try {
+      checkEventsSince(start);
+      checkHeaps();
+      const bool replaced =
+          step.undoesCheckOut || wb::Transcript::instance().anySince(start, replacesLocalFiles);
+      vault.check(thorough, {replaced, std::nullopt});
+      if (wb::Transcript::instance().anySince(
+              start, [](const wb::Event& event) { return event.kind == wb::Event::attempt; })) {
+        return;
+      }
+      // With the client gone or a vault offline nobody can say what the window should show until
+      // they are back and it was refreshed.
+      clientPresent = step.clientPresent.value_or(clientPresent);
+      offline = step.offline.value_or(offline);
+      if (done && step.refreshes && clientPresent && !offline && !step.failing) {
+        checkStatusWindow();
+      }
+    } catch (const std::exception& failure) {
+      throw wb::CheckFailure(std::string(failure.what()) + "\n" + step.lines + "----\n" +
+                             reportedSince(start));
     }
-    const bool possible = !wb::Transcript::instance().anySince(
-        start, [](const wb::Event& event) { return event.kind == wb::Event::attempt; });
-    // A drawing is new to the window when it is opened, whatever lay at its address before.
-    const bool refreshed = possible && (holds(lines, "@tick") || holds(lines, "@click 1021") ||
-                                        holds(lines, "@open "));
-    if (possible) follow(lines);
-    const bool judgeable = !clientGone && !offline && !holds(lines, "@fail");
-    if (problem.empty() && done && refreshed && judgeable) problem = checkStatusWindow();
-    return problem.empty() ? problem : problem + "\n" + lines + "----\n" + told(start);
   }
 
-  /// With the client gone or a vault offline nobody can say what the window should show until they
-  /// are back and it was refreshed.
-  void follow(const std::string& lines) {
-    if (holds(lines, "@client missing")) clientGone = true;
-    if (holds(lines, "@client present")) clientGone = false;
-    if (holds(lines, "@vault offline")) offline = holds(lines, "offline on");
-  }
-
-  std::string problemSince(size_t start) const {
+  void checkEventsSince(size_t start) const {
     const auto& events = wb::Transcript::instance().events();
     for (size_t at = start; at < events.size(); ++at) {
       const wb::Event::Kind kind = events[at].kind;
       if (kind == wb::Event::leak || kind == wb::Event::error) {
-        return wb::toUtf8(session.transcript()[at]);
+        throw wb::CheckFailure(wb::toUtf8(session.transcript()[at]));
       }
     }
-    return {};
   }
 
-  std::string told(size_t start) const {
+  std::string reportedSince(size_t start) const {
     std::string text;
     const auto& lines = session.transcript();
     for (size_t at = start; at < lines.size(); ++at) text += wb::toUtf8(lines[at]) + "\n";
@@ -92,15 +140,18 @@ class Run {
   }
 
   wb::Session session;
-  Invariants invariants;
-  bool clientGone = false;
+  wb::VaultCheck vault;
+  bool clientPresent = true;
   bool offline = false;
 };
 
 }  // namespace
 
-std::string runSession(const std::vector<std::string>& steps, unsigned patience) {
-  return Run(patience).run(steps);
+void runSession(const std::vector<Step>& steps, unsigned patience) {
+  wb::SessionOptions options =
+      wb::optionsOfBuild(sessionsFolder() / L"work", sessionsFolder() / L"drawings");
+  options.timeoutSeconds = patience;
+  RandomSession(options).run(steps);
 }
 
 }  // namespace sessions

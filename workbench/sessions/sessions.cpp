@@ -1,21 +1,22 @@
 #include <windows.h>
 
-#include <shellapi.h>
-
+#include <algorithm>
+#include <cctype>
+#include <chrono>
 #include <cstdio>
-#include <cwchar>
-#include <exception>
 #include <filesystem>
+#include <numeric>
+#include <optional>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
-#include "core/Text.h"
+#include "core/Program.h"
 #include "scripting/Directives.h"
-#include "sessions/Children.h"
-#include "sessions/Generator.h"
-#include "sessions/Places.h"
+#include "scripting/Programs.h"
 #include "sessions/RandomSession.h"
+#include "trials/VaultCheck.h"
 #include "watch/ImportWatch.h"
 
 namespace {
@@ -31,162 +32,194 @@ constexpr char usage[] =
 constexpr unsigned batch = 10;
 constexpr unsigned secondsASession = 90;
 
+constexpr unsigned trialSeconds = 90;
+constexpr unsigned mostTrials = 200;
+constexpr std::chrono::seconds mostTime(150);
+
+// A step takes a second at most; a hang is run into many times.
+constexpr unsigned trialStepSeconds = 8;
+constexpr unsigned long judged = 1;
+
 struct Options {
   unsigned sessions = 10;
   unsigned seed = 1;
   unsigned steps = 60;
   unsigned patience = 30;
-  unsigned long trial = 0;
-  bool isTrial = false;
   bool isChild = false;
-  std::wstring kept;
+  std::wstring kept;  ///< the numbers of the steps that a trial runs, with commas between them
   std::wstring drawings;
 };
 
-unsigned number(const std::wstring& text) {
-  wchar_t* end = nullptr;
-  const unsigned long value = std::wcstoul(text.c_str(), &end, 10);
-  if (text.empty() || *end) throw std::invalid_argument("a number is needed");
-  return static_cast<unsigned>(value);
-}
-
-Options parse(int count, wchar_t** arguments) {
-  Options options;
-  for (int at = 1; at < count; ++at) {
-    const std::wstring name = arguments[at];
-    if (name == L"--child") {
-      options.isChild = true;
-      continue;
-    }
-    if (at + 1 == count) throw std::invalid_argument("a value is missing");
-    const std::wstring value = arguments[++at];
-    if (name == L"--sessions") {
-      options.sessions = number(value);
-    } else if (name == L"--seed") {
-      options.seed = number(value);
-    } else if (name == L"--steps") {
-      options.steps = number(value);
-    } else if (name == L"--patience") {
-      options.patience = number(value);
-    } else if (name == L"--drawings") {
-      options.drawings = value;
-    } else if (name == L"--kept") {
-      options.kept = value;
-    } else if (name == L"--trial") {
-      options.isTrial = true, options.trial = number(value);
-    } else {
-      throw std::invalid_argument("unknown: " + wb::toUtf8(name));
-    }
-  }
-  return options;
-}
-
-std::vector<std::string> keptSteps(const Options& options) {
-  const std::vector<std::string> all =
-      sessions::steps(static_cast<unsigned>(options.trial), options.steps);
-  std::vector<std::string> kept;
-  for (size_t at = 0; at < options.kept.size();) {
-    const size_t end = std::min(options.kept.find(L',', at), options.kept.size());
-    kept.push_back(all.at(number(options.kept.substr(at, end - at))));
-    at = end + 1;
+std::vector<sessions::Step> keptSteps(const Options& options) {
+  const std::vector<sessions::Step> all = sessions::steps(options.seed, options.steps);
+  std::vector<sessions::Step> kept;
+  std::wistringstream numbers(options.kept);
+  for (std::wstring number; std::getline(numbers, number, L',');) {
+    kept.push_back(all.at(wb::numberFrom(number)));
   }
   return kept;
 }
 
-int report(unsigned seed, const std::string& problem) {
-  if (problem.empty()) {
+/// Runs a session and prints its result.
+/// @return whether it passed
+bool passes(unsigned seed, const std::vector<sessions::Step>& steps, unsigned patience) {
+  try {
+    sessions::runSession(steps, patience);
     std::printf("passed %u\n", seed);
-  } else {
-    std::printf("failed %u\n%s\n", seed, problem.c_str());
+    std::fflush(stdout);
+    return true;
+  } catch (const wb::CheckFailure& failure) {
+    std::printf("failed %u\n%s\n", seed, failure.what());
+    std::fflush(stdout);
+    return false;
   }
-  std::fflush(stdout);
-  return problem.empty() ? 0 : 1;
 }
 
-/// After a failed session the process isn't used for another.
-int runBatch(const Options& options) {
-  for (unsigned at = 0; at < options.sessions; ++at) {
-    const unsigned seed = options.seed + at;
-    if (report(seed,
-               sessions::runSession(sessions::steps(seed, options.steps), options.patience))) {
-      return 1;
+/// Runs sessions in this process; after a failed one it isn't used for another.
+bool runBatch(const Options& options) {
+  if (!wb::heapsAreWatched()) throw std::runtime_error("the heaps aren't watched");
+  if (!options.kept.empty()) return passes(options.seed, keptSteps(options), options.patience);
+  for (unsigned seed = options.seed; seed < options.seed + options.sessions; ++seed) {
+    if (!passes(seed, sessions::steps(seed, options.steps), options.patience)) return false;
+  }
+  return true;
+}
+
+/// Has Windows watch the heaps of every process of this program that starts from here on: what is
+/// written beyond a block or after it was freed is found by HeapValidate.
+void watchHeaps() {
+  const std::wstring key =
+      LR"(Software\Microsoft\Windows NT\CurrentVersion\Image File Execution Options\)" +
+      wb::programFile().filename().wstring();
+  const LSTATUS status = RegSetKeyValueW(HKEY_LOCAL_MACHINE, key.c_str(), L"GlobalFlag", REG_DWORD,
+                                         &wb::heapCheckFlags, sizeof wb::heapCheckFlags);
+  if (status != ERROR_SUCCESS) throw std::runtime_error("the heaps' flags can't be set");
+}
+
+/// Runs this program again.
+wb::ChildResult runAgain(const std::wstring& arguments, unsigned seconds) {
+  return wb::runChild(wb::programFile(), arguments, seconds,
+                      sessions::sessionsFolder() / L"child.txt");
+}
+
+/// What distinguishes a failure from others: the exit code of a crash or a hang, the problem
+/// without its numbers of a session that was judged. None for a child that passed.
+std::optional<std::string> failureOf(const wb::ChildResult& child) {
+  if (child.code == 0) return std::nullopt;
+  if (child.code != judged) return "code " + std::to_string(child.code);
+  std::istringstream lines(child.output);
+  for (std::string line; std::getline(lines, line);) {
+    if (line.rfind("failed ", 0) != 0) continue;
+    std::getline(lines, line);
+    const auto digit = [](unsigned char sign) { return std::isdigit(sign) != 0; };
+    line.erase(std::remove_if(line.begin(), line.end(), digit), line.end());
+    return line;
+  }
+  return child.output;
+}
+
+std::optional<std::string> trial(unsigned seed, unsigned steps, const std::vector<size_t>& kept) {
+  std::wstring numbers;
+  for (const size_t number : kept) numbers += L"," + std::to_wstring(number);
+  return failureOf(runAgain(L"--seed " + std::to_wstring(seed) + L" --steps " +
+                                std::to_wstring(steps) + L" --kept " + numbers.substr(1) +
+                                L" --patience " + std::to_wstring(trialStepSeconds),
+                            trialSeconds));
+}
+
+/// Leaves out parts of a session as long as it fails in the same way.
+/// @return the steps that are left; none if the session passes when it runs alone
+std::vector<size_t> shrink(unsigned seed, unsigned steps,
+                           const std::optional<std::string>& failure) {
+  const auto end = std::chrono::steady_clock::now() + mostTime;
+  std::vector<size_t> kept(steps);
+  std::iota(kept.begin(), kept.end(), size_t(0));
+  if (trial(seed, steps, kept) != failure) return {};
+  unsigned trials = 1;
+  const auto mayGoOn = [&] {
+    return trials < mostTrials && std::chrono::steady_clock::now() < end;
+  };
+  for (size_t part = std::max<size_t>(steps / 2, 1); mayGoOn();) {
+    bool smaller = false;
+    for (size_t at = 0; at < kept.size() && mayGoOn();) {
+      std::vector<size_t> fewer = kept;
+      const auto begin = fewer.begin() + static_cast<std::ptrdiff_t>(at);
+      fewer.erase(begin, begin + static_cast<std::ptrdiff_t>(std::min(part, kept.size() - at)));
+      ++trials;
+      if (!fewer.empty() && trial(seed, steps, fewer) == failure) {
+        kept = fewer;
+        smaller = true;
+      } else {
+        at += part;
+      }
     }
+    if (part == 1 && !smaller) break;
+    if (part > 1) part /= 2;
   }
-  return 0;
+  return kept;
 }
 
-void tellFailure(unsigned seed, unsigned steps, const sessions::ChildResult& child) {
+void reportFailure(unsigned seed, unsigned steps, const wb::ChildResult& child) {
   std::printf("FAILED  session %u, code %lu\n%s\n", seed, child.code, child.output.c_str());
   std::fflush(stdout);
-  const std::vector<size_t> kept = sessions::shrink(seed, steps, sessions::failureOf(child));
+  const std::vector<size_t> kept = shrink(seed, steps, failureOf(child));
   if (kept.empty()) {
     std::printf("It doesn't fail so when it runs alone.\n");
   } else {
     std::printf("The shortest script that fails:\n%s", sessions::preamble().c_str());
-    const std::vector<std::string> all = sessions::steps(seed, steps);
-    for (const size_t at : kept) std::printf("%s", all[at].c_str());
+    const std::vector<sessions::Step> all = sessions::steps(seed, steps);
+    for (const size_t at : kept) std::printf("%s", all[at].lines.c_str());
   }
   std::fflush(stdout);
 }
 
 unsigned passedIn(const std::string& output) {
+  std::istringstream lines(output);
   unsigned passed = 0;
-  for (size_t at = output.find("passed "); at != std::string::npos;
-       at = output.find("passed ", at + 1)) {
-    passed += at == 0 || output[at - 1] == '\n';
-  }
+  for (std::string line; std::getline(lines, line);) passed += line.rfind("passed ", 0) == 0;
   return passed;
 }
 
-int runAll(const Options& options) {
-  sessions::watchHeaps();
-  std::filesystem::create_directories(sessions::workFolder().parent_path());
+bool runAll(const Options& options) {
+  if (options.drawings.empty()) throw wb::UsageError("--drawings is needed");
+  watchHeaps();
+  std::filesystem::create_directories(sessions::sessionsFolder());
   std::filesystem::copy(
-      wb::windowsPath(options.drawings), sessions::drawingsFolder(),
+      wb::windowsPath(options.drawings), sessions::sessionsFolder() / L"drawings",
       std::filesystem::copy_options::recursive | std::filesystem::copy_options::overwrite_existing);
   unsigned passed = 0;
   unsigned failed = 0;
   while (passed + failed < options.sessions) {
     const unsigned seed = options.seed + passed + failed;
     const unsigned count = std::min(batch, options.sessions - passed - failed);
-    const sessions::ChildResult child = sessions::runChild(
-        L"--child --seed " + std::to_wstring(seed) + L" --sessions " + std::to_wstring(count) +
-            L" --steps " + std::to_wstring(options.steps),
-        count * secondsASession);
+    const wb::ChildResult child =
+        runAgain(L"--child --seed " + std::to_wstring(seed) + L" --sessions " +
+                     std::to_wstring(count) + L" --steps " + std::to_wstring(options.steps),
+                 count * secondsASession);
     const unsigned good = passedIn(child.output);
     passed += good;
     if (good == count && child.code == 0) continue;
     ++failed;
-    tellFailure(seed + good, options.steps, child);
+    reportFailure(seed + good, options.steps, child);
   }
   std::printf("sessions: %u passed, %u failed\n", passed, failed);
-  return failed ? 1 : 0;
+  return failed == 0;
 }
 
 }  // namespace
 
 int main() {
-  int count = 0;
-  wchar_t** const arguments = CommandLineToArgvW(GetCommandLineW(), &count);
-  try {
-    const Options options = parse(count, arguments);
-    const bool isChild = options.isTrial || options.isChild;
-    if (isChild && !wb::heapsAreWatched()) throw std::runtime_error("the heaps aren't watched");
-    if (options.isTrial) {
-      return report(static_cast<unsigned>(options.trial),
-                    sessions::runSession(keptSteps(options), options.patience));
-    }
-    if (options.isChild) return runBatch(options);
-    if (options.drawings.empty()) throw std::invalid_argument("--drawings is needed");
-    return runAll(options);
-  } catch (const std::invalid_argument& error) {
-    std::fprintf(stderr, "sessions: %s\n\n%s", error.what(), usage);
-    return 2;
-  } catch (const wb::ScriptError& error) {
-    std::fprintf(stderr, "sessions: %s\n", wb::toUtf8(error.why).c_str());
-    return 2;
-  } catch (const std::exception& error) {
-    std::fprintf(stderr, "sessions: %s\n", error.what());
-    return 1;
-  }
+  Options options;
+  return wb::runProgram("sessions", usage,
+                        {{L"--sessions", &options.sessions},
+                         {L"--seed", &options.seed},
+                         {L"--steps", &options.steps},
+                         {L"--patience", &options.patience},
+                         {L"--drawings", &options.drawings},
+                         {L"--kept", &options.kept},
+                         {L"--child", &options.isChild}},
+                        [&] {
+                          const bool inThisProcess = options.isChild || !options.kept.empty();
+                          return (inThisProcess ? runBatch(options) : runAll(options)) ? 0 : 1;
+                        });
 }

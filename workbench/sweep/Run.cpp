@@ -1,40 +1,53 @@
 #include "sweep/Run.h"
 
 #include <algorithm>
-#include <filesystem>
+#include <iterator>
 #include <map>
+#include <optional>
 #include <set>
+#include <stdexcept>
 
+#include "core/RegistrySettings.h"
 #include "core/ResultCodes.h"
 #include "core/Text.h"
 #include "core/Transcript.h"
+#include "editor/LoadRecord.h"
 #include "faults/Faults.h"
+#include "scripting/Programs.h"
 #include "store/Store.h"
 
 namespace wb {
 namespace {
 
-/// What the script reports when a fault keeps a box from coming, brings one that nobody expected,
-/// or takes a step's ground away: the host and the module have done nothing wrong.
-bool isOfTheScript(const Event& event) {
-  switch (event.cause) {
-    case Event::noAnswer:
-    case Event::unusedAnswer:
-    case Event::noInput:
-    case Event::noSelection:
-    case Event::impossibleStep:
-    case Event::failedStep:
-      return true;
-    default:
-      return false;
+namespace fs = std::filesystem;
+
+/// With dates and attributes, which the vault's local copies live by.
+void copyTree(const fs::path& from, const fs::path& to) {
+  fs::create_directories(to);
+  for (const auto& entry : fs::directory_iterator(from)) {
+    const fs::path target = to / entry.path().filename();
+    if (entry.is_directory()) {
+      copyTree(entry.path(), target);
+    } else if (!CopyFileW(entry.path().c_str(), target.c_str(), FALSE)) {
+      throw std::runtime_error("can't be copied: " + toUtf8(entry.path().wstring()));
+    }
   }
+}
+
+/// What the script reports when a fault keeps a box from coming, causes one that nobody expected,
+/// or makes a step impossible: the host and the module have done nothing wrong.
+bool isScriptProblem(const Event& event) {
+  static constexpr Event::Cause causes[] = {Event::noAnswer,       Event::unusedAnswer,
+                                            Event::noInput,        Event::noSelection,
+                                            Event::impossibleStep, Event::failedStep};
+  return std::find(std::begin(causes), std::end(causes), event.cause) != std::end(causes);
 }
 
 bool isOneOf(const std::vector<std::wstring_view>& all, std::wstring_view one) {
   return std::find(all.begin(), all.end(), one) != all.end();
 }
 
-/// What the host calls in the module and lets fail: the commands, and the guard's looks.
+/// What may fail by an exception when the host calls it: the commands and the edit guard.
 bool isCommand(std::wstring_view called) {
   return called.rfind(L"Tessaro_", 0) == 0 || called == L"documentLockModeChanged" ||
          called == L"beginSave";
@@ -44,15 +57,15 @@ bool isLackOfMemory(HRESULT code) {
   return code == E_OUTOFMEMORY || code == HRESULT_FROM_WIN32(ERROR_NOT_ENOUGH_MEMORY);
 }
 
-/// Where a failure of the client is meant to leave what the host called, and the host meets it.
-/// Elsewhere it has to be caught.
+/// Whether the exception of a failed call may leave what the host called. Elsewhere the module has
+/// to catch it.
 bool mayEscape(const Event& event, const SweptFault& fault) {
-  struct Way {
+  struct Rule {
     std::vector<std::wstring_view> called;
     std::vector<std::wstring_view> failing;
     bool onDisk = false;
   };
-  static const Way ways[] = {
+  static const Rule rules[] = {
       // The drawing is still what it was when these ask the vault about it.
       {{L"Tessaro_lock", L"Tessaro_locksilent", L"Tessaro_unlock"},
        {L"VaultFile.isCheckedOut", L"QueryInterface.VaultObject", L"VaultObject.name"}},
@@ -72,9 +85,9 @@ bool mayEscape(const Event& event, const SweptFault& fault) {
         L"VaultObject.name"}}};
   const std::wstring& called = event.subject;
   if (fault.call.ofModule()) return isCommand(called) && isLackOfMemory(event.code);
-  return std::any_of(std::begin(ways), std::end(ways), [&](const Way& way) {
-    return isOneOf(way.called, called) &&
-           (fault.onDisk ? way.onDisk : isOneOf(way.failing, fault.call.operation));
+  return std::any_of(std::begin(rules), std::end(rules), [&](const Rule& rule) {
+    return isOneOf(rule.called, called) &&
+           (fault.onDisk ? rule.onDisk : isOneOf(rule.failing, fault.call.operation));
   });
 }
 
@@ -95,10 +108,11 @@ void judgeEvents(size_t first, const SweptFault* fault, Verdict& verdict) {
   for (size_t at = first; at < transcript.events().size(); ++at) {
     const Event& event = transcript.events()[at];
     const bool escaped = event.cause == Event::uncaught;
-    const bool asMeant = escaped && fault && mayEscape(event, *fault);
-    if (asMeant) verdict.escaped = true;
+    const bool allowed = escaped && fault && mayEscape(event, *fault);
+    if (allowed) verdict.escaped = true;
     if (event.kind == Event::leak ||
-        (event.kind == Event::error && !(fault && isOfTheScript(event))) || (escaped && !asMeant)) {
+        (event.kind == Event::error && !(fault && isScriptProblem(event))) ||
+        (escaped && !allowed)) {
       verdict.problems.push_back(transcript.lines()[at]);
     }
   }
@@ -111,28 +125,29 @@ std::set<std::wstring> leftUnloaded() {
     if (event.cause == Event::xrefUnloaded) names.insert(event.subject);
     if (event.cause == Event::xrefLoaded) names.erase(event.subject);
     if (event.cause == Event::documentDestroyed &&
-        std::filesystem::path(event.subject).filename() == L"Plan.dxf") {
+        fs::path(event.subject).filename() == L"Plan.dxf") {
       names.clear();
     }
   }
   return names;
 }
 
-/// The process goes on: another drawing is checked out and in as if nothing had been, and the sheet
-/// opens with all that belongs to it.
-/// @param anew the module is loaded once more: it may lack what it couldn't be given at its start
-void workOn(const Yard& yard, Session& session, bool anew, Verdict& verdict) {
+/// Checks that the process still works: another drawing is checked out and in, and the sheet opens
+/// with all its xrefs.
+/// @param reload the module is loaded once more: its start may have failed for lack of memory
+void checkFurtherWork(const Snapshot& snapshot, Session& session, bool reload, Verdict& verdict) {
   session.run(
       "@client present\n@vault offline off Plant\n@reg set EditWarning 0\n"
       "@reg set Autolock 0\n");
-  if (anew) session.unload();
+  if (reload) session.unload();
   if (!GetModuleHandleW(L"TessaroAcad.arx")) session.load();
-  const std::wstring notes = yard.options().workFolder + L"\\Plant\\Notes.dxf";
-  const size_t before = yard.versions()[notes];
+  const std::wstring notes = snapshot.options().workFolder + L"\\Plant\\Notes.dxf";
+  const StoredFile* file = store().find(notes);
+  const size_t before = file ? file->versions.size() : 0;
   const bool done = session.run(
       "@open %WORK%\\Plant\\Notes.dxf\n@answer yes\nTessaro_lock\n@edit\n"
       "@answer yes\n@answer ok\nTessaro_unlock\n");
-  const StoredFile* file = store().find(notes);
+  file = store().find(notes);
   if (!done || !file || file->holder || file->versions.size() != before + 1) {
     verdict.problems.push_back(L"another drawing can't be checked out and in");
   }
@@ -158,7 +173,7 @@ bool mayLeaveUnloaded(const Scenario& scenario, const SweptFault* fault) {
 
 }  // namespace
 
-// A box that tells the fault doesn't end the script.
+// A box that reports the fault doesn't end the script.
 const std::string answerAll = "@answer-any 1\n";
 
 bool SweptCall::ofHost() const {
@@ -176,35 +191,68 @@ SweptFault failing(const SweptCall& call, HRESULT code) {
 
 std::vector<SweptFault> disturbing(const SweptCall& call) {
   std::vector<SweptFault> all;
-  const auto disturb = [&](const char* name, const char* way,
+  const auto disturb = [&](const char* name, const char* what,
                            const std::vector<const char*>& files) {
     std::string lines = answerAll;
     for (const char* file : files) {
-      lines.append("@disturb ").append(file).append(" ").append(way);
-      lines.append(" at ").append(toUtf8(call.operation));
-      lines.append(" after ").append(std::to_string(call.after)).append("\n");
+      lines += std::string("@disturb ") + file + " " + what + " at " + toUtf8(call.operation) +
+               " after " + std::to_string(call.after) + "\n";
     }
-    all.push_back({call, name, lines, static_cast<unsigned>(files.size())});
+    all.push_back(
+        {call, name + std::string(" ") + what, lines, static_cast<unsigned>(files.size())});
   };
-  disturb("sheet held", "held", {sheet});
-  disturb("sheet away", "away", {sheet});
-  disturb("xrefs held", "held", {std::begin(xrefsOfSheet), std::end(xrefsOfSheet)});
-  disturb("xrefs away", "away", {std::begin(xrefsOfSheet), std::end(xrefsOfSheet)});
+  for (const char* what : {"held", "away"}) disturb("sheet", what, {sheet});
+  for (const char* what : {"held", "away"}) {
+    disturb("xrefs", what, {std::begin(xrefsOfSheet), std::end(xrefsOfSheet)});
+  }
   return all;
 }
 
-Verdict runScenario(const Yard& yard, const Scenario& scenario, const SweptFault* fault) {
+Snapshot::Snapshot(const fs::path& folder, const fs::path& drawings, const char* setUp)
+    : work(folder / L"work"), kept(folder / L"kept"), drawings(drawings) {
+  prepareWorkFolder(folder, false);
+  SessionOptions first = options();
+  first.keep = false;
+  Session session(first);
+  if (!session.run(setUp)) throw std::runtime_error(toUtf8(session.text()));
+  check.check(true, {});
+  session.end();
+  copyTree(work, kept);
+}
+
+SessionOptions Snapshot::options() const {
+  SessionOptions options = optionsOfBuild(work, drawings);
+  options.keep = true;
+  return options;
+}
+
+void Snapshot::restore() const {
+  deleteTree(work);
+  copyTree(kept, work);
+  resetSettings();
+  clearLoadRecord();
+}
+
+Verdict runScenario(const Snapshot& snapshot, const Scenario& scenario, const SweptFault* fault) {
   Verdict verdict;
-  yard.restore();
-  Session session(yard.options());
+  snapshot.restore();
+  VaultCheck vault = snapshot.vaultCheck();
+  const auto checkVault = [&](const std::optional<std::wstring>& savedFile) {
+    try {
+      vault.check(true, {true, savedFile});
+    } catch (const std::exception& failure) {
+      verdict.problems.push_back(fromUtf8(failure.what()));
+    }
+  };
+  Session session(snapshot.options());
   if (!session.run(scenario.setUp)) verdict.problems.push_back(L"the set-up fails");
-  const std::map<std::wstring, size_t> before = yard.versions();
+  checkVault(L"");
   recordOperations();
   const bool done = session.run((fault ? fault->lines : "") + scenario.action);
   const size_t missed = clearFaults();
-  verdict.faultCame = missed < (fault ? std::max(fault->onDisk, 1u) : 0);
+  verdict.faultOccurred = missed < (fault ? std::max(fault->onDisk, 1u) : 0);
   // How much memory the module asks for depends on more than the script, if on little.
-  if (fault && !fault->onDisk && !fault->call.ofModule() && !verdict.faultCame) {
+  if (fault && !fault->onDisk && !fault->call.ofModule() && !verdict.faultOccurred) {
     verdict.problems.push_back(L"the call that was to fail didn't come");
   }
   verdict.calls = numbered(recordOperations());
@@ -215,21 +263,25 @@ Verdict runScenario(const Yard& yard, const Scenario& scenario, const SweptFault
       verdict.problems.push_back(L"the xref stays unloaded: " + name);
     }
   }
-  for (const std::wstring& loss : yard.losses(scenario.savesChanges)) {
-    verdict.problems.push_back(loss);
-  }
+  checkVault(scenario.savesChanges ? L"Plan.dxf" : L"");
   const size_t judged = session.transcript().size();
   const bool loads = scenario.action.rfind("@load", 0) == 0;
-  workOn(yard, session, loads && fault && fault->call.ofModule(), verdict);
+  checkFurtherWork(snapshot, session, loads && fault && fault->call.ofModule(), verdict);
   session.end();
   judgeEvents(judged, nullptr, verdict);
   verdict.transcript = session.transcript();
-  for (const std::wstring& loss : yard.lossesInStore(before)) verdict.problems.push_back(loss);
+  try {
+    store().open(snapshot.store());
+    checkVault(std::nullopt);
+    store().close();
+  } catch (const StoreError& error) {
+    verdict.problems.push_back(L"the store doesn't open: " + fromUtf8(error.what()));
+  }
   return verdict;
 }
 
 std::string scriptOf(const Scenario& scenario, const SweptFault& fault) {
-  return std::string(yardSetUp) + scenario.setUp + fault.lines + scenario.action;
+  return std::string(vaultSetUp) + scenario.setUp + fault.lines + scenario.action;
 }
 
 }  // namespace wb

@@ -2,11 +2,13 @@
 
 #include <windows.h>
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
+#include "scripting/Session.h"
 #include "sweep/Scenario.h"
-#include "sweep/Yard.h"
+#include "trials/VaultCheck.h"
 
 namespace wb {
 
@@ -26,28 +28,54 @@ struct SweptCall {
 struct SweptFault {
   SweptCall call;
   std::string name;
-  std::string lines;  ///< of the script that bring it about
-  /// So many programs have their hands on a drawing's file, and the call itself is let through.
+  std::string lines;  ///< of the script that cause it
+  /// How many programs have a drawing's file open or have moved it; the call itself succeeds then.
   unsigned onDisk = 0;
 };
 
-/// A client's call that answers with a code; a call of the host fails in the host's own way.
+/// A client's call that returns a code; a call of the host fails in the host's own way.
 SweptFault failing(const SweptCall& call, HRESULT code);
 /// All that another program does to the sheet or to its xrefs from a call on.
 std::vector<SweptFault> disturbing(const SweptCall& call);
 
-/// What came of one run.
+/// The result of one run.
 struct Verdict {
   std::vector<SweptCall> calls;        ///< that the action made, in their order
-  std::vector<std::wstring> problems;  ///< empty if all is well
+  std::vector<std::wstring> problems;  ///< empty if the run passed
   std::vector<std::wstring> transcript;
-  bool escaped = false;    ///< an error left what the host called, as it may
-  bool faultCame = false;  ///< files may be in use as long as the action lasts
+  bool escaped = false;        ///< an exception left what the host called, as it may
+  bool faultOccurred = false;  ///< files may be in use as long as the action lasts
 };
 
-/// Runs a scenario in a yard that was put back, and looks at what it left behind.
+/// The folder in which the sweep's runs take place: a vault "Plant" with its view, made once and
+/// restored before each run.
+class Snapshot {
+ public:
+  /// Makes the vault by a script.
+  /// @param folder a work folder of the workbench, or empty; it is emptied. Its subfolder `work`
+  /// becomes the sessions' work folder
+  /// @throws std::runtime_error if the script fails
+  Snapshot(const std::filesystem::path& folder, const std::filesystem::path& drawings,
+           const char* setUp);
+
+  /// Restores the work folder and the registry to what they were after the set-up.
+  void restore() const;
+  /// What a session of a run is made of; it finds the work folder as it is.
+  SessionOptions options() const;
+  std::filesystem::path store() const { return work / L"store"; }
+  /// A check that knows what the vault held after the set-up.
+  VaultCheck vaultCheck() const { return check; }
+
+ private:
+  std::filesystem::path work;
+  std::filesystem::path kept;
+  std::filesystem::path drawings;
+  VaultCheck check{L"Plant", store()};
+};
+
+/// Restores the snapshot, runs a scenario in it, and checks what it left behind.
 /// @param fault null for none, and then the script has to succeed
-Verdict runScenario(const Yard& yard, const Scenario& scenario, const SweptFault* fault);
+Verdict runScenario(const Snapshot& snapshot, const Scenario& scenario, const SweptFault* fault);
 
 /// The lines that show the same in the workbench: `acad --script`.
 std::string scriptOf(const Scenario& scenario, const SweptFault& fault);

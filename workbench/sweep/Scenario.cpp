@@ -13,31 +13,22 @@ namespace wb {
 #define QUIET "@reg set EditWarning 0\n"
 #define MAKE_GRID_STALE "@vault newversion " GRID " from %DRAWINGS%\\Standards\\North.dxf\n"
 
-const char yardSetUp[] =
-    "@vault create Plant %WORK%\\Plant\n"
-    "@vault add " GRID
-    " from %DRAWINGS%\\Xrefs\\Grid.dxf\n"
-    "@vault add " BUILDING
-    " from %DRAWINGS%\\Xrefs\\Building.dxf\n"
-    "@vault add " PLANT
-    "Xrefs\\O'Neil drain.dxf from %DRAWINGS%\\Xrefs\\O'Neil drain.dxf\n"
-    "@vault add " PLANT
-    "Xrefs\\Detail\\Furniture.dxf from %DRAWINGS%\\Xrefs\\Detail\\Furniture.dxf\n"
-    "@vault add " PLANT
-    "Standards\\North.dxf from %DRAWINGS%\\Standards\\North.dxf\n"
-    "@vault add " PLAN
-    " from %DRAWINGS%\\Site\\Plan.dxf\n"
-    "@vault add " PLANT
-    "Notes.dxf from %DRAWINGS%\\Site\\Notes.dxf\n"
-    "@vault card " PLAN
-    " Title Layout1 Pump house\n"
-    "@vault card " PLAN
-    " Title Model Pump house\n"
-    "@vault card " PLAN
-    " Revision Layout2 5 type integer\n"
-    "@vault map " PLAN
-    " Title A1_TITLE TITLE\n"
-    "@vault map " PLAN " Revision A1_TITLE REV\n";
+#define CHECKED_OUT_BY_EVA(file) "@vault checkout " file " user eva computer HALL2\n"
+
+const char vaultSetUp[] = R"(@vault create Plant %WORK%\Plant
+@vault add %WORK%\Plant\Xrefs\Grid.dxf from %DRAWINGS%\Xrefs\Grid.dxf
+@vault add %WORK%\Plant\Xrefs\Building.dxf from %DRAWINGS%\Xrefs\Building.dxf
+@vault add %WORK%\Plant\Xrefs\O'Neil drain.dxf from %DRAWINGS%\Xrefs\O'Neil drain.dxf
+@vault add %WORK%\Plant\Xrefs\Detail\Furniture.dxf from %DRAWINGS%\Xrefs\Detail\Furniture.dxf
+@vault add %WORK%\Plant\Standards\North.dxf from %DRAWINGS%\Standards\North.dxf
+@vault add %WORK%\Plant\Site\Plan.dxf from %DRAWINGS%\Site\Plan.dxf
+@vault add %WORK%\Plant\Notes.dxf from %DRAWINGS%\Site\Notes.dxf
+@vault card %WORK%\Plant\Site\Plan.dxf Title Layout1 Pump house
+@vault card %WORK%\Plant\Site\Plan.dxf Title Model Pump house
+@vault card %WORK%\Plant\Site\Plan.dxf Revision Layout2 5 type integer
+@vault map %WORK%\Plant\Site\Plan.dxf Title A1_TITLE TITLE
+@vault map %WORK%\Plant\Site\Plan.dxf Revision A1_TITLE REV
+)";
 
 const char sheet[] = PLAN;
 const char* const xrefsOfSheet[2] = {GRID, BUILDING};
@@ -72,9 +63,9 @@ const std::vector<Scenario> anywhere = {
     {"the menu of an xref", "", "@pick Building\n@menu\n"},
     {"update", "", "Tessaro_update\n"},
     {"a tick", "", "@tick\n"},
-    {"a click on the refresh button", "", "@try @click 1021\n"},
-    {"a click on the xref box", "", "@try @click 1005\n", gettingLatest},
-    {"a click on the lock box", "", "@try @click 1006\n"},
+    {"a click on the refresh button", "", "@try @click IDC_REFRESH\n"},
+    {"a click on the xref box", "", "@try @click IDC_XREFS_LATEST\n", gettingLatest},
+    {"a click on the lock box", "", "@try @click IDC_CHECKED_OUT_HERE\n"},
     {"closing", "", "@close " PLAN "\n"},
 };
 
@@ -85,10 +76,7 @@ struct State {
   const char* after;
 };
 constexpr State states[] = {
-    {"held by another",
-     "@vault checkout " PLAN " user eva computer HALL2\n@vault checkout " BUILDING
-     " user eva computer HALL2\n",
-     ""},
+    {"held by another", CHECKED_OUT_BY_EVA(PLAN) CHECKED_OUT_BY_EVA(BUILDING), ""},
     {"without permission", "@vault deny " PLAN " on\n@vault deny " BUILDING " on\n", ""},
     {"released", "@vault state " PLAN " Released\n@vault state " BUILDING " Released\n", ""},
     {"offline", "", "@vault offline on Plant\n"},
@@ -116,8 +104,7 @@ std::vector<Scenario> inTheStatesOfTheirOwn() {
       {"unloading", OPEN_PLAN, "@unload\n"},
       {"opening", "@load\n" QUIET, "@open " PLAN "\n"},
       {"opening what is held", HOLD_PLAN "@load\n", "@open " PLAN "\n"},
-      {"opening what another holds", "@vault checkout " PLAN " user eva computer HALL2\n@load\n",
-       "@open " PLAN "\n"},
+      {"opening what another holds", CHECKED_OUT_BY_EVA(PLAN) "@load\n", "@open " PLAN "\n"},
       {"opening read-only", "@load\n" QUIET, "@open " PLAN " readonly\n"},
       {"opening outside the vault", "@load\n", "@open %DRAWINGS%\\Site\\Notes.dxf\n"},
       {"opening offline", "@vault offline on Plant\n@load\n", "@open " PLAN "\n"},
@@ -133,8 +120,7 @@ std::vector<Scenario> inTheStatesOfTheirOwn() {
       // The first change.
       {"a change, check-out accepted", OPEN_PLAN, "@answer yes\n@edit\n"},
       {"a change, check-out refused", OPEN_PLAN, "@answer no\n@edit\n"},
-      {"a change of what another holds",
-       "@vault checkout " PLAN " user eva computer HALL2\n" OPEN_PLAN, "@answer ok\n@edit\n"},
+      {"a change of what another holds", CHECKED_OUT_BY_EVA(PLAN) OPEN_PLAN, "@answer ok\n@edit\n"},
       {"asklock", OPEN_PLAN, "@answer yes\nTessaro_asklock\n"},
       {"telllockedelsewhere", OPEN_PLAN, "@answer ok\nTessaro_telllockedelsewhere\n"},
       // The drawing itself.
@@ -192,11 +178,12 @@ std::vector<Scenario> inTheStatesOfTheirOwn() {
       // The status window.
       {"a tick", OPEN_PLAN QUIET, "@tick\n"},
       {"a tick with a stale xref", OPEN_PLAN QUIET MAKE_GRID_STALE, "@tick\n"},
-      {"a click on the refresh button", OPEN_PLAN QUIET, "@click 1021\n"},
-      {"a click on the xref box", OPEN_PLAN QUIET MAKE_GRID_STALE, "@click 1005\n", gettingLatest},
-      {"a click on the lock box", OPEN_PLAN QUIET, "@answer yes\n@click 1006\n"},
+      {"a click on the refresh button", OPEN_PLAN QUIET, "@click IDC_REFRESH\n"},
+      {"a click on the xref box", OPEN_PLAN QUIET MAKE_GRID_STALE, "@click IDC_XREFS_LATEST\n",
+       gettingLatest},
+      {"a click on the lock box", OPEN_PLAN QUIET, "@answer yes\n@click IDC_CHECKED_OUT_HERE\n"},
       {"closing the window", OPEN_PLAN, "@window close\n"},
-      {"a click on the xref box, all current", OPEN_PLAN QUIET, "@click 1005\n"},
+      {"a click on the xref box, all current", OPEN_PLAN QUIET, "@click IDC_XREFS_LATEST\n"},
       {"a tick after the last drawing", OPEN_PLAN QUIET "@close " PLAN "\n", "@tick\n"},
       // The title block, the settings, the load record.
       {"update", HOLD_PLAN OPEN_PLAN, "Tessaro_update\n"},
@@ -209,14 +196,14 @@ std::vector<Scenario> inTheStatesOfTheirOwn() {
        "Tessaro_update\n@answer yes\n@answer ok\nTessaro_unlock\n",
        {},
        true},
-      {"settings", OPEN_PLAN, "@fill 1002 7\n@answer ok\nTessaro_settings\n"},
+      {"settings", OPEN_PLAN, "@fill IDC_INTERVAL 7\n@answer ok\nTessaro_settings\n"},
       {"settings, cancelled", OPEN_PLAN, "@answer cancel\nTessaro_settings\n"},
       {"update of a read-only drawing", "@load\n@open " PLAN " readonly\n" QUIET,
        "Tessaro_update\n"},
       {"lock of a read-only drawing", "@load\n@open " PLAN " readonly\n" QUIET,
        "@answer yes\nTessaro_lock\n"},
       {"settings turn the window on", "@reg set StatusWnd 0\n" OPEN_PLAN,
-       "@check 1001 on\n@answer ok\nTessaro_settings\n"},
+       "@check IDC_SHOW_STATUS on\n@answer ok\nTessaro_settings\n"},
       {"install", "@load\n@open " PLANT "Notes.dxf\n", "Tessaro_install\n"},
       {"uninstall", "@load\n@open " PLANT "Notes.dxf\nTessaro_install\n", "Tessaro_uninstall\n"},
   };

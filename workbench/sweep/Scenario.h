@@ -14,14 +14,14 @@ struct Scenario {
   std::string setUp;
   std::string action;
   /// The calls, by their operations, whose failure leaves an xref unloaded; `byItself` if it is the
-  /// user's wish.
+  /// user's intent.
   std::vector<std::string_view> leavesUnloaded = {};
   /// What the vault or the disk holds of a drawing changes with the drawing's own content.
   bool savesChanges = false;
 };
 
-/// The lines that make the vault "Plant" with its drawings; run once, and put back before each run.
-extern const char yardSetUp[];
+/// The lines that make the vault "Plant" with its drawings; run once, and restored before each run.
+extern const char vaultSetUp[];
 
 /// The drawing that the scenarios work on, and two of its xrefs.
 extern const char sheet[];

@@ -3,20 +3,22 @@
 // what is left behind.
 #include <windows.h>
 
-#include <shellapi.h>
-
 #include <cstdio>
-#include <cstdlib>
-#include <exception>
+#include <cwchar>
 #include <set>
 #include <string>
 #include <vector>
 
 #include "core/ResultCodes.h"
 #include "core/Text.h"
+#include "scripting/Programs.h"
 #include "sweep/Run.h"
 
 namespace {
+
+constexpr char usage[] =
+    "sweep --drawings FOLDER [--folder WORK] [--share K/N] [--allocations K/N] [--only WORD]\n"
+    "      [--from SCENARIO] [--list]\n";
 
 constexpr HRESULT clientCodes[] = {E_FAIL, wb::E_QVT_PERMISSION_DENIED, wb::E_QVT_FILE_SHARE_ERROR,
                                    E_OUTOFMEMORY, RPC_E_DISCONNECTED};
@@ -30,14 +32,14 @@ struct Share {
   bool takesNext() { return number++ % parts == part; }
 };
 
-struct Wishes {
-  std::string only;   // a part of the scenarios' names
-  std::string from;   // the scenarios ahead of the one with this name are left out
-  Share calls;        // of the runs in which a call of the client or the host fails
-  Share allocations;  // of those in which the module lacks memory, a window or a menu
+struct Options {
+  std::wstring only;  ///< a part of the scenarios' names
+  std::wstring from;  ///< the scenarios before the one with this name are left out
+  Share calls;        ///< of the runs in which a call of the client or the host fails
+  Share allocations;  ///< of those in which the module lacks memory, a window or a menu
   bool list = false;
-  std::filesystem::path drawings;
-  std::filesystem::path folder = std::filesystem::temp_directory_path() / L"workbench-sweep";
+  std::wstring drawings;
+  std::wstring folder = std::filesystem::temp_directory_path() / L"workbench-sweep";
 };
 
 /// A client's call fails with each of the codes, a host's in its own way. What another program does
@@ -67,18 +69,16 @@ std::wstring kindOf(const wb::SweptFault& fault) {
 
 class Sweep {
  public:
-  explicit Sweep(const Wishes& wishes)
-      : wishes(wishes),
-        calls(wishes.calls),
-        allocations(wishes.allocations),
-        yard(wishes.folder, wishes.drawings, wb::yardSetUp) {}
+  explicit Sweep(const Options& options)
+      : options(options), snapshot(options.folder, options.drawings, wb::vaultSetUp) {}
 
   int run() {
-    bool begun = wishes.from.empty();
+    const std::string from = wb::toUtf8(options.from);
+    const std::string only = wb::toUtf8(options.only);
+    bool begun = from.empty();
     for (const wb::Scenario& scenario : wb::scenarios()) {
-      begun = begun || scenario.name == wishes.from;
-      if (!begun) continue;
-      if (scenario.name.find(wishes.only) != std::string::npos) sweep(scenario);
+      begun = begun || scenario.name == from;
+      if (begun && scenario.name.find(only) != std::string::npos) sweep(scenario);
     }
     std::printf("The files were in use throughout %u runs, so that no other program got at them.\n",
                 impossible);
@@ -91,15 +91,16 @@ class Sweep {
  private:
   void sweep(const wb::Scenario& scenario) {
     announce(scenario, nullptr);
-    const wb::Verdict good = wb::runScenario(yard, scenario, nullptr);
+    const wb::Verdict good = wb::runScenario(snapshot, scenario, nullptr);
     report(scenario, nullptr, good);
     const auto faults = faultsOf(good.calls);
     possible += faults.size();
     for (const wb::SweptFault& fault : faults) {
-      const bool ofShare = (fault.call.ofModule() ? allocations : calls).takesNext();
+      const bool ofShare =
+          (fault.call.ofModule() ? options.allocations : options.calls).takesNext();
       if (!seen.insert(kindOf(fault)).second && !ofShare) continue;
       announce(scenario, &fault);
-      report(scenario, &fault, wb::runScenario(yard, scenario, &fault));
+      report(scenario, &fault, wb::runScenario(snapshot, scenario, &fault));
     }
   }
 
@@ -109,20 +110,20 @@ class Sweep {
            std::to_string(fault->call.after + 1) + " " + fault->name;
   }
 
-  /// Should the process die, this is the last that it said.
+  /// Should the process die, this is the last line of its output.
   void announce(const wb::Scenario& scenario, const wb::SweptFault* fault) const {
-    if (!wishes.list) return;
+    if (!options.list) return;
     std::printf("run     %s\n", nameOf(scenario, fault).c_str());
     std::fflush(stdout);
   }
 
   void report(const wb::Scenario& scenario, const wb::SweptFault* fault,
               const wb::Verdict& verdict) {
-    if (fault && !verdict.faultCame) ++(fault->onDisk ? impossible : spared);
+    if (fault && !verdict.faultOccurred) ++(fault->onDisk ? impossible : spared);
     ++runs;
     const std::string what = nameOf(scenario, fault);
     if (verdict.problems.empty()) {
-      if (wishes.list) {
+      if (options.list) {
         std::printf("ok      %s%s\n", what.c_str(), verdict.escaped ? ": escapes" : "");
       }
       return;
@@ -133,7 +134,7 @@ class Sweep {
       std::printf("        %s\n", wb::toUtf8(problem).c_str());
     }
     if (fault) std::printf("%s----\n", wb::scriptOf(scenario, *fault).c_str());
-    if (!fault || wishes.list) {
+    if (!fault || options.list) {
       for (const std::wstring& line : verdict.transcript) {
         std::printf("    %s\n", wb::toUtf8(line).c_str());
       }
@@ -141,10 +142,8 @@ class Sweep {
     std::fflush(stdout);
   }
 
-  const Wishes wishes;
-  Share calls;
-  Share allocations;
-  const wb::Yard yard;
+  Options options;
+  const wb::Snapshot snapshot;
   unsigned runs = 0;
   unsigned failed = 0;
   unsigned impossible = 0;
@@ -153,54 +152,31 @@ class Sweep {
   std::set<std::wstring> seen;
 };
 
-bool understandShare(const wchar_t* word, Share& share) {
-  return swscanf(word, L"%u/%u", &share.part, &share.parts) == 2 && share.parts > 0;
-}
-
-bool understand(int count, wchar_t** words, Wishes& wishes) {
-  for (int index = 1; index < count; ++index) {
-    const std::wstring word = words[index];
-    if (word == L"--list") {
-      wishes.list = true;
-      continue;
-    }
-    if (index + 1 == count) return false;
-    if (word == L"--only") {
-      wishes.only = wb::toUtf8(words[++index]);
-    } else if (word == L"--from") {
-      wishes.from = wb::toUtf8(words[++index]);
-    } else if (word == L"--drawings") {
-      wishes.drawings = words[++index];
-    } else if (word == L"--folder") {
-      wishes.folder = words[++index];
-    } else if (word == L"--share") {
-      if (!understandShare(words[++index], wishes.calls)) return false;
-    } else if (word == L"--allocations") {
-      if (!understandShare(words[++index], wishes.allocations)) return false;
-    } else {
-      return false;
-    }
-  }
-  return !wishes.drawings.empty();
+/// Reads a share from "K/N".
+wb::ProgramOption shareOption(const wchar_t* name, Share& share) {
+  return {name, [&share](const std::wstring& text) {
+            if (swscanf(text.c_str(), L"%u/%u", &share.part, &share.parts) != 2 || !share.parts) {
+              throw wb::UsageError("a share is K/N");
+            }
+          }};
 }
 
 }  // namespace
 
 int main() {
-  int count = 0;
-  wchar_t** const words = CommandLineToArgvW(GetCommandLineW(), &count);
-  Wishes wishes;
-  if (!understand(count, words, wishes)) {
-    std::fputs(
-        "sweep --drawings FOLDER [--folder WORK] [--share K/N] [--allocations K/N] [--only WORD]\n"
-        "      [--from SCENARIO] [--list]\n",
-        stderr);
-    return 2;
-  }
-  try {
-    return Sweep(wishes).run();
-  } catch (const std::exception& error) {
-    std::fprintf(stderr, "%s\n", error.what());
-    return 2;
-  }
+  Options options;
+  return wb::runProgram("sweep", usage,
+                        {{L"--drawings", &options.drawings},
+                         {L"--folder", &options.folder},
+                         shareOption(L"--share", options.calls),
+                         shareOption(L"--allocations", options.allocations),
+                         {L"--only", &options.only},
+                         {L"--from", &options.from},
+                         {L"--list", &options.list}},
+                        [&] {
+                          if (options.drawings.empty()) {
+                            throw wb::UsageError("--drawings is needed");
+                          }
+                          return Sweep(options).run();
+                        });
 }
