@@ -6,9 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <deque>
-#include <fstream>
 #include <functional>
-#include <iterator>
 
 #include "core/Transcript.h"
 #include "database/Drawing.h"
@@ -222,10 +220,7 @@ struct SessionFolder : ModuleSession {
   using ModuleSession::workbenchFile;
 };
 
-std::string deskScript() {
-  std::ifstream file(std::filesystem::path(SessionFolder::workbenchFile(L"scripts/desk.txt")));
-  return {std::istreambuf_iterator<char>(file), {}};
-}
+std::string deskScript() { return bytesOf(SessionFolder::workbenchFile(L"scripts/desk.txt")); }
 
 TEST(Desk, APersonChecksOutChangesBringsUpToDateAndChecksInByMouseAlone) {
   wb::SessionOptions options = SessionFolder::options();

@@ -11,8 +11,8 @@ TEST_F(OutOfMemory, IsToldWhereNothingMayLeaveTheModule) {
   run("@reg set EditWarning 0\n@reg set Autolock 1\n");
   openSheet();
   for (const char* step :
-       {"@pick Grid\n@menu\n", "@tick\n", "@click 1021\n", "@opendialog %WORK%\\View\\Plan.dxf\n",
-        "@save %WORK%\\View\\Site\\Sheet.dxf\n"}) {
+       {"@pick Grid\n@menu\n", "@tick\n", "@click IDC_REFRESH\n",
+        "@opendialog %WORK%\\View\\Plan.dxf\n", "@save %WORK%\\View\\Site\\Sheet.dxf\n"}) {
     mark();
     run("@fail module.malloc E_OUTOFMEMORY\n@answer ok\n" + std::string(step) + "@fail clear\n");
     EXPECT_EQ(count(L"uncaught"), 0) << step << recent();

@@ -77,17 +77,17 @@ TEST_F(Settings, WhatTheUserEntersAppliesAtOnce) {
     std::vector<std::wstring> stored;
     const wchar_t* timer;
   } cases[] = {
-      {"@fill 1002 2", {L"XrefMonitoringInterval=2"}, L"timer=120000"},
+      {"@fill IDC_INTERVAL 2", {L"XrefMonitoringInterval=2"}, L"timer=120000"},
       // 70,000 minutes still fit into 32 bits of milliseconds; 71,583 begin anew.
-      {"@fill 1002 70000", {L"XrefMonitoringInterval=70000"}, L"timer=4200000000 ms"},
-      {"@fill 1002 71583", {L"XrefMonitoringInterval=71583"}, L"timer=12704 ms"},
-      {"@fill 1002 99999999999", {L"XrefMonitoringInterval=0"}, L"timer=off"},
-      {"@fill 1002 3", {L"XrefMonitoringInterval=3"}, L"timer=180000"},
-      {"@fill 1002", {L"XrefMonitoringInterval=0"}, L"timer=off"},
-      {"@fill 1002 4\n@check 1001 off",
+      {"@fill IDC_INTERVAL 70000", {L"XrefMonitoringInterval=70000"}, L"timer=4200000000 ms"},
+      {"@fill IDC_INTERVAL 71583", {L"XrefMonitoringInterval=71583"}, L"timer=12704 ms"},
+      {"@fill IDC_INTERVAL 99999999999", {L"XrefMonitoringInterval=0"}, L"timer=off"},
+      {"@fill IDC_INTERVAL 3", {L"XrefMonitoringInterval=3"}, L"timer=180000"},
+      {"@fill IDC_INTERVAL", {L"XrefMonitoringInterval=0"}, L"timer=off"},
+      {"@fill IDC_INTERVAL 4\n@check IDC_SHOW_STATUS off",
        {L"StatusWnd=0", L"XrefMonitoringInterval=4"},
        L" hidden, "},
-      {"@check 1001 on\n@check 1000 on\n@check 1022 off",
+      {"@check IDC_SHOW_STATUS on\n@check IDC_AUTOLOCK on\n@check IDC_EDIT_WARNING off",
        {L"Autolock=1", L"EditWarning=0", L"StatusWnd=1", L"XrefMonitoringInterval=4"},
        L"timer=240000"},
   };
@@ -102,8 +102,8 @@ TEST_F(Settings, AnythingButOkChangesNothing) {
   openPlan();
   for (const char* way : {"cancel", "close"}) {
     mark();
-    run("@fill 1002 9\n@check 1001 off\n@check 1000 on\n@answer " + std::string(way) +
-        "\nTessaro_settings\n");
+    run("@fill IDC_INTERVAL 9\n@check IDC_SHOW_STATUS off\n@check IDC_AUTOLOCK on\n@answer " +
+        std::string(way) + "\nTessaro_settings\n");
     EXPECT_EQ(count(L"reg: set"), 0) << recent();
     EXPECT_EQ(count(L"reg: create"), 0) << recent();
     expectWindow(L"timer=300000");
@@ -128,7 +128,7 @@ TEST_F(Settings, TheDialogIsWholeOnTheScreenWhereverTheEditorStands) {
 TEST_F(Settings, WhatTheRegistryRefusesIsSkippedWithoutAWord) {
   openPlan();
   const StubbornKey refusing(L"Software\\Halvern");
-  run("@fill 1002 2\n@check 1001 on\n@answer ok\nTessaro_settings\n");
+  run("@fill IDC_INTERVAL 2\n@check IDC_SHOW_STATUS on\n@answer ok\nTessaro_settings\n");
   const std::wstring create =
       L"reg: create HKCU\\Software\\Halvern\\Applications\\Quillstone Suite\\TessaroACAD -> "
       L"Windows error " +

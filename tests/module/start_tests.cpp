@@ -32,7 +32,7 @@ TEST_F(Start, WithoutAStatusWindowEverythingElseWorks) {
   run("@reg set EditWarning 0\n@vault add %WORK%\\View\\Part.dxf from %WORK%\\part.dxf\n"
       "@vault add %WORK%\\View\\Site.dxf from %WORK%\\site.dxf\n@open %WORK%\\View\\Site.dxf\n"
       "Tessaro_getlatestxrefs\n@select Part\n@row 1\n@answer ok\nTessaro_getxrefversion\n"
-      "@pick Part\n_Tessaro_getxrefver2 1 \n@fill 1002 7\n@answer ok\nTessaro_settings\n");
+      "@pick Part\n_Tessaro_getxrefver2 1 \n@fill IDC_INTERVAL 7\n@answer ok\nTessaro_settings\n");
   EXPECT_EQ(count(L"VaultQuery.execute("), 1) << recent();
   EXPECT_EQ(count(L"VaultFolderActions.getVersion("), 2) << recent();
   EXPECT_EQ(count(L"XrefMonitoringInterval=7"), 1) << recent();

@@ -147,7 +147,7 @@ TEST_F(StatusWindow, BeforeAnyDrawingNothingIsKnown) {
             "window: \"Tessaro Status\" shown, 1005=indeterminate enabled, 1006=unchecked enabled, "
             "1007=\"Version -/-\" enabled, 1021=enabled, timer=300000 ms");
   mark();
-  run("@tick\n@click 1021\n@click 1005\n@new\n@tick\n");
+  run("@tick\n@click IDC_REFRESH\n@click IDC_XREFS_LATEST\n@new\n@tick\n");
   EXPECT_EQ(count(L"VaultQuery.") + count(L"error: "), 0) << recent();
 }
 
@@ -176,7 +176,7 @@ TEST_F(StatusWindow, SavingReadsAnewAndInTheBackgroundShowsNothing) {
   EXPECT_EQ(count(L"VaultFile.localVersion"), 1) << recent();
   EXPECT_EQ(count(L"VaultQuery."), 0) << recent();
   expectShown(noXrefs);
-  run("@answer no\n@click 1006\n");
+  run("@answer no\n@click IDC_CHECKED_OUT_HERE\n");
   expectOrder({L"send: \"_Tessaro_lock \""});
   run("@vault checkout " + other + " folder C:\\Copy\n@save\n");
   expectShown({"unchecked disabled", "indeterminate", "1/1"});
@@ -192,7 +192,7 @@ TEST_F(StatusWindow, TickShowsWhatBecameOfTheXrefs) {
   run("@tick\n");
   expectShown({"unchecked enabled", "unchecked", "1/1"});
   mark();
-  run("@click 1005\n");
+  run("@click IDC_XREFS_LATEST\n");
   EXPECT_EQ(count(L"getLocalCopy"), 1) << recent();
   expectShown({"checked enabled", "unchecked", "1/1"});
   run("@tick\n");
@@ -208,11 +208,11 @@ TEST_F(StatusWindow, ErrorOfTheVaultStopsTheTimerUntilTheNextRefresh) {
             1)
       << recent();
   expectShown({"checked enabled", "unchecked", "1/1", "enabled", "off"});
-  run("@click 1021\n");
+  run("@click IDC_REFRESH\n");
   expectShown({"checked enabled", "unchecked", "1/1"});
   // A lock that is refused is no error: the display stays and the period starts anew.
   makePartStale();
-  for (const char* step : {"@tick\n", "@click 1005\n"}) {
+  for (const char* step : {"@tick\n", "@click IDC_XREFS_LATEST\n"}) {
     run("@refuse-locks 1\n" + std::string(step));
     expectShown({"checked enabled", "unchecked", "1/1"});
   }
@@ -229,15 +229,15 @@ TEST_F(StatusWindow, FailingStatusTurnsTheLowerPartOff) {
 TEST_F(StatusWindow, ClickOnTheLockBoxSendsTheCommandThatFits) {
   run("@load\n@open " + plan + "\n");
   mark();
-  run("@answer yes\n@click 1006\n");
+  run("@answer yes\n@click IDC_CHECKED_OUT_HERE\n");
   expectOrder({L"send: \"_Tessaro_lock \"", L"VaultFile.checkOut(", L"doc: opened"});
   expectShown({"unchecked disabled", "checked", "1/1"});
   mark();
-  run("@answer no\n@click 1006\n");
+  run("@answer no\n@click IDC_CHECKED_OUT_HERE\n");
   expectOrder({L"send: \"_Tessaro_unlock \""});
   run("@vault checkout " + other + " computer ELSEWHERE\n@open " + other + "\n");
   mark();
-  run("@click 1006\n");
+  run("@click IDC_CHECKED_OUT_HERE\n");
   EXPECT_EQ(count(L"send: "), 0) << recent();
   expectShown({"unchecked disabled", "indeterminate", "1/1"});
 }
@@ -248,7 +248,7 @@ TEST_F(StatusWindow, WithMonitoringOffOnlyAClickChecks) {
   mark();
   run("@open %WORK%\\View\\Site.dxf\n");
   EXPECT_EQ(count(L"VaultQuery."), 0) << recent();
-  run("@click 1021\n");
+  run("@click IDC_REFRESH\n");
   EXPECT_EQ(count(L"VaultQuery.execute"), 1) << recent();
   expectShown({"unchecked enabled", "unchecked", "1/1", "enabled", "off"});
 }
@@ -288,23 +288,23 @@ TEST_F(StatusWindow, AStepDoesNotBeginInTheMiddleOfAnother) {
 }
 
 TEST_F(StatusWindow, SettingsTakeEffectAtOnce) {
-  run("@load\n@open %WORK%\\View\\Site.dxf\n@fill 1002 0\n@answer ok\nTessaro_settings\n");
+  run("@load\n@open %WORK%\\View\\Site.dxf\n@fill IDC_INTERVAL 0\n@answer ok\nTessaro_settings\n");
   expectShown({"unchecked disabled", "unchecked", "1/1", "enabled", "off"});
-  run("@fill 1002 7\n@answer ok\nTessaro_settings\n");
+  run("@fill IDC_INTERVAL 7\n@answer ok\nTessaro_settings\n");
   expectShown({"checked enabled", "unchecked", "1/1", "enabled", "420000 ms"});
   // The registry is read at the start alone.
   run("@reg set XrefMonitoringInterval 9\n@tick\n");
   expectShown({"checked enabled", "unchecked", "1/1", "enabled", "420000 ms"});
-  run("@check 1001 off\n@answer ok\nTessaro_settings\n");
+  run("@check IDC_SHOW_STATUS off\n@answer ok\nTessaro_settings\n");
   EXPECT_FALSE(isShown());
   EXPECT_FALSE(timerRuns());
-  run("@check 1001 on\n@answer ok\nTessaro_settings\n");
+  run("@check IDC_SHOW_STATUS on\n@answer ok\nTessaro_settings\n");
   expectShown({"checked enabled", "unchecked", "1/1", "enabled", "540000 ms"});
 }
 
 TEST_F(StatusWindow, AfterAPauseOfTheMonitorTheXrefsOfOtherDrawingsAreUnknown) {
   run("@load\n@open %WORK%\\View\\Site.dxf\n@open " + plan +
-      "\n@window close\n@check 1001 on\n@answer ok\nTessaro_settings\n");
+      "\n@window close\n@check IDC_SHOW_STATUS on\n@answer ok\nTessaro_settings\n");
   expectShown(noXrefs);
   makePartStale();
   run("@activate %WORK%\\View\\Site.dxf\n");
@@ -326,7 +326,7 @@ TEST_F(StatusWindow, ClosingLastsUntilTheSettingsBringItBack) {
   EXPECT_EQ(count(L"VaultQuery."), 0) << recent();
   EXPECT_FALSE(isShown());
   EXPECT_FALSE(timerRuns());
-  run("@check 1001 on\n@answer ok\nTessaro_settings\n");
+  run("@check IDC_SHOW_STATUS on\n@answer ok\nTessaro_settings\n");
   expectShown({"checked enabled", "unchecked", "1/1"});
   const RECT restored = place();
   EXPECT_TRUE(EqualRect(&restored, &moved)) << "as large as before, too";

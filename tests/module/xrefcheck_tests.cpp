@@ -165,7 +165,7 @@ TEST_F(XrefCheck, BringsUpToDateLevelByLevel) {
   makeStale("Xrefs\\New.dxf", {{L"Deep", L"..\\Xrefs\\P.dxf"}});
   run("@load\n" + open);
   mark();
-  run("@click 1005\n");
+  run("@click IDC_XREFS_LATEST\n");
   const std::wstring xrefs = L"<work>\\View\\Xrefs\\";
   expectOrder({L"VaultQuery.execute", L"progress \"" + xrefs + L"A.dxf\" 0..1", L"xref: unloaded A",
                L"VaultClient.fileFromPath(path=\"" + xrefs + L"A.dxf\")",
@@ -205,7 +205,7 @@ TEST_F(XrefCheck, FileThatTheVaultDoesntGiveStaysUnloadedAndTheRestGoesOn) {
   makeStale("Root file.dxf");
   run("@load\n" + open + "@reg set EditWarning 0\n");
   mark();
-  run("@fail VaultClient.fileFromPath E_QVT_FILE_NOT_FOUND\n@click 1005\n");
+  run("@fail VaultClient.fileFromPath E_QVT_FILE_NOT_FOUND\n@click IDC_XREFS_LATEST\n");
   expectOrder({L"O'Neil part.dxf\" 0..2", L"progress at 0", L"xref: unloaded Quote",
                L"Root file.dxf\" 0..2", L"progress at 1", L"xref: unloaded Root", L"getLocalCopy(",
                L"xref: loaded Root", L"progress ends"});

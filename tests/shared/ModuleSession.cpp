@@ -2,59 +2,11 @@
 
 #include <windows.h>
 
-#include <fstream>
-#include <iterator>
 #include <stdexcept>
 
 #include "core/Program.h"
 #include "core/Text.h"
 #include "watch/ImportWatch.h"
-
-namespace {
-
-/// A DXF file keeps a code and a value on a line each.
-class DxfFile {
- public:
-  explicit DxfFile(const std::filesystem::path& path) : file(path, std::ios::binary) {}
-  void group(int code, const std::wstring& value) {
-    file << code << "\r\n" << wb::toUtf8(value) << "\r\n";
-  }
-  void position(int code) {
-    group(code, L"0.0");
-    group(code + 10, L"0.0");
-  }
-
- private:
-  std::ofstream file;
-};
-
-void writeBlock(DxfFile& file, const std::wstring& name, const std::wstring& path) {
-  const std::wstring flags = path.empty() ? L"0" : L"4";  // 4: an xref
-  file.group(0, L"BLOCK");
-  file.group(8, L"0");
-  file.group(2, name);
-  file.group(70, flags);
-  file.position(10);
-  file.group(3, name);
-  file.group(1, path);
-  file.group(0, L"ENDBLK");
-  file.group(8, L"0");
-}
-
-void expectOrderIn(const std::vector<std::wstring>& told, const std::vector<std::wstring>& texts,
-                   const std::string& recent) {
-  size_t at = 0;
-  for (const std::wstring& text : texts) {
-    while (at < told.size() && told[at].find(text) == std::wstring::npos) ++at;
-    if (at == told.size()) {
-      ADD_FAILURE() << "not told in its place: " << wb::toUtf8(text) << "\n----\n" << recent;
-      return;
-    }
-    ++at;
-  }
-}
-
-}  // namespace
 
 ModuleSession::ModuleSession() : session(options()) {
   wb::Transcript::instance().keepDetails(wb::apartmentBalance);
@@ -83,12 +35,7 @@ void ModuleSession::checkWhatHoldsEverywhere() const {
 }
 
 wb::SessionOptions ModuleSession::options() {
-  wb::SessionOptions options;
-  options.module = binFolder() / L"TessaroAcad.arx";
-  options.client = binFolder() / L"TessaroClient.dll";
-  options.workFolder = workFolder();
-  options.drawings = workbenchFile(L"drawings");
-  return options;
+  return wb::optionsOfBuild(workFolder(), workbenchFile(L"drawings"));
 }
 
 std::filesystem::path ModuleSession::workFolder() {
@@ -111,38 +58,21 @@ std::wstring ModuleSession::workbenchFile(const std::wstring& relative) {
 
 std::filesystem::path ModuleSession::writeDrawing(const std::wstring& file,
                                                   const std::vector<Xref>& xrefs) {
-  std::filesystem::path path = workFolder() / file;
-  std::filesystem::create_directories(path.parent_path());
-  DxfFile drawing(path);
-  drawing.group(0, L"SECTION");
-  drawing.group(2, L"HEADER");
-  drawing.group(9, L"$ACADVER");
-  drawing.group(1, L"AC1021");
-  drawing.group(0, L"ENDSEC");
-  drawing.group(0, L"SECTION");
-  drawing.group(2, L"BLOCKS");
-  for (const Xref& xref : xrefs) writeBlock(drawing, xref.name, xref.path);
-  drawing.group(0, L"ENDSEC");
-  drawing.group(0, L"SECTION");
-  drawing.group(2, L"ENTITIES");
-  drawing.group(0, L"LINE");
-  drawing.group(8, L"0");
-  drawing.position(10);
-  drawing.position(11);
+  std::string blocks;
+  std::string inserts;
   for (const Xref& xref : xrefs) {
-    drawing.group(0, L"INSERT");
-    drawing.group(8, L"0");
-    drawing.group(2, xref.name);
-    drawing.position(10);
+    const std::string name = wb::toUtf8(xref.name) + "\n";
+    blocks += "0 BLOCK\n8 0\n2 " + name + (xref.path.empty() ? "70 0\n" : "70 4\n") +
+              "10 0.0\n20 0.0\n3 " + name + "1 " + wb::toUtf8(xref.path) + "\n0 ENDBLK\n8 0\n";
+    inserts += "0 INSERT\n8 0\n2 " + name + "10 0.0\n20 0.0\n";
   }
-  drawing.group(0, L"ENDSEC");
-  drawing.group(0, L"EOF");
+  std::filesystem::path path = workFolder() / file;
+  write(path, dxf("0 SECTION\n2 BLOCKS\n" + blocks +
+                      "0 ENDSEC\n0 SECTION\n2 ENTITIES\n"
+                      "0 LINE\n8 0\n10 0.0\n20 0.0\n11 0.0\n21 0.0\n" +
+                      inserts + "0 ENDSEC\n",
+                  "AC1021"));
   return path;
-}
-
-std::string ModuleSession::bytesOf(const std::filesystem::path& file) {
-  std::ifstream stream(file, std::ios::binary);
-  return {std::istreambuf_iterator<char>(stream), {}};
 }
 
 void ModuleSession::run(const std::string& script) {
@@ -164,30 +94,20 @@ std::vector<std::wstring> ModuleSession::lines() const {
   return {all.begin() + static_cast<std::ptrdiff_t>(start), all.end()};
 }
 
-std::string ModuleSession::recent() const {
-  std::string text;
-  for (const std::wstring& line : lines()) text += wb::toUtf8(line) + "\n";
-  return text;
-}
+std::string ModuleSession::recent() const { return joined(lines()); }
 
 int ModuleSession::count(std::wstring_view text) const {
-  int found = 0;
-  for (const std::wstring& line : lines()) found += line.find(text) != std::wstring::npos;
-  return found;
+  return wb::Transcript::instance().count(text, start);
 }
 
 void ModuleSession::expectOrder(const std::vector<std::wstring>& texts) const {
-  expectOrderIn(lines(), texts, recent());
+  EXPECT_TRUE(inOrder(lines(), texts));
 }
 
 void ModuleSession::expectDetails(const std::vector<std::wstring>& texts) const {
-  std::vector<std::wstring> told;
-  std::string text;
-  for (const wb::Transcript::Detail& detail : details()) {
-    told.push_back(detail.line);
-    text += wb::toUtf8(detail.line) + "\n";
-  }
-  expectOrderIn(told, texts, text);
+  std::vector<std::wstring> lines;
+  for (wb::Transcript::Detail& detail : details()) lines.push_back(std::move(detail.line));
+  EXPECT_TRUE(inOrder(lines, texts));
 }
 
 std::vector<wb::Transcript::Detail> ModuleSession::details() const {

@@ -9,6 +9,7 @@
 
 #include "core/Transcript.h"
 #include "scripting/Session.h"
+#include "shared/Support.h"
 #include "store/Store.h"
 
 /// A session with the real module and the real client, and a vault "Works" whose view
@@ -60,8 +61,6 @@ class ModuleSession : public testing::Test {
   static std::wstring workbenchFile(const std::wstring& relative);
 
   static wb::SessionOptions options();
-
-  static std::string bytesOf(const std::filesystem::path& file);
 
   /// The notes and lines since the mark, each with the levels of COM that the module had then.
   std::vector<wb::Transcript::Detail> details() const;

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
 #include <functional>
 #include <string>
 
@@ -13,6 +11,7 @@
 #include "core/SessionState.h"
 #include "core/Transcript.h"
 #include "faults/Faults.h"
+#include "shared/Support.h"
 #include "store/Store.h"
 #include "vault/VaultInterfaces.h"
 
@@ -34,8 +33,7 @@ class ClientTest : public testing::Test {
   void SetUp() override {
     ASSERT_TRUE(library) << "TessaroClient.dll lies beside the program";
     CoInitialize(nullptr);
-    removeFolder();
-    std::filesystem::create_directories(view / L"Sub");
+    fs::create_directories(view / L"Sub");
     ASSERT_EQ(call("DllRegisterServer"), S_OK);
     wb::store().open(folder / L"store");
     wb::store().createVault(L"Plant", view.wstring());
@@ -54,7 +52,6 @@ class ClientTest : public testing::Test {
     EXPECT_EQ(call("DllUnregisterServer"), S_OK);
     CoUninitialize();
     FreeLibrary(library);
-    removeFolder();
   }
 
   HRESULT call(const char* function) const {
@@ -66,8 +63,8 @@ class ClientTest : public testing::Test {
   std::wstring path(const wchar_t* name) const { return (view / name).wstring(); }
 
   void add(const wchar_t* name, const char* content) {
-    const std::filesystem::path source = folder / L"source";
-    std::ofstream(source, std::ios::binary) << content;
+    const fs::path source = folder / L"source";
+    write(source, content);
     wb::store().add(path(name), source, L"engineer", L"");
   }
 
@@ -102,16 +99,10 @@ class ClientTest : public testing::Test {
     return _bstr_t(result, false);
   }
 
-  static bool told(std::wstring_view text) {
-    for (const std::wstring& line : wb::Transcript::instance().lines()) {
-      if (line.find(text) != std::wstring::npos) return true;
-    }
-    return false;
-  }
+  bool told(std::wstring_view text) const { return state.transcript.count(text) > 0; }
 
-  const std::filesystem::path folder =
-      std::filesystem::temp_directory_path() / L"workbench-tests" / L"client";
-  const std::filesystem::path view = folder / L"view";
+  const fs::path folder = emptyTestFolder(L"client");
+  const fs::path view = folder / L"view";
 
   wb::SessionState state;
   wb::Ticket firstTicket = 0;
@@ -119,16 +110,6 @@ class ClientTest : public testing::Test {
  private:
   static HMODULE loadLibrary() {
     return LoadLibraryW((wb::programFolder() / L"TessaroClient.dll").c_str());
-  }
-
-  /// What the vault put into the view is read-only, which Windows doesn't remove.
-  void removeFolder() const {
-    namespace fs = std::filesystem;
-    if (!fs::exists(folder)) return;
-    for (const auto& entry : fs::recursive_directory_iterator(folder)) {
-      SetFileAttributesW(entry.path().c_str(), FILE_ATTRIBUTE_NORMAL);
-    }
-    fs::remove_all(folder);
   }
 
   const HMODULE library = loadLibrary();

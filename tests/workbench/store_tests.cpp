@@ -64,7 +64,7 @@ TEST_F(StoreTest, FolderIdsAreTheComputersOwnAndTheRootHasTheFirst) {
 }
 
 TEST_F(StoreTest, ACheckOutAndACheckInMoveOneDrawing) {
-  EXPECT_EQ("one", contentOf(plan));
+  EXPECT_EQ("one", bytesOf(plan));
   EXPECT_TRUE(isReadOnlyFile(plan));
   EXPECT_EQ(file().latest().date, writeTimeOf(plan));
 
@@ -73,12 +73,12 @@ TEST_F(StoreTest, ACheckOutAndACheckInMoveOneDrawing) {
   EXPECT_EQ(store.folderIdOf(plan), file().holder->folderId);
   EXPECT_EQ(E_QVT_FILE_IS_LOCKED, refusal([&] { store.checkOut(plan); }));
 
-  writeFile(plan, "two");
+  write(plan, "two");
   store.checkIn(plan, L"Walls", true);
   EXPECT_TRUE(file().holder);
   EXPECT_FALSE(isReadOnlyFile(plan));
 
-  writeFile(plan, "three");
+  write(plan, "three");
   store.checkIn(plan, L"Doors", false);
   EXPECT_FALSE(file().holder);
   EXPECT_TRUE(isReadOnlyFile(plan));
@@ -89,20 +89,20 @@ TEST_F(StoreTest, ACheckOutAndACheckInMoveOneDrawing) {
   EXPECT_EQ(E_QVT_FILE_NOT_LOCKED_BY_YOU, refusal([&] { store.checkIn(plan, L"", false); }));
 
   store.fetch(plan, 2);
-  EXPECT_EQ("two", contentOf(plan));
+  EXPECT_EQ("two", bytesOf(plan));
   EXPECT_TRUE(isReadOnlyFile(plan));
   EXPECT_EQ(E_QVT_INVALID_REVISION_NUMBER, refusal([&] { store.fetch(plan, 4); }));
 }
 
 TEST_F(StoreTest, ACheckOutBringsTheLatestAndAnUndoTakesTheChangesBack) {
   addVersion("two");
-  EXPECT_EQ("one", contentOf(plan));
+  EXPECT_EQ("one", bytesOf(plan));
   EXPECT_GE(file().versions[1].date, file().versions[0].date + 20000000);
   store.checkOut(plan);
-  EXPECT_EQ("two", contentOf(plan));
-  writeFile(plan, "spoilt");
+  EXPECT_EQ("two", bytesOf(plan));
+  write(plan, "spoilt");
   store.undoCheckOut(plan);
-  EXPECT_EQ("two", contentOf(plan));
+  EXPECT_EQ("two", bytesOf(plan));
   EXPECT_TRUE(isReadOnlyFile(plan));
   EXPECT_EQ(E_QVT_FILE_NOT_LOCKED_BY_YOU, refusal([&] { store.undoCheckOut(plan); }));
 }
@@ -136,13 +136,13 @@ TEST_F(StoreTest, AFileThatSomebodyHasOpenIsNeitherReplacedNorTaken) {
     EXPECT_EQ(E_QVT_FILE_SHARE_ERROR, refusal([&] { store.checkOut(plan); }));
     EXPECT_EQ(E_QVT_FILE_SHARE_ERROR, refusal([&] { store.fetch(plan, 0); }));
   }
-  EXPECT_EQ("one", contentOf(plan));
+  EXPECT_EQ("one", bytesOf(plan));
   EXPECT_TRUE(isReadOnlyFile(plan));
   EXPECT_FALSE(file().holder);
   EXPECT_EQ(1, store.localVersion(file(), store.folderIdOf(plan)));
 
   store.checkOut(plan);
-  writeFile(plan, "three");
+  write(plan, "three");
   {
     const HeldOpen editor(plan, GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ);
     EXPECT_EQ(E_QVT_FILE_SHARE_ERROR, refusal([&] { store.checkIn(plan, L"", false); }));
@@ -150,7 +150,7 @@ TEST_F(StoreTest, AFileThatSomebodyHasOpenIsNeitherReplacedNorTaken) {
   }
   EXPECT_EQ(2, file().latest().number);
   EXPECT_TRUE(file().holder);
-  EXPECT_EQ("three", contentOf(plan));
+  EXPECT_EQ("three", bytesOf(plan));
 
   const HeldOpen viewer(plan, GENERIC_READ, FILE_SHARE_READ);
   store.checkIn(plan, L"", false);
@@ -160,9 +160,9 @@ TEST_F(StoreTest, AFileThatSomebodyHasOpenIsNeitherReplacedNorTaken) {
 
 TEST_F(StoreTest, TakingAFileInNeverOverwritesAnother) {
   const std::wstring own = (view / L"Own.dwg").wstring();
-  writeFile(own, "the user's");
+  write(own, "the user's");
   EXPECT_EQ(E_QVT_NAME_ALREADY_EXISTS, refusal([&] { store.add(own, source, L"anna", L""); }));
-  EXPECT_EQ("the user's", contentOf(own));
+  EXPECT_EQ("the user's", bytesOf(own));
   EXPECT_FALSE(isReadOnlyFile(own));
   store.add(own, {}, L"anna", L"");
   EXPECT_TRUE(isReadOnlyFile(own));
@@ -277,7 +277,7 @@ TEST_F(StoreTest, AStoreOfEarlierRunsIsReadAndWrittenInTheSameForm) {
  ]
 })";
   const fs::path index = folder / L"store" / L"store.json";
-  writeFile(index, earlier);
+  write(index, earlier);
   store.open(folder / L"store");
   EXPECT_EQ(
       (std::vector<std::wstring>{
@@ -286,7 +286,7 @@ TEST_F(StoreTest, AStoreOfEarlierRunsIsReadAndWrittenInTheSameForm) {
           L"card Title in \"Model\" = \"Hall 2\"", L"card Title goes to FRAME.TITLE"}),
       store.describe(L"C:\\Plant\\Plan.dwg"));
   store.setExempt(L"C:\\Plant\\Plan.dwg", true);
-  EXPECT_EQ(earlier, contentOf(index));
+  EXPECT_EQ(earlier, bytesOf(index));
 }
 
 TEST_F(StoreTest, AChangeThatCantBeWrittenHasntHappened) {
@@ -323,7 +323,7 @@ TEST_F(StoreTest, ADamagedStoreIsRefusedAndLeftAsItIs) {
   store.close();
   const fs::path index = folder / L"store" / L"store.json";
   const fs::path archive = folder / L"store" / L"archive";
-  const std::string sound = contentOf(index);
+  const std::string sound = bytesOf(index);
   const auto expectRefused = [&](const char* what) {
     const auto archived = namesIn(archive);
     EXPECT_EQ(E_QVT_NOT_INITIALIZED, refusal([&] { store.open(folder / L"store"); })) << what;
@@ -335,21 +335,21 @@ TEST_F(StoreTest, ADamagedStoreIsRefusedAndLeftAsItIs) {
   astray.replace(astray.find("1-2.bin"), 7, "..\\x.bi");
   for (const std::string& damaged :
        {sound.substr(0, sound.size() / 2), std::string(), std::string("{}"), other, astray}) {
-    writeFile(index, damaged);
+    write(index, damaged);
     expectRefused(damaged.c_str());
-    EXPECT_EQ(damaged, contentOf(index));
+    EXPECT_EQ(damaged, bytesOf(index));
   }
   fs::remove(index);
   expectRefused("without an index");
   EXPECT_FALSE(fs::exists(index));
 
-  writeFile(index, sound);
+  write(index, sound);
   fs::rename(archive / L"1-2.bin", folder / L"1-2.bin");
   expectRefused("without a content");
   fs::rename(folder / L"1-2.bin", archive / L"1-2.bin");
   store.open(folder / L"store");
   store.fetch(plan, 0);
-  EXPECT_EQ("two", contentOf(plan));
+  EXPECT_EQ("two", bytesOf(plan));
 }
 
 }  // namespace

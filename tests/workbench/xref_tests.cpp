@@ -26,7 +26,7 @@ class XrefTest : public DrawingTest {
   std::unique_ptr<wb::Drawing> openParent() {
     write(folder / L"Sub" / L"Deep.dxf", drawingOf(""));
     write(child, drawingOf(xrefBlock("Deep", "Sub\\Deep.dxf")));
-    write(folder / L"parent.dxf", drawingOf(xrefBlock("Child", "..\\drawing_tests\\child.dxf") +
+    write(folder / L"parent.dxf", drawingOf(xrefBlock("Child", "..\\drawing\\child.dxf") +
                                             xrefBlock("Other", "Q:\\none\\other.dxf")));
     return open(folder / L"parent.dxf");
   }
