@@ -94,6 +94,7 @@ class CardDataPart : public Dual<VaultCardData, VaultItem> {
             throw ClientFailure(E_QVT_FOLDER_NOT_FOUND);
           }
           std::vector<Owned<VaultCardVariable>> made;
+          made.reserve(file.card.size());
           for (const CardVariable& variable : file.card) {
             made.push_back(make<VaultCardVariable, VariablePart>(
                 namedLabel(L"VaultCardVariable", variable.name), variable));

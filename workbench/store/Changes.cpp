@@ -31,7 +31,7 @@ void Store::change(const std::wstring& path, const std::function<void(StoredFile
 }
 
 bool Store::isHeldHere(const std::wstring& path, const StoredFile& file) {
-  return isHeldByUsHere(file) && file.holder->folderId == folderIdOf(path);
+  return file.holder && isHeldByUsHere(file) && file.holder->folderId == folderIdOf(path);
 }
 
 bool Store::isHeldByUsHere(const StoredFile& file) {

@@ -144,6 +144,7 @@ std::vector<std::wstring> Store::describe(const std::wstring& path) const {
   const StoredFile* file = find(path);
   if (!file) return {path + L" isn't in the vault"};
   std::vector<std::wstring> lines;
+  lines.reserve(file->versions.size());
   for (const StoredVersion& version : file->versions) lines.push_back(versionLine(version));
   lines.push_back(holderLine(*file));
   for (const auto& [key, id] : vaultOf(path)->folderIds) {
