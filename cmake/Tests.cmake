@@ -49,7 +49,7 @@ function(add_sweep test seconds calls allocations)
   set_tests_properties(${test} PROPERTIES LABELS sweep TIMEOUT ${limit} COST ${cost_of_sweep})
 endfunction()
 
-add_sweep(sweep 1800 0/400 0/100)
+add_sweep(sweep 1800 0/800 0/200)
 # What is done in one process makes it slow, so that all is done by two.
 add_sweep(sweep_first_half 28800 0/2 0/2 CONFIGURATIONS all)
 add_sweep(sweep_second_half 28800 1/2 1/2 CONFIGURATIONS all)
