@@ -62,9 +62,10 @@ std::filesystem::path ModuleSession::writeDrawing(const std::wstring& file,
   std::string inserts;
   for (const Xref& xref : xrefs) {
     const std::string name = wb::toUtf8(xref.name) + "\n";
-    blocks += "0 BLOCK\n8 0\n2 " + name + (xref.path.empty() ? "70 0\n" : "70 4\n") +
-              "10 0.0\n20 0.0\n3 " + name + "1 " + wb::toUtf8(xref.path) + "\n0 ENDBLK\n8 0\n";
-    inserts += "0 INSERT\n8 0\n2 " + name + "10 0.0\n20 0.0\n";
+    blocks.append("0 BLOCK\n8 0\n2 ").append(name).append(xref.path.empty() ? "70 0\n" : "70 4\n");
+    blocks.append("10 0.0\n20 0.0\n3 ").append(name).append("1 ").append(wb::toUtf8(xref.path));
+    blocks.append("\n0 ENDBLK\n8 0\n");
+    inserts.append("0 INSERT\n8 0\n2 ").append(name).append("10 0.0\n20 0.0\n");
   }
   std::filesystem::path path = workFolder() / file;
   write(path, dxf("0 SECTION\n2 BLOCKS\n" + blocks +

@@ -45,8 +45,7 @@ void runScriptLine(ScriptContext& context, const std::wstring& line, bool comman
 void Script::run() {
   apartments = apartmentBalance();
   eventsSeen = Transcript::instance().events().size();
-  while (next < lines.size() && step(lines[next++], false)) {
-  }
+  for (bool runs = true; runs && next < lines.size();) runs = step(lines[next++], false);
   running = nullptr;
   if (!failed && !Answers::instance().answersAny()) refuseUnusedAnswers();
 }

@@ -90,9 +90,8 @@ void registerClient(const std::wstring& file, bool present) {
   }
   const char* const function = present ? "DllRegisterServer" : "DllUnregisterServer";
   using Register = HRESULT(STDAPICALLTYPE*)();
-  const auto address =
-      reinterpret_cast<Register>(reinterpret_cast<void*>(GetProcAddress(library, function)));
-  const HRESULT result = address ? address() : E_NOINTERFACE;
+  const auto address = reinterpret_cast<void*>(GetProcAddress(library, function));
+  const HRESULT result = address ? reinterpret_cast<Register>(address)() : E_NOINTERFACE;
   if (SUCCEEDED(result)) return;
   throw std::runtime_error(std::string("the client's ") + function + " failed with " +
                            toUtf8(resultName(result)));

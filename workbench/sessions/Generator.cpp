@@ -193,7 +193,8 @@ class Generator {
 std::string preamble() {
   std::string lines = "@vault create Works %WORK%\\View\n";
   for (const std::string& file : vaultFiles) {
-    lines += "@vault add %WORK%\\View\\" + file + " from %DRAWINGS%\\" + file + "\n";
+    lines.append("@vault add %WORK%\\View\\").append(file);
+    lines.append(" from %DRAWINGS%\\").append(file).append("\n");
   }
   lines += "@vault add %WORK%\\View\\" + secondSheet + " from %DRAWINGS%\\" + firstSheet + "\n";
   return lines + "@vault map %WORK%\\View\\Site\\Plan.dxf Title A1_TITLE TITLE\n@load\n";

@@ -39,7 +39,7 @@ struct Options {
   Share allocations;  ///< of those in which the module lacks memory, a window or a menu
   bool list = false;
   std::wstring drawings;
-  std::wstring folder = std::filesystem::temp_directory_path() / L"workbench-sweep";
+  std::wstring folder;  ///< for the runs; empty for one of Windows' temporary folders
 };
 
 /// A client's call fails with each of the codes, a host's in its own way. What another program does
@@ -176,6 +176,10 @@ int main() {
                         [&] {
                           if (options.drawings.empty()) {
                             throw wb::UsageError("--drawings is needed");
+                          }
+                          if (options.folder.empty()) {
+                            options.folder =
+                                std::filesystem::temp_directory_path() / L"workbench-sweep";
                           }
                           return Sweep(options).run();
                         });

@@ -52,8 +52,9 @@ void VaultCheck::checkLocalFile(const std::wstring& path, const StoredFile& file
   const std::string now = bytesOf(path);
   const auto before = localCopies.find(path);
   if (before != localCopies.end() && before->second != now) {
-    if (!allowed.replacing && !isStored(file, before->second))
+    if (!allowed.replacing && !isStored(file, before->second)) {
       fail("what was saved is lost: ", path);
+    }
     const bool mayBeNew = !allowed.savedFile || *allowed.savedFile == file.name();
     if (!mayBeNew && !isStored(file, now)) {
       fail("the local file holds what nobody stored: ", path);

@@ -168,13 +168,15 @@ std::vector<Directive> documentDirectives() {
           atAnyTime(L"@mark", [] { Transcript::instance().mark(); }),
           atAnyTime(L"@expect TEXT",
                     [](const Expected& line) {
-                      if (!line.isThere())
+                      if (!line.isThere()) {
                         throw ScriptError(L"expected since the mark: " + line.text);
+                      }
                     }),
           atAnyTime(L"@expect-no TEXT",
                     [](const Expected& line) {
-                      if (line.isThere())
+                      if (line.isThere()) {
                         throw ScriptError(L"not expected since the mark: " + line.text);
+                      }
                     }),
           atAnyTime(L"@shot FILE", shot),
           atAnyTime(L"@say TEXT", say)};

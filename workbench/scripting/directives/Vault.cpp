@@ -28,6 +28,7 @@ struct ViewPath : std::wstring {
 /// @param texts what each keyword stands for without one
 void readKeywords(Arguments& arguments, std::map<std::wstring_view, std::wstring*> texts) {
   std::vector<std::wstring_view> keywords;
+  keywords.reserve(texts.size());
   for (const auto& [keyword, text] : texts) keywords.push_back(keyword);
   while (!arguments.atEnd()) {
     const auto found = std::find_if(keywords.begin(), keywords.end(),
