@@ -4,99 +4,68 @@
 #include <io.h>
 
 #include <algorithm>
-#include <cstdio>
-#include <exception>
-#include <iterator>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "core/Text.h"
 #include "Measure.h"
 #include "Rows.h"
+#include "scripting/Programs.h"
 
 namespace {
 
-/// Rows with sessions of their own. Only one session lives at a time, so they come first.
-constexpr struct {
-  const char* name;
-  void (*measure)(const std::filesystem::path& drawings);
-} ownSessions[] = {{"sweep", bench::sweepSpeed}, {"sessions", bench::sessionsSpeed}};
+constexpr char usage[] =
+    "bench --drawings FOLDER [ROW...]\n"
+    "\n"
+    "Measures the rows that are named, or all of them.\n";
 
-constexpr struct {
-  const char* name;
-  void (*measure)(bench::BenchSession&);
-} sharedSession[] = {
-    {"check", bench::checkOfXrefs},
-    {"activation", bench::activation},
-    {"guard", bench::editGuard},
-    {"status", bench::statusQuery},
-    {"checkout", bench::checkOut},
-    {"titleblock", bench::titleBlock},
-    {"load", bench::moduleLoad},
-    {"showing", bench::showing},
-    {"batch", bench::batchAgainstFileByFile},
+/// A row with a session of its own, or one of those that share a session.
+struct Row {
+  const wchar_t* name;
+  void (*measureAlone)(const std::filesystem::path& drawings);
+  void (*measure)(bench::BenchSession&) = nullptr;
+  bool wanted = false;
 };
 
-struct Options {
-  std::filesystem::path drawings;
-  std::vector<std::string> rows;  ///< all if there are none
-
-  bool wants(const std::string& row) const {
-    return rows.empty() || std::find(rows.begin(), rows.end(), row) != rows.end();
-  }
-};
-
-bool isRow(const std::string& word) {
-  const auto named = [&](const auto& row) { return word == row.name; };
-  return std::any_of(std::begin(ownSessions), std::end(ownSessions), named) ||
-         std::any_of(std::begin(sharedSession), std::end(sharedSession), named);
+/// Only one session lives at a time, so those with a session of their own come first.
+std::vector<Row> allRows() {
+  return {{L"sweep", bench::sweepSpeed},
+          {L"sessions", bench::sessionsSpeed},
+          {L"check", nullptr, bench::checkOfXrefs},
+          {L"activation", nullptr, bench::activation},
+          {L"guard", nullptr, bench::editGuard},
+          {L"status", nullptr, bench::statusQuery},
+          {L"checkout", nullptr, bench::checkOut},
+          {L"titleblock", nullptr, bench::titleBlock},
+          {L"load", nullptr, bench::moduleLoad},
+          {L"showing", nullptr, bench::showing},
+          {L"batch", nullptr, bench::batchAgainstFileByFile}};
 }
 
-/// @return nothing, with the reason printed, for a wrong command line
-std::optional<Options> parse(int count, char** words) {
-  Options options;
-  for (int at = 1; at < count; ++at) {
-    const std::string word = words[at];
-    if (word == "--drawings" && at + 1 < count) {
-      options.drawings = wb::fromUtf8(words[++at]);
-    } else if (isRow(word)) {
-      options.rows.push_back(word);
+int measure(const std::vector<Row>& rows, const std::wstring& drawings) {
+  if (drawings.empty()) throw wb::UsageError("--drawings is needed");
+  const bool all = std::none_of(rows.begin(), rows.end(), [](const Row& row) { return row.wanted; });
+  bench::printHead();
+  std::optional<bench::BenchSession> session;
+  for (const Row& row : rows) {
+    if (!all && !row.wanted) continue;
+    if (row.measureAlone) {
+      row.measureAlone(drawings);
     } else {
-      std::fprintf(stderr, "there is no row %s\n", word.c_str());
-      return std::nullopt;
+      if (!session) session.emplace();
+      row.measure(*session);
     }
   }
-  if (!options.drawings.empty()) return options;
-  std::fputs("bench --drawings FOLDER [ROW...]\n", stderr);
-  return std::nullopt;
-}
-
-void measure(const Options& options) {
-  bench::printHead();
-  for (const auto& row : ownSessions) {
-    if (options.wants(row.name)) row.measure(options.drawings);
-  }
-  std::optional<bench::BenchSession> session;
-  for (const auto& row : sharedSession) {
-    if (!options.wants(row.name)) continue;
-    if (!session) session.emplace();
-    row.measure(*session);
-  }
+  return bench::allLimitsKept() ? 0 : 1;
 }
 
 }  // namespace
 
-/// Names of rows are those to measure; all without.
-int main(int count, char** words) {
+int main() {
   _setmode(_fileno(stdout), _O_BINARY);
-  const std::optional<Options> options = parse(count, words);
-  if (!options) return 2;
-  try {
-    measure(*options);
-  } catch (const std::exception& error) {
-    std::fprintf(stderr, "%s\n", error.what());
-    return 2;
-  }
-  return bench::allLimitsKept() ? 0 : 1;
+  std::wstring drawings;
+  std::vector<Row> rows = allRows();
+  std::vector<wb::ProgramOption> options = {{L"--drawings", &drawings}};
+  for (Row& row : rows) options.push_back({row.name, &row.wanted});
+  return wb::runProgram("bench", usage, options, [&] { return measure(rows, drawings); });
 }

@@ -30,7 +30,7 @@ void readProperty(MSIHANDLE install, const wchar_t* name, wchar_t (&value)[size]
 }
 
 // Shows the message where the installation may show any, and puts it into the log.
-void tell(MSIHANDLE install, INSTALLMESSAGE kind, const Text& text) {
+void report(MSIHANDLE install, INSTALLMESSAGE kind, const Text& text) {
   const MSIHANDLE message = MsiCreateRecord(1);
   MsiRecordSetStringW(message, 0, L"[1]");
   MsiRecordSetStringW(message, 1, text.text());
@@ -47,11 +47,11 @@ UINT run(MSIHANDLE install, const wchar_t* failure, Operation operation) {
   LoadRecords records(productCode);
   const LSTATUS status = operation(records, file);
   if (status != ERROR_SUCCESS) {
-    tell(install, INSTALLMESSAGE_ERROR, Text(failure, L": ", Reason(status).text));
+    report(install, INSTALLMESSAGE_ERROR, Text(failure, L": ", Reason(status).text));
     return ERROR_INSTALL_FAILURE;
   }
   if (records.changed() != 0) {
-    tell(install, INSTALLMESSAGE_INFO,
+    report(install, INSTALLMESSAGE_INFO,
          Text(L"AutoCAD products whose load record was changed: ", records.changed()));
   }
   return ERROR_SUCCESS;
@@ -69,7 +69,7 @@ bool isInSystemFolder(const wchar_t* file) {
 extern "C" UINT WINAPI CheckRuntime(MSIHANDLE install) {
   for (const wchar_t* file : {L"vcruntime140.dll", L"msvcp140.dll", L"ucrtbase.dll"}) {
     if (isInSystemFolder(file)) continue;
-    tell(
+    report(
         install, INSTALLMESSAGE_ERROR,
         Text(L"TessaroAcad needs the Microsoft Visual C++ Redistributable (x64) of 2015 or later: ",
              file,
@@ -84,7 +84,7 @@ extern "C" UINT WINAPI EnterLoadRecord(MSIHANDLE install) {
              [&](LoadRecords& records, const wchar_t* file) {
                const LSTATUS status = records.enter(file);
                if (status == ERROR_SUCCESS && records.changed() == 0) {
-                 tell(install, INSTALLMESSAGE_WARNING,
+                 report(install, INSTALLMESSAGE_WARNING,
                       Text(L"There is no 64-bit AutoCAD 2008 or 2009 on this computer. Repair this "
                            L"installation when there is one."));
                }
