@@ -40,10 +40,7 @@ VARIANT makeValue(const CardValue& stored) {
   throw ClientFailure(changed);
 }
 
-class MappingPart : public Dual<VaultAttributeMapping, CardMapping> {
- public:
-  using Dual::Dual;
-
+struct MappingPart : Dual<VaultAttributeMapping, CardMapping> {
   STDMETHODIMP blockName(BSTR* result) override {
     return call().result(result, [&] { return state.block; });
   }
@@ -54,10 +51,7 @@ class MappingPart : public Dual<VaultAttributeMapping, CardMapping> {
 };
 
 /// A variable, as it was when the card was read.
-class VariablePart : public Dual<VaultCardVariable, CardVariable> {
- public:
-  using Dual::Dual;
-
+struct VariablePart : Dual<VaultCardVariable, CardVariable> {
   STDMETHODIMP valueForConfiguration(BSTR configuration, VARIANT* value) override {
     return call().with(L"configuration", configuration).result(value, [&] {
       const auto found = state.values.find(textOf(configuration));
@@ -79,10 +73,7 @@ class VariablePart : public Dual<VaultCardVariable, CardVariable> {
   }
 };
 
-class CardDataPart : public Dual<VaultCardData, VaultItem> {
- public:
-  using Dual::Dual;
-
+struct CardDataPart : Dual<VaultCardData, VaultItem> {
   STDMETHODIMP cardVariables(LONG folderId, LONG* count, VaultCardVariable*** variables) override {
     return call()
         .with(L"folder", folderId)

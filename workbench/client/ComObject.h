@@ -36,33 +36,27 @@ std::wstring clientFile();
 /// @return the result of `use`, or of the failed LoadTypeLibEx or GetTypeInfoOfGuid
 HRESULT withTypeInfo(REFIID iid, const std::function<HRESULT(ITypeInfo*)>& use);
 
-/// One interface of an object, with a copy of the object's state, for C++ callers only.
+/// One interface of an object, for C++ callers only.
 template <class Interface, class State>
-class Plain : public Interface {
- public:
+struct Plain : Interface {
   using Offered = Interface;
-  explicit Plain(const State& state) : state(state) {}
 
   /// Whether QueryInterface returns the interface now.
   bool isAvailable() const { return true; }
 
- protected:
   /// The call of the method in which this stands.
   static ClientCall call(std::string_view method = __builtin_FUNCTION()) {
     const InStandIn inside;
     return ClientCall(interfaceName<Interface>(), method);
   }
 
-  State state;
+  State state;  ///< a copy of the object's
 };
 
 /// One dual interface of an object: IDispatch is answered from the type library, so a call by name
 /// takes the same way as one through the table of virtual functions.
 template <class Interface, class State>
-class Dual : public Plain<Interface, State> {
- public:
-  using Plain<Interface, State>::Plain;
-
+struct Dual : Plain<Interface, State> {
   STDMETHODIMP GetTypeInfoCount(UINT* count) override {
     if (!count) return E_POINTER;
     *count = 1;
@@ -99,8 +93,9 @@ template <class... Parts>
 class ComObject final : public Parts..., public LiveObject {
  public:
   template <class State>
-  ComObject(std::wstring label, const State& state)
-      : Parts(state)..., LiveObject(std::move(label)) {}
+  ComObject(std::wstring label, const State& state) : LiveObject(std::move(label)) {
+    ((Parts::state = state), ...);
+  }
 
   STDMETHODIMP QueryInterface(REFIID iid, void** out) override {
     const InStandIn inside;

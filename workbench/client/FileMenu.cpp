@@ -90,10 +90,7 @@ HRESULT checkIn(HWND owner, const std::wstring& path) {
 }
 
 /// @see fileMenu; the state is the file's path
-class FileMenuPart : public Plain<IContextMenu, std::wstring> {
- public:
-  using Plain::Plain;
-
+struct FileMenuPart : Plain<IContextMenu, std::wstring> {
   STDMETHODIMP InvokeCommand(LPCMINVOKECOMMANDINFO command) override {
     if (!command || command->cbSize < sizeof(CMINVOKECOMMANDINFO)) return E_INVALIDARG;
     const std::wstring verb = verbOf(*command);

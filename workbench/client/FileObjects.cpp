@@ -13,10 +13,7 @@ namespace {
 constexpr long noVersion = -1;
 
 /// The versions that a file had when the list was asked for.
-class VersionListPart : public Dual<VaultVersionList, std::vector<StoredVersion>> {
- public:
-  using Dual::Dual;
-
+struct VersionListPart : Dual<VaultVersionList, std::vector<StoredVersion>> {
   STDMETHODIMP firstPosition(VaultPosition** position) override {
     return call().result(position, [&] { return wb::firstPosition(this, state.size()); });
   }
@@ -42,11 +39,7 @@ class VersionListPart : public Dual<VaultVersionList, std::vector<StoredVersion>
 
 /// What both generations of a file are made of.
 template <class Interface>
-class FileBase : public Dual<Interface, VaultItem> {
- public:
-  using Dual<Interface, VaultItem>::Dual;
-
- protected:
+struct FileBase : Dual<Interface, VaultItem> {
   const std::wstring& path() const { return this->state.path; }
   const StoredFile& file() const { return storedFile(path()); }
   long folderId() const { return store().folderIdOf(path()); }
@@ -59,10 +52,7 @@ class FileBase : public Dual<Interface, VaultItem> {
   }
 };
 
-class FilePart : public FileBase<VaultFile> {
- public:
-  using FileBase::FileBase;
-
+struct FilePart : FileBase<VaultFile> {
   STDMETHODIMP getLocalCopy(LONG parentWindow, LONG reserved, VARIANT path, LONG flag,
                             BSTR* localPath) override {
     return call()
@@ -130,10 +120,7 @@ class FilePart : public FileBase<VaultFile> {
   }
 };
 
-class LegacyFilePart : public FileBase<VaultFileLegacy> {
- public:
-  using FileBase::FileBase;
-
+struct LegacyFilePart : FileBase<VaultFileLegacy> {
   STDMETHODIMP name(BSTR* result) override {
     return call().result(result, [&] { return file().name(); });
   }

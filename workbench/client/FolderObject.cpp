@@ -58,21 +58,13 @@ std::wstring vaultPath(const std::wstring& folder, LPCITEMIDLIST item) {
   return path;
 }
 
-class LegacyFolderPart : public Dual<VaultFolderLegacy, VaultItem> {
- public:
-  using Dual::Dual;
-
+struct LegacyFolderPart : Dual<VaultFolderLegacy, VaultItem> {
   STDMETHODIMP id(LONG* result) override {
     return call().result(result, [&] { return state.id; });
   }
-
-  long folderId() const { return state.id; }
 };
 
-class FolderActionsPart : public Dual<VaultFolderActions, VaultItem> {
- public:
-  using Dual::Dual;
-
+struct FolderActionsPart : Dual<VaultFolderActions, VaultItem> {
   STDMETHODIMP getVersion(LONG reserved, PCUIDLIST_RELATIVE item, LONG version) override {
     return call()
         .with(L"reserved", reserved)
@@ -89,10 +81,7 @@ class FolderActionsPart : public Dual<VaultFolderActions, VaultItem> {
 
 /// The folder in the shell: as much of it as leads from a file's name to the file's verbs. What a
 /// folder view would need besides returns E_NOTIMPL.
-class ShellFolderPart : public Plain<IShellFolder, VaultItem> {
- public:
-  using Plain::Plain;
-
+struct ShellFolderPart : Plain<IShellFolder, VaultItem> {
   STDMETHODIMP ParseDisplayName(HWND, IBindCtx*, LPWSTR name, ULONG* eaten, LPITEMIDLIST* item,
                                 ULONG* attributes) override {
     return call().with(L"name", name).result(item, [&] {
@@ -155,7 +144,7 @@ template Owned<VaultFolderLegacy> folderObject(const std::wstring& path);
 long folderIdOf(VaultFolderLegacy* folder) {
   const auto part = dynamic_cast<LegacyFolderPart*>(folder);
   if (!part) throw ClientFailure(E_INVALIDARG);
-  return part->folderId();
+  return part->state.id;
 }
 
 }  // namespace wb

@@ -63,9 +63,7 @@ const StoredFile* fileOf(const ClientSession& session, const std::wstring& path)
 
 /// The operations that both generations of the main interface have.
 template <class Interface, class Folder, class File>
-class MainBase : public Dual<Interface, SharedSession> {
- public:
-  using Dual<Interface, SharedSession>::Dual;
+struct MainBase : Dual<Interface, SharedSession> {
   using Dual<Interface, SharedSession>::call;
 
   STDMETHODIMP login(BSTR vaultName, LONG parentWindow) override {
@@ -98,23 +96,16 @@ class MainBase : public Dual<Interface, SharedSession> {
     });
   }
 
- protected:
   ClientSession& session() const { return *this->state; }
 };
 
-class ClientPart : public MainBase<VaultClient, VaultFolder, VaultFile> {
- public:
-  using MainBase::MainBase;
-
+struct ClientPart : MainBase<VaultClient, VaultFolder, VaultFile> {
   STDMETHODIMP rootFolderPath(BSTR* path) override {
     return call().result(path, [&] { return session().vault().root + L"\\"; });
   }
 };
 
-class LegacyClientPart : public MainBase<VaultClientLegacy, VaultFolderLegacy, VaultFileLegacy> {
- public:
-  using MainBase::MainBase;
-
+struct LegacyClientPart : MainBase<VaultClientLegacy, VaultFolderLegacy, VaultFileLegacy> {
   STDMETHODIMP clientVersion(LONG* major, LONG* minor) override {
     return call().out(major, L"major").out(minor, L"minor").run([&] {
       *major = clientCondition().major;
@@ -123,10 +114,7 @@ class LegacyClientPart : public MainBase<VaultClientLegacy, VaultFolderLegacy, V
   }
 };
 
-class RootFolderPart : public Dual<VaultRootFolderAccess, SharedSession> {
- public:
-  using Dual::Dual;
-
+struct RootFolderPart : Dual<VaultRootFolderAccess, SharedSession> {
   STDMETHODIMP rootFolder(VaultObject** folder) override {
     return call().result(folder, [&] {
       return namedObject(L"root folder",
@@ -135,19 +123,13 @@ class RootFolderPart : public Dual<VaultRootFolderAccess, SharedSession> {
   }
 };
 
-class GatePart : public Dual<VaultGate, SharedSession> {
- public:
-  using Dual::Dual;
-
+struct GatePart : Dual<VaultGate, SharedSession> {
   STDMETHODIMP presentCode(LONG code) override {
     return call().with(L"code", code).run([&] { state->presentCode(code); });
   }
 };
 
-class QueryPart : public Dual<VaultQuery, SharedSession> {
- public:
-  using Dual::Dual;
-
+struct QueryPart : Dual<VaultQuery, SharedSession> {
   bool isAvailable() const { return state->isGateOpen(); }
 
   STDMETHODIMP execute(BSTR statements, IUnknown** result) override {
@@ -158,10 +140,7 @@ class QueryPart : public Dual<VaultQuery, SharedSession> {
 };
 
 /// Only a query has more to say about a failure than its code.
-class QueryErrorsPart : public Plain<ISupportErrorInfo, SharedSession> {
- public:
-  using Plain::Plain;
-
+struct QueryErrorsPart : Plain<ISupportErrorInfo, SharedSession> {
   STDMETHODIMP InterfaceSupportsErrorInfo(REFIID iid) override {
     return iid == __uuidof(VaultQuery) ? S_OK : S_FALSE;
   }

@@ -11,20 +11,15 @@ namespace {
 
 /// A cursor over a list of known length.
 struct Cursor {
-  const void* list;  ///< the one that it was made for
-  size_t count;
+  const void* list = nullptr;  ///< the one that it was made for
+  size_t count = 0;
   size_t index = 0;
 };
 
-class PositionPart : public Dual<VaultPosition, Cursor> {
- public:
-  using Dual::Dual;
-
+struct PositionPart : Dual<VaultPosition, Cursor> {
   STDMETHODIMP isNull(LONG* result) override {
     return call().result(result, [&] { return state.index >= state.count ? 1 : 0; });
   }
-
-  Cursor& cursor() { return state; }
 };
 
 FILETIME fileTimeOf(std::uint64_t value) {
@@ -72,8 +67,8 @@ Owned<VaultPosition> firstPosition(const void* list, size_t count) {
 
 size_t advance(VaultPosition* position, const void* list) {
   const auto part = dynamic_cast<PositionPart*>(position);
-  if (!part || part->cursor().list != list) throw ClientFailure(E_INVALIDARG);
-  Cursor& cursor = part->cursor();
+  if (!part || part->state.list != list) throw ClientFailure(E_INVALIDARG);
+  Cursor& cursor = part->state;
   if (cursor.index >= cursor.count) throw ClientFailure(E_QVT_END_OF_LIST);
   return cursor.index++;
 }

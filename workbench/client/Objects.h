@@ -72,9 +72,7 @@ Owned<VaultObject> namedObject(const std::wstring& kind, const VaultItem& item);
 Owned<VaultObject> namedObject(const std::wstring& kind, const std::wstring& name);
 
 /// VaultObject of whatever a vault holds, as a part of a larger object.
-class NamedPart : public Dual<VaultObject, VaultItem> {
- public:
-  using Dual::Dual;
+struct NamedPart : Dual<VaultObject, VaultItem> {
   STDMETHODIMP id(LONG* result) override;
   STDMETHODIMP name(BSTR* result) override;
 };

@@ -72,10 +72,7 @@ struct ResultSets {
   size_t setWithRows = 0;  ///< the last but one
 };
 
-class RowListPart : public Plain<VaultRowList, ResultSets> {
- public:
-  using Plain::Plain;
-
+struct RowListPart : Plain<VaultRowList, ResultSets> {
   STDMETHODIMP fetchRow(VARIANT_BOOL* hasRow) override {
     return call().out(hasRow).run([&] {
       if (set > lastSet()) throw ClientFailure(E_QVT_END_OF_LIST);

@@ -2,10 +2,10 @@
 
 #include <windows.h>
 
-#include <charconv>
 #include <fstream>
 #include <map>
 #include <optional>
+#include <regex>
 #include <sstream>
 #include <stdexcept>
 
@@ -27,15 +27,10 @@ namespace {
 class TextTable {
  public:
   /// @throws std::runtime_error, which names the line, for one of another form
-  explicit TextTable(std::string utf8) {
-    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-    if (utf8.compare(0, byteOrderMark.size(), byteOrderMark) == 0) {
-      utf8.erase(0, byteOrderMark.size());
-    }
-    std::istringstream lines(utf8);
-    std::string line;
-    for (int number = 1; std::getline(lines, line); ++number) {
-      if (!line.empty() && line.back() == '\r') line.pop_back();
+  explicit TextTable(std::string_view utf8) {
+    int number = 0;
+    for (const std::string& line : linesOf(utf8)) {
+      ++number;
       if (line.empty() || line.front() == '#' || add(line)) continue;
       throw std::runtime_error("line " + std::to_string(number) +
                                " isn't of the form section;key;number=text");
@@ -58,17 +53,12 @@ class TextTable {
 
  private:
   /// Whether the line has the right form.
-  bool add(std::string_view line) {
-    const size_t key = line.find(';');
-    const size_t number = key == std::string_view::npos ? key : line.find(';', key + 1);
-    const size_t text = number == std::string_view::npos ? number : line.find('=', number + 1);
-    if (text == std::string_view::npos) return false;
-    long value = 0;
-    const char* const end = line.data() + text;
-    const auto read = std::from_chars(line.data() + number + 1, end, value);
-    if (read.ec != std::errc() || read.ptr != end) return false;
-    texts[fromUtf8(line.substr(0, number + 1)) + std::to_wstring(value)] =
-        unescaped(fromUtf8(line.substr(text + 1)));
+  bool add(const std::string& line) {
+    static const std::regex form("([^;]*;[^;]*;)(-?[0-9]{1,9})=(.*)");
+    std::smatch parts;
+    if (!std::regex_match(line, parts, form)) return false;
+    texts[fromUtf8(parts.str(1)) + std::to_wstring(std::stol(parts.str(2)))] =
+        unescaped(fromUtf8(parts.str(3)));
     return true;
   }
 
@@ -92,7 +82,7 @@ const TextTable& englishTexts() {
     const HGLOBAL loaded = found ? LoadResource(module, found) : nullptr;
     const auto text = static_cast<const char*>(loaded ? LockResource(loaded) : nullptr);
     if (!text) throw std::runtime_error("the client's file lacks its English texts");
-    return TextTable(std::string(text, SizeofResource(module, found)));
+    return TextTable({text, SizeofResource(module, found)});
   }();
   return table;
 }
@@ -123,11 +113,16 @@ bool hasSection(const std::wstring& section) {
   return (language && language->hasSection(section)) || englishTexts().hasSection(section);
 }
 
-/// The texts of a product's module, or of a section of the client; which one is the state.
-class TextServicePart : public Dual<VaultTextService, std::optional<std::wstring>> {
- public:
-  using Dual::Dual;
+/// The numbers of the texts for result codes, from a list of names and numbers.
+std::map<std::wstring, long> textNumbers(const wchar_t* list) {
+  std::map<std::wstring, long> numbers;
+  std::wistringstream stream(list);
+  for (std::wstring name; stream >> name;) stream >> numbers[name];
+  return numbers;
+}
 
+/// The texts of a product's module, or of a section of the client; which one is the state.
+struct TextServicePart : Dual<VaultTextService, std::optional<std::wstring>> {
   STDMETHODIMP text(LONG number, BSTR* result) override {
     return call().with(L"number", number).result(result, [&] {
       const auto found = findText(section(), L"", number);
@@ -169,43 +164,25 @@ Owned<VaultTextService> textService() {
 }
 
 std::wstring errorText(HRESULT code) {
-  static const std::map<std::wstring, long> generalTexts = {{L"S_OK", 0},
-                                                            {L"S_FALSE", 1},
-                                                            {L"E_QVT_LOGIN_FAILED", 2},
-                                                            {L"E_QVT_NOT_INITIALIZED", 3},
-                                                            {L"E_QVT_PERMISSION_DENIED", 5},
-                                                            {L"E_QVT_NOT_LOGGED_IN", 6},
-                                                            {L"E_QVT_CANT_OPEN_DATABASE", 8},
-                                                            {L"E_QVT_END_OF_LIST", 10},
-                                                            {L"E_QVT_RCE_ERROR", 11},
-                                                            {L"E_QVT_LOCKED", 12},
-                                                            {L"E_QVT_FILE_SHARE_ERROR", 13},
-                                                            {L"E_QVT_NAME_ALREADY_EXISTS", 17},
-                                                            {L"E_QVT_FILE_NOT_LOCKED_BY_YOU", 18},
-                                                            {L"E_QVT_FILE_IS_LOCKED", 19},
-                                                            {L"E_QVT_LOCKED_BY_ANOTHER_USER", 20},
-                                                            {L"E_QVT_FILE_NOT_FOUND", 21},
-                                                            {L"E_QVT_FOLDER_NOT_FOUND", 22},
-                                                            {L"E_QVT_LOCKED_ON_OTHER_COMPUTER", 23},
-                                                            {L"E_QVT_KEY_NOT_FOUND", 30},
-                                                            {L"E_POINTER", 32},
-                                                            {L"E_OUTOFMEMORY", 33},
-                                                            {L"E_INVALIDARG", 34},
-                                                            {L"E_QVT_CANCELLED_BY_USER", 40},
-                                                            {L"E_QVT_VERSION_MISMATCH", 47},
-                                                            {L"E_NOTIMPL", 64},
-                                                            {L"E_FAIL", 66},
-                                                            {L"E_UNEXPECTED", 66}};
-  static const std::map<std::wstring, long> databaseTexts = {{L"E_QVT_SERVER_NOT_FOUND", 207},
-                                                             {L"E_QVT_DATASOURCE_NOT_FOUND", 209}};
+  static const auto general = textNumbers(
+      L"S_OK 0 S_FALSE 1 E_QVT_LOGIN_FAILED 2 E_QVT_NOT_INITIALIZED 3 E_QVT_PERMISSION_DENIED 5 "
+      L"E_QVT_NOT_LOGGED_IN 6 E_QVT_CANT_OPEN_DATABASE 8 E_QVT_END_OF_LIST 10 E_QVT_RCE_ERROR 11 "
+      L"E_QVT_LOCKED 12 E_QVT_FILE_SHARE_ERROR 13 E_QVT_NAME_ALREADY_EXISTS 17 "
+      L"E_QVT_FILE_NOT_LOCKED_BY_YOU 18 E_QVT_FILE_IS_LOCKED 19 E_QVT_LOCKED_BY_ANOTHER_USER 20 "
+      L"E_QVT_FILE_NOT_FOUND 21 E_QVT_FOLDER_NOT_FOUND 22 E_QVT_LOCKED_ON_OTHER_COMPUTER 23 "
+      L"E_QVT_KEY_NOT_FOUND 30 E_POINTER 32 E_OUTOFMEMORY 33 E_INVALIDARG 34 "
+      L"E_QVT_CANCELLED_BY_USER 40 E_QVT_VERSION_MISMATCH 47 E_NOTIMPL 64 E_FAIL 66 "
+      L"E_UNEXPECTED 66");
+  static const auto ofDatabase =
+      textNumbers(L"E_QVT_SERVER_NOT_FOUND 207 E_QVT_DATASOURCE_NOT_FOUND 209");
   const std::wstring name = resultName(code);
-  const auto general = generalTexts.find(name);
-  if (general != generalTexts.end()) {
-    return findText(L"QvtInterface", L"ErrorCodes", general->second).value_or(L"");
+  std::optional<std::wstring> text;
+  if (const auto found = general.find(name); found != general.end()) {
+    text = findText(L"QvtInterface", L"ErrorCodes", found->second);
+  } else if (const auto other = ofDatabase.find(name); other != ofDatabase.end()) {
+    text = findText(L"Database", L"Error Messages", other->second);
   }
-  const auto ofDatabase = databaseTexts.find(name);
-  if (ofDatabase == databaseTexts.end()) return {};
-  return findText(L"Database", L"Error Messages", ofDatabase->second).value_or(L"");
+  return text.value_or(L"");
 }
 
 }  // namespace wb

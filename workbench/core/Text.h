@@ -4,12 +4,16 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace wb {
 
 /// Wide text as UTF-8 and back; what isn't valid comes out as the replacement character.
 std::string toUtf8(std::wstring_view text);
 std::wstring fromUtf8(std::string_view text);
+
+/// The lines of a UTF-8 text with any line ends, with or without a byte order mark.
+std::vector<std::string> linesOf(std::string_view utf8);
 
 /// Compares names and paths as Windows' file systems do: by their characters, ignoring case, and by
 /// no language's rules.

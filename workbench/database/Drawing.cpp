@@ -47,7 +47,7 @@ Drawing::~Drawing() {
 std::unique_ptr<Drawing> Drawing::load(const std::filesystem::path& path) {
   // Whoever has the file open for writing lets others read it, or nobody can open it.
   std::unique_ptr<Drawing> drawing(
-      new Drawing(readAll(openToRead(path, FILE_SHARE_READ | FILE_SHARE_WRITE).get())));
+      new Drawing(readAll(*openToRead(path, FILE_SHARE_READ | FILE_SHARE_WRITE))));
   drawing->path_ = path;
   drawing->xrefs_->loadAll();
   return drawing;

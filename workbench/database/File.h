@@ -8,14 +8,9 @@
 #include <string>
 
 #include "gate/HostError.h"
+#include "store/Files.h"
 
 namespace wb {
-
-struct HandleCloser {
-  using pointer = HANDLE;
-  void operator()(HANDLE handle) const { CloseHandle(handle); }
-};
-using OpenFile = std::unique_ptr<HANDLE, HandleCloser>;
 
 /// Windows refuses something about a file.
 class FileError : public HostError {
@@ -26,11 +21,11 @@ class FileError : public HostError {
 
 /// Opens a file for reading, with the others' rights as in CreateFileW.
 /// @throws FileError
-OpenFile openToRead(const std::filesystem::path& path, DWORD share);
+std::unique_ptr<FileHandle> openToRead(const std::filesystem::path& path, DWORD share);
 
 /// Reads all of a file, from its begin.
 /// @throws FileError
-std::string readAll(HANDLE file);
+std::string readAll(FileHandle& file);
 
 /// Replaces a file by `bytes`: written beside it, to the disk, read back and judged, and then
 /// renamed.

@@ -33,7 +33,7 @@ bool leadsTo(const Xrefs::Xref& from, const Xrefs::Xref& to, bool throughLoaded)
 
 /// The host lets others read a loaded xref, not write it. One that somebody has open for writing is
 /// read and not held: it can be saved while it is in use.
-OpenFile openShared(const path& file, bool& held) {
+std::unique_ptr<FileHandle> openShared(const path& file, bool& held) {
   try {
     held = true;
     return openToRead(file, FILE_SHARE_READ);
@@ -108,7 +108,7 @@ void Xrefs::read(Xref& xref) {
   for (const path& place :
        {(absolute ? stored : xref.folder / stored).lexically_normal(),
         xref.folder / stored.filename(), drawing.path().parent_path() / stored.filename()}) {
-    OpenFile file;
+    std::unique_ptr<FileHandle> file;
     bool held = false;
     try {
       file = openShared(place, held);
@@ -117,7 +117,7 @@ void Xrefs::read(Xref& xref) {
       continue;
     }
     xref.path = place;
-    xref.content = std::make_unique<DxfFile>(readAll(file.get()));
+    xref.content = std::make_unique<DxfFile>(readAll(*file));
     if (sameName(place.wstring(), drawing.path().wstring())) {
       throw HostError(L"it is the drawing itself");
     }

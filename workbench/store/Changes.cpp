@@ -41,16 +41,13 @@ bool Store::isHeldByUsHere(const StoredFile& file) {
 
 void Store::requireHeldHere(const std::wstring& path) {
   const StoredFile& file = fileFor(path);
-  if (!file.holder) throw StoreError(E_QVT_FILE_NOT_LOCKED_BY_YOU, path + L" isn't checked out");
-  if (!sameName(file.holder->user, thisUser())) {
-    throw StoreError(E_QVT_LOCKED_BY_ANOTHER_USER, path + L" isn't checked out by you");
-  }
-  if (!sameName(file.holder->computer, thisComputer())) {
-    throw StoreError(E_QVT_LOCKED_ON_OTHER_COMPUTER, path + L" is checked out elsewhere");
-  }
-  if (!isHeldHere(path, file)) {
-    throw StoreError(E_QVT_LOCKED_IN_OTHER_FOLDER, path + L" is checked out in another folder");
-  }
+  require(file.holder.has_value(), E_QVT_FILE_NOT_LOCKED_BY_YOU, path + L" isn't checked out");
+  require(sameName(file.holder->user, thisUser()), E_QVT_LOCKED_BY_ANOTHER_USER,
+          path + L" isn't checked out by you");
+  require(sameName(file.holder->computer, thisComputer()), E_QVT_LOCKED_ON_OTHER_COMPUTER,
+          path + L" is checked out elsewhere");
+  require(isHeldHere(path, file), E_QVT_LOCKED_IN_OTHER_FOLDER,
+          path + L" is checked out in another folder");
 }
 
 namespace {

@@ -23,32 +23,26 @@ HRESULT codeOf(DWORD error) {
       return E_QVT_DISK_FULL;
     case ERROR_INVALID_NAME:
       return E_QVT_INVALID_NAME;
+    case ERROR_FILE_TOO_LARGE:
+      return E_QVT_INVALID_FILE;
     default:
       return E_QVT_IO_ERROR;
   }
 }
 
-/// Does something at the end of the scope, be it left by an exception.
-template <class Step>
-class AtEnd {
- public:
-  explicit AtEnd(Step step) : step(std::move(step)) {}
-  AtEnd(const AtEnd&) = delete;
-  AtEnd& operator=(const AtEnd&) = delete;
-  ~AtEnd() { step(); }
-
- private:
-  const Step step;
-};
-
 [[noreturn]] void raise(const std::filesystem::path& file, DWORD error = GetLastError()) {
-  throw StoreError(codeOf(error), file.wstring() + L": Windows error " + std::to_wstring(error));
+  throw StoreError(codeOf(error), file.wstring() + L": Windows error " + std::to_wstring(error),
+                   error);
 }
 
 }  // namespace
 
-StoreError::StoreError(HRESULT code, const std::wstring& what)
-    : std::runtime_error(toUtf8(what)), result(code) {}
+StoreError::StoreError(HRESULT code, const std::wstring& what, DWORD windowsError)
+    : std::runtime_error(toUtf8(what)), result(code), error(windowsError) {}
+
+void require(bool holds, HRESULT code, const std::wstring& otherwise) {
+  if (!holds) throw StoreError(code, otherwise);
+}
 
 bool isFullPath(std::wstring_view path) {
   return (path.size() > 2 && path[1] == L':' && path[2] == L'\\') || path.substr(0, 2) == L"\\\\";
@@ -88,10 +82,10 @@ FileHandle::FileHandle(const std::filesystem::path& file, DWORD access, DWORD sh
 
 std::string FileHandle::read() {
   LARGE_INTEGER size;
-  if (!GetFileSizeEx(handle, &size)) raise(file);
-  if (size.QuadPart > MAXLONG) {
-    throw StoreError(E_QVT_INVALID_FILE, file.wstring() + L" is larger than 2 GB");
+  if (!SetFilePointerEx(handle, {}, nullptr, FILE_BEGIN) || !GetFileSizeEx(handle, &size)) {
+    raise(file);
   }
+  if (size.QuadPart > MAXDWORD) raise(file, ERROR_FILE_TOO_LARGE);
   std::string bytes(static_cast<size_t>(size.QuadPart), '\0');
   DWORD done = 0;
   if (!ReadFile(handle, bytes.data(), static_cast<DWORD>(bytes.size()), &done, nullptr)) {
@@ -102,6 +96,7 @@ std::string FileHandle::read() {
 }
 
 void FileHandle::write(const std::string& bytes) {
+  if (bytes.size() > MAXDWORD) raise(file, ERROR_FILE_TOO_LARGE);
   DWORD done = 0;
   if (!WriteFile(handle, bytes.data(), static_cast<DWORD>(bytes.size()), &done, nullptr)) {
     raise(file);
@@ -131,16 +126,27 @@ std::string readFile(const std::filesystem::path& file) {
   return FileHandle(file, GENERIC_READ, FILE_SHARE_READ, OPEN_EXISTING).read();
 }
 
-void replaceFile(const std::filesystem::path& file, const std::string& bytes) {
-  const std::filesystem::path fresh = file.wstring() + L".new";
-  FileHandle(fresh, GENERIC_WRITE, 0, CREATE_ALWAYS).write(bytes);
-  if (MoveFileExW(fresh.c_str(), file.c_str(),
-                  MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
-    return;
+void replaceFile(const std::filesystem::path& file, const std::filesystem::path& fresh,
+                 const std::function<void(FileHandle& fresh)>& write) {
+  try {
+    {
+      FileHandle handle(fresh, GENERIC_READ | GENERIC_WRITE, 0, CREATE_ALWAYS);
+      write(handle);
+    }
+    if (!MoveFileExW(fresh.c_str(), file.c_str(),
+                     MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
+      raise(file);
+    }
+  } catch (...) {
+    // It may be read-only already.
+    SetFileAttributesW(fresh.c_str(), FILE_ATTRIBUTE_NORMAL);
+    DeleteFileW(fresh.c_str());
+    throw;
   }
-  const DWORD error = GetLastError();
-  DeleteFileW(fresh.c_str());
-  raise(file, error);
+}
+
+void replaceFile(const std::filesystem::path& file, const std::string& bytes) {
+  replaceFile(file, file.wstring() + L".new", [&](FileHandle& fresh) { fresh.write(bytes); });
 }
 
 void replaceLocalFile(const std::filesystem::path& file, const std::filesystem::path& incoming,
@@ -148,33 +154,23 @@ void replaceLocalFile(const std::filesystem::path& file, const std::filesystem::
   makeFolder(file.parent_path());
   makeFolder(incoming);
   SetFileAttributesW(incoming.c_str(), FILE_ATTRIBUTE_HIDDEN);
-  const std::filesystem::path fresh = incoming / L"new";
-  const AtEnd removeIncoming([&] {
-    // What a failed write has left may be read-only already.
-    SetFileAttributesW(fresh.c_str(), FILE_ATTRIBUTE_NORMAL);
-    DeleteFileW(fresh.c_str());
-    RemoveDirectoryW(incoming.c_str());
-  });
-  {
-    FileHandle handle(fresh, GENERIC_WRITE, 0, CREATE_ALWAYS);
-    handle.write(bytes);
-    handle.setDateAndAttribute(date, readOnly);
-  }
-  // MoveFileExW replaces a writable file only.
   const bool wasReadOnly = isReadOnly(file);
-  if (wasReadOnly) setReadOnly(file, false);
   try {
-    // A rename may succeed under somebody's open handle; who has it open would go on with the old
-    // content, so it isn't tried then.
-    if (writeTime(file) != 0) FileHandle(file, GENERIC_READ | GENERIC_WRITE, 0, OPEN_EXISTING);
-    if (!MoveFileExW(fresh.c_str(), file.c_str(),
-                     MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
-      raise(file);
-    }
+    replaceFile(file, incoming / L"new", [&](FileHandle& fresh) {
+      fresh.write(bytes);
+      fresh.setDateAndAttribute(date, readOnly);
+      // MoveFileExW replaces a writable file only.
+      if (wasReadOnly) setReadOnly(file, false);
+      // A rename may succeed under somebody's open handle; who has it open would go on with the old
+      // content, so it isn't tried then.
+      if (writeTime(file) != 0) FileHandle(file, GENERIC_READ | GENERIC_WRITE, 0, OPEN_EXISTING);
+    });
   } catch (...) {
     if (wasReadOnly) SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_READONLY);
+    RemoveDirectoryW(incoming.c_str());
     throw;
   }
+  RemoveDirectoryW(incoming.c_str());
 }
 
 void setReadOnly(const std::filesystem::path& file, bool readOnly) {

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -13,13 +14,19 @@ namespace wb {
 /// An operation of the store that was refused; nothing has changed.
 class StoreError : public std::runtime_error {
  public:
-  StoreError(HRESULT code, const std::wstring& what);
+  StoreError(HRESULT code, const std::wstring& what, DWORD windowsError = 0);
   /// The code that the client returns.
   HRESULT code() const { return result; }
+  /// What Windows refused about a file; 0 for another failure.
+  DWORD windowsError() const { return error; }
 
  private:
   HRESULT result;
+  DWORD error;
 };
+
+/// @throws StoreError unless `holds`
+void require(bool holds, HRESULT code, const std::wstring& otherwise);
 
 /// Whether a path with backslashes begins at a drive's root or at a share.
 bool isFullPath(std::wstring_view path);
@@ -45,6 +52,7 @@ class FileHandle {
   FileHandle& operator=(const FileHandle&) = delete;
   ~FileHandle() { CloseHandle(handle); }
 
+  /// The whole content.
   std::string read();
   /// Writes and flushes to the disk.
   void write(const std::string& bytes);
@@ -63,8 +71,13 @@ void makeFolder(const std::filesystem::path& folder);
 /// Reads a whole file, which nobody may have open for writing. Raises as FileHandle does.
 std::string readFile(const std::filesystem::path& file);
 
-/// Puts `bytes` in place of a file in one step: written beside it under `name.new`, flushed, moved
-/// over it. Raises as FileHandle does.
+/// Puts a new file in place of another in one step: it is written, and moved over the other one.
+/// Raises as FileHandle does; the old file is as it was then, and the new one is deleted.
+/// @param fresh path of the new file, on the same volume
+void replaceFile(const std::filesystem::path& file, const std::filesystem::path& fresh,
+                 const std::function<void(FileHandle& fresh)>& write);
+
+/// The same with a content; the new file is written as `name.new` beside the other.
 void replaceFile(const std::filesystem::path& file, const std::string& bytes);
 
 /// The same for a user's local file, which may be read-only; its date and attribute change in the

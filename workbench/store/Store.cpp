@@ -61,15 +61,11 @@ Store& store() { return sessionPart<Store>(); }
 
 void Store::createVault(const std::wstring& name, const std::wstring& root) {
   // The name is also that of a key of the registry.
-  if (name.empty() || name.find_first_of(L"\\/:*?\"<>|") != std::wstring::npos) {
-    throw StoreError(E_QVT_INVALID_VAULT_NAME, L"a vault can't be called \"" + name + L"\"");
-  }
-  if (vaultNamed(name)) {
-    throw StoreError(E_QVT_NAME_ALREADY_EXISTS, L"there is a vault " + name + L" already");
-  }
-  if (!isFullPath(plainPath(root))) {
-    throw StoreError(E_QVT_INVALID_NAME, L"\"" + root + L"\" is no full path of a folder");
-  }
+  require(!name.empty() && name.find_first_of(L"\\/:*?\"<>|") == std::wstring::npos,
+          E_QVT_INVALID_VAULT_NAME, L"a vault can't be called \"" + name + L"\"");
+  require(!vaultNamed(name), E_QVT_NAME_ALREADY_EXISTS, L"there is a vault " + name + L" already");
+  require(isFullPath(plainPath(root)), E_QVT_INVALID_NAME,
+          L"\"" + root + L"\" is no full path of a folder");
   StoredVault vault;
   vault.name = name;
   vault.root = plainFolder(root);
