@@ -92,10 +92,10 @@ Acad::ErrorStatus acedGetCurDwgXrefGraph(AcDbXrefGraph& graph, Adesk::Boolean in
   });
 }
 
-Acad::ErrorStatus acedXrefUnload(const ACHAR* XrefBlockname, const bool, AcDbDatabase* pHostDb) {
-  return changeXref(THIS_FUNCTION, &wb::Xrefs::unload, XrefBlockname, pHostDb);
+Acad::ErrorStatus acedXrefUnload(const ACHAR* blockName, const bool, AcDbDatabase* pHostDb) {
+  return changeXref(THIS_FUNCTION, &wb::Xrefs::unload, blockName, pHostDb);
 }
 
-Acad::ErrorStatus acedXrefReload(const ACHAR* XrefBlockname, const bool, AcDbDatabase* pHostDb) {
-  return changeXref(THIS_FUNCTION, &wb::Xrefs::reload, XrefBlockname, pHostDb);
+Acad::ErrorStatus acedXrefReload(const ACHAR* blockName, const bool, AcDbDatabase* pHostDb) {
+  return changeXref(THIS_FUNCTION, &wb::Xrefs::reload, blockName, pHostDb);
 }
