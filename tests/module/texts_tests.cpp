@@ -75,7 +75,7 @@ class AllTexts : public XrefSession {
     for (const int control : {IDC_XREFS_LATEST, IDC_CHECKED_OUT_HERE, IDC_VERSION}) {
       wchar_t text[100] = L"";
       GetDlgItemTextW(window, control, text, 100);
-      wb::note(L"window", text);
+      wb::recordDetail(L"window", text);
     }
     run("@window\n@answer ok\nTessaro_lock\n@new\nTessaro_uninstall\nTessaro_install\n"
         "Tessaro_uninstall\n@answer cancel\nTessaro_settings\n@close\n");

@@ -35,11 +35,11 @@ TEST_F(Accounts, StringsAndTaskMemoryAreBackWhenTheirReceiverFreesThem) {
   BSTR grown = SysAllocString(L"grown");
   const BSTR lost = SysAllocString(L"lost");
   void* array = CoTaskMemAlloc(64);
-  wb::handOutMemory(freed, L"string", L"freed");
-  wb::handOutMemory(grown, L"string", L"grown");
-  wb::handOutMemory(lost, L"string", L"lost");
-  wb::handOutMemory(array, L"memory", L"array");
-  wb::handOutMemory(nullptr, L"string", L"null");
+  wb::trackMemory(freed, L"string", L"freed");
+  wb::trackMemory(grown, L"string", L"grown");
+  wb::trackMemory(lost, L"string", L"lost");
+  wb::trackMemory(array, L"memory", L"array");
+  wb::trackMemory(nullptr, L"string", L"null");
   EXPECT_EQ(L"string:freed string:grown string:lost memory:array ", labelsSince(since));
 
   SysFreeString(freed);
@@ -54,13 +54,13 @@ TEST_F(Accounts, StringsAndTaskMemoryAreBackWhenTheirReceiverFreesThem) {
 
 TEST_F(Accounts, WhatIsKeptStaysOutstandingUntilItIsBack) {
   const wb::Ticket since = wb::nextTicket();
-  const wb::Ticket service = wb::handOut(L"com", L"service");
+  const wb::Ticket service = wb::trackResource(L"com", L"service");
   wb::keepBeyondCommand(service);
   const wb::Ticket command = wb::nextTicket();
-  wb::giveBack(wb::handOut(L"com", L"file"));
+  wb::releaseResource(wb::trackResource(L"com", L"file"));
   EXPECT_EQ(L"com:service(kept) ", labelsSince(since));
   EXPECT_EQ(L"", labelsSince(command));
-  wb::giveBack(service);
+  wb::releaseResource(service);
   EXPECT_EQ(L"", labelsSince(since));
 }
 
@@ -125,7 +125,7 @@ TEST_F(Faults, AnotherProgramWaitsForAFileAndGivesItBack) {
 class TranscriptTest : public testing::Test {
  protected:
   std::wstring told(const std::wstring& detail) {
-    wb::tell(wb::Event::file, detail);
+    wb::report(wb::Event::file, detail);
     return transcript.lines().back();
   }
   wb::SessionState session;
@@ -142,19 +142,19 @@ TEST_F(TranscriptTest, FoldersAreWrittenByTheLongestNameThatStandsThere) {
 }
 
 TEST_F(TranscriptTest, AnEventIsOneLineAndIsFoundSinceTheMarkOnly) {
-  wb::tell(wb::Event::box, L"first\r\nsecond");
+  wb::report(wb::Event::box, L"first\r\nsecond");
   EXPECT_EQ(std::vector<std::wstring>{L"box: first\\r\\nsecond"}, transcript.lines());
   EXPECT_EQ(L"\"a\\nb \\\"c\\\" \\e\\t\\r C:\\\"", wb::quoted(L"a\nb \"c\" \x1B\t\r C:\\"));
   transcript.mark();
   EXPECT_FALSE(transcript.holdsSinceMark(L"second"));
-  wb::tell(wb::Event::box, L"third");
+  wb::report(wb::Event::box, L"third");
   EXPECT_TRUE(transcript.holdsSinceMark(L"box: thi"));
 }
 
 TEST_F(TranscriptTest, OnlyErrorsAndLeaksFailARun) {
-  wb::tell(wb::Event::box, L"error: not one");
+  wb::report(wb::Event::box, L"error: not one");
   EXPECT_EQ(0u, transcript.problems());
-  wb::tell(wb::Event::leak, L"one string");
+  wb::report(wb::Event::leak, L"one string");
   EXPECT_EQ(1u, transcript.problems());
   transcript.clear();
   EXPECT_EQ(0u, transcript.problems());

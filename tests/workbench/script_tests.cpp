@@ -80,11 +80,11 @@ TEST(Script, WrongDirectivesEndTheScriptWithTheirLine) {
 
 TEST(Script, ExpectationsLookAtTheLinesSinceTheMark) {
   BareSession session;
-  wb::tell(wb::Event::doc, L"before \"the\" mark");
+  wb::report(wb::Event::doc, L"before \"the\" mark");
   EXPECT_TRUE(session.run("@expect before \"the\" mark\n@mark\n@expect-no before\n"));
   EXPECT_FALSE(session.run("@mark\n@expect before\n@nonsense\n"));
   EXPECT_EQ(L"error: line 2: expected since the mark: before", session.transcript().back());
-  wb::tell(wb::Event::doc, BareSession::options().workFolder + L"\\a.dxf");
+  wb::report(wb::Event::doc, BareSession::options().workFolder + L"\\a.dxf");
   EXPECT_TRUE(session.run("@expect %WORK%\\a.dxf\n"));
   EXPECT_FALSE(session.run("@expect-no doc: <work>\\a.dxf\n"));
 }
@@ -172,7 +172,7 @@ TEST(Session, WorkFolderIsEmptiedOfWriteProtectedFilesUnlessKept) {
 TEST(Session, WhatIsNotGivenBackIsALeakOfThatSessionAlone) {
   {
     BareSession session;
-    wb::handOut(L"thing", L"lost");
+    wb::trackResource(L"thing", L"lost");
     session.end();
     EXPECT_TRUE(session.told(L"leak: thing lost"));
   }

@@ -27,7 +27,7 @@ std::wstring textArgument(const void* argument) {
   const bool narrow = bytes[1] != 0;
   std::wstring text = narrow ? std::wstring(bytes, bytes + std::strlen(bytes))
                              : static_cast<const wchar_t*>(argument);
-  wb::note(L"argument", wb::quoted(text) + (narrow ? L" of 8 bits" : L" of 16 bits"));
+  wb::recordDetail(L"argument", wb::quoted(text) + (narrow ? L" of 8 bits" : L" of 16 bits"));
   return text;
 }
 
@@ -86,7 +86,7 @@ extern "C" {
 int acedPrompt(const ACHAR* text) {
   return HostCall(THIS_FUNCTION).run(RTERROR, [&] {
     if (!text) return RTERROR;
-    Host::instance().runner().say(text);
+    Host::instance().runner().print(text);
     return RTNORM;
   });
 }
@@ -96,12 +96,12 @@ int acedGetInt(const ACHAR* prompt, int* result) {
     if (!result) return RTERROR;
     wb::CommandRunner& runner = Host::instance().runner();
     for (;;) {
-      runner.say(prompt ? prompt : L"");
-      const auto token = runner.ask();
+      runner.print(prompt ? prompt : L"");
+      const auto token = runner.requestInput();
       if (!token) return RTCAN;
       if (token->empty()) return RTNONE;
       if (parseInteger(*token, *result)) return RTNORM;
-      runner.say(L"\nRequires an integer between -32768 and 32767.");
+      runner.print(L"\nRequires an integer between -32768 and 32767.");
     }
   });
 }
@@ -116,8 +116,8 @@ int acedCommand(int rtype, ...) {
     Host& host = Host::instance();
     wb::Document* document = host.documents().context();
     if (!document || document->gone()) {
-      wb::tell(wb::Event::command,
-               words.front() + L" refused: acedCommand outside a document's context");
+      wb::report(wb::Event::command,
+                 words.front() + L" refused: acedCommand outside a document's context");
       return RTERROR;
     }
     const std::wstring name = words.front();

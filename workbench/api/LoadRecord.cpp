@@ -56,8 +56,8 @@ class AcadAppInfoImp {
     set(L"LOADER", REG_SZ, file.c_str(), (file.size() + 1) * sizeof(wchar_t));
     set(L"LOADCTRLS", REG_DWORD, &reason, sizeof reason);
     if (status == ERROR_SUCCESS) {
-      wb::tell(wb::Event::reg,
-               L"load record " + name + L" = " + file + L", reason " + std::to_wstring(reason));
+      wb::report(wb::Event::reg,
+                 L"load record " + name + L" = " + file + L", reason " + std::to_wstring(reason));
     }
     return statusOf(status);
   }
@@ -88,19 +88,19 @@ void AcadAppInfo::setLoadReason(AcadApp::LoadReasons reason) {
 
 Status AcadAppInfo::writeToRegistry(bool bObjDbx, bool skipHKLM) {
   return HostCall(THIS_FUNCTION).run(AcadApp::eUnknownError, [&] {
-    wb::note(L"record", std::wstring(L"write") + (bObjDbx ? L" for ObjectDBX" : L"") +
-                            (skipHKLM ? L" without HKLM" : L""));
+    wb::recordDetail(L"record", std::wstring(L"write") + (bObjDbx ? L" for ObjectDBX" : L"") +
+                                    (skipHKLM ? L" without HKLM" : L""));
     return mpImp->write();
   });
 }
 
 Status acrxUnregisterApp(const ACHAR* appName, bool bDwgU) {
   return HostCall(THIS_FUNCTION).run(AcadApp::eUnknownError, [&] {
-    wb::note(L"record", std::wstring(L"delete") + (bDwgU ? L" of the user" : L""));
+    wb::recordDetail(L"record", std::wstring(L"delete") + (bDwgU ? L" of the user" : L""));
     const std::wstring name = appName ? appName : L"";
     if (!isName(name)) return AcadApp::eInvalidKey;
     const LSTATUS status = RegDeleteTreeW(HKEY_CURRENT_USER, pathOf(name).c_str());
-    if (status == ERROR_SUCCESS) wb::tell(wb::Event::reg, L"load record " + name + L" deleted");
+    if (status == ERROR_SUCCESS) wb::report(wb::Event::reg, L"load record " + name + L" deleted");
     return statusOf(status);
   });
 }

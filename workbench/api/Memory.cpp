@@ -36,7 +36,7 @@ void acutDelBuffer(void*& pBuffer) {
     if (wb::sessionPart<Buffers>().open.closed(pBuffer)) {
       std::free(pBuffer);
     } else {
-      wb::tell(wb::Event::error, L"acutDelBuffer of memory that the host didn't hand out");
+      wb::report(wb::Event::error, L"acutDelBuffer of memory that the host didn't hand out");
     }
     pBuffer = nullptr;
   });

@@ -50,7 +50,7 @@ void nameEntity(AcDbObjectId id, ads_name name) {
 
 int useAnswer(const std::vector<std::wstring>& names, Selection::Ids& ids) {
   if (names.size() == 1 && names[0] == L"none") {
-    CommandRunner::say(L"*Cancel*");
+    CommandRunner::print(L"*Cancel*");
     return RTCAN;
   }
   try {
@@ -58,25 +58,25 @@ int useAnswer(const std::vector<std::wstring>& names, Selection::Ids& ids) {
   } catch (const wb::HostError& error) {
     // A person who tries anything may miss.
     if (wb::Answers::instance().answersAny()) {
-      CommandRunner::say(L"0 found");
+      CommandRunner::print(L"0 found");
     } else {
-      wb::tell({wb::Event::error,
-                wb::Event::noSelection,
-                {},
-                L"the selection can't be made: " + error.reason});
+      wb::report({wb::Event::error,
+                  wb::Event::noSelection,
+                  {},
+                  L"the selection can't be made: " + error.reason});
     }
     return RTERROR;
   }
-  CommandRunner::say(std::to_wstring(ids.size()) + L" found");
+  CommandRunner::print(std::to_wstring(ids.size()) + L" found");
   return ids.empty() ? RTERROR : RTNORM;
 }
 
 void addTyped(const std::wstring& name, Selection::Ids& ids) {
   try {
     Selection::addNamed(name, ids);
-    CommandRunner::say(std::to_wstring(ids.size()) + L" found");
+    CommandRunner::print(std::to_wstring(ids.size()) + L" found");
   } catch (const wb::HostError& error) {
-    CommandRunner::say(error.reason);
+    CommandRunner::print(error.reason);
   }
 }
 
@@ -86,9 +86,9 @@ void addTyped(const std::wstring& name, Selection::Ids& ids) {
 int askForEntities(const ACHAR* prompt, bool many, Selection::Ids& ids) {
   const auto queued = Selection::instance().takeAnswer();
   do {
-    CommandRunner::say(prompt);
+    CommandRunner::print(prompt);
     if (queued) return useAnswer(*queued, ids);
-    const auto typed = CommandRunner::ask();
+    const auto typed = CommandRunner::requestInput();
     if (!typed) return RTCAN;
     if (typed->empty()) break;
     addTyped(*typed, ids);
@@ -106,8 +106,8 @@ int acedSSGet(const ACHAR* mode, const void* point1, const void* point2, const r
     const std::wstring_view wanted = mode ? mode : L"";
     const bool implied = wanted == L"I" || wanted == L"_I";
     if ((!implied && !wanted.empty()) || point1 || point2 || filter) {
-      wb::tell(wb::Event::error,
-               L"acedSSGet with a mode, points or a filter that this host hasn't got");
+      wb::report(wb::Event::error,
+                 L"acedSSGet with a mode, points or a filter that this host hasn't got");
       return RTERROR;
     }
     // What the user picked before the command also answers the prompt.
@@ -120,7 +120,7 @@ int acedSSGet(const ACHAR* mode, const void* point1, const void* point2, const r
     auto& [sets, last] = wb::sessionPart<Sets>();
     if (sets.size() >= mostSets) return RTERROR;
     const std::wstring label = std::to_wstring(ids.size()) + L" entities";
-    sets[++last] = {std::move(ids), wb::handOut(L"selection set", label)};
+    sets[++last] = {std::move(ids), wb::trackResource(L"selection set", label)};
     ss[0] = last;
     ss[1] = setMark;
     return RTNORM;
@@ -148,11 +148,11 @@ int acedSSFree(const ads_name ss) {
   return HostCall(THIS_FUNCTION).run(RTERROR, [&] {
     try {
       const auto found = findSet(ss);
-      wb::giveBack(found->second.ticket);
+      wb::releaseResource(found->second.ticket);
       wb::sessionPart<Sets>().sets.erase(found);
       return RTNORM;
     } catch (const wb::HostError&) {
-      wb::tell(wb::Event::error, L"acedSSFree of a selection set that doesn't exist");
+      wb::report(wb::Event::error, L"acedSSFree of a selection set that doesn't exist");
       throw;
     }
   });

@@ -47,10 +47,10 @@ Adesk::Boolean acedRemoveObjectContextMenu(const AcRxClass* pClass, AcEdUIContex
 int acedSetStatusBarProgressMeter(const ACHAR* label, int min, int max) {
   return HostCall(THIS_FUNCTION).run(-1, [&] {
     if (!label || max < min) return -1;
-    if (meter().ticket) wb::giveBack(meter().ticket);
-    meter() = {wb::handOut(L"progress meter", label), min, max};
-    wb::tell(wb::Event::window, L"progress " + wb::quoted(label) + L" " + std::to_wstring(min) +
-                                    L".." + std::to_wstring(max));
+    if (meter().ticket) wb::releaseResource(meter().ticket);
+    meter() = {wb::trackResource(L"progress meter", label), min, max};
+    wb::report(wb::Event::window, L"progress " + wb::quoted(label) + L" " + std::to_wstring(min) +
+                                      L".." + std::to_wstring(max));
     return 0;
   });
 }
@@ -58,8 +58,8 @@ int acedSetStatusBarProgressMeter(const ACHAR* label, int min, int max) {
 int acedSetStatusBarProgressMeterPos(int position) {
   return HostCall(THIS_FUNCTION).run(-1, [&] {
     if (!meter().ticket) return -1;
-    wb::tell(wb::Event::window,
-             L"progress at " + std::to_wstring(std::clamp(position, meter().min, meter().max)));
+    wb::report(wb::Event::window,
+               L"progress at " + std::to_wstring(std::clamp(position, meter().min, meter().max)));
     return 0;
   });
 }
@@ -67,8 +67,8 @@ int acedSetStatusBarProgressMeterPos(int position) {
 void acedRestoreStatusBar() {
   HostCall(THIS_FUNCTION).run([] {
     if (!meter().ticket) return;
-    wb::giveBack(meter().ticket);
+    wb::releaseResource(meter().ticket);
     meter() = {};
-    wb::tell(wb::Event::window, L"progress ends");
+    wb::report(wb::Event::window, L"progress ends");
   });
 }

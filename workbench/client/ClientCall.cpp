@@ -62,7 +62,7 @@ std::wstring textOf(BSTR text) {
 std::wstring describe(BSTR value) {
   if (!value) return L"null";
   std::wstring text = wb::quoted(textOf(value));
-  handOutMemory(value, L"string", L"BSTR " + text);
+  trackMemory(value, L"string", L"BSTR " + text);
   return text;
 }
 
@@ -79,7 +79,7 @@ std::wstring describe(DATE) { return L"a date"; }
 
 std::wstring describe(LPITEMIDLIST value) {
   if (!value) return L"null";
-  handOutMemory(value, L"memory", L"item id list");
+  trackMemory(value, L"memory", L"item id list");
   return L"item";
 }
 
@@ -87,7 +87,7 @@ std::wstring describe(const LiveObject* value) { return value ? value->label() :
 
 std::wstring describeArray(const void* array) {
   if (!array) return L"null";
-  handOutMemory(array, L"memory", L"array of interfaces");
+  trackMemory(array, L"memory", L"array of interfaces");
   return L"array";
 }
 
@@ -132,7 +132,7 @@ ClientCall& ClientCall::object(const wchar_t* name, IUnknown* object) {
 HRESULT ClientCall::runBody(const std::function<HRESULT()>& body) {
   const HRESULT fault = takeFault(operation);
   const HRESULT result = fault != S_OK ? fault : nullArgument ? E_POINTER : guarded(body);
-  report(result);
+  reportResult(result);
   return result;
 }
 
@@ -148,12 +148,12 @@ HRESULT ClientCall::guarded(const std::function<HRESULT()>& body) const {
   } catch (const std::bad_alloc&) {
     return E_OUTOFMEMORY;
   } catch (const std::exception& failure) {
-    tell(Event::client, operation + L" stopped: " + fromUtf8(failure.what()));
+    report(Event::client, operation + L" stopped: " + fromUtf8(failure.what()));
     return E_FAIL;
   }
 }
 
-void ClientCall::report(HRESULT result) const {
+void ClientCall::reportResult(HRESULT result) const {
   std::wstring line = operation + L"(" + arguments + L") -> " + resultName(result);
   if (SUCCEEDED(result)) {
     const wchar_t* separator = L" ";
@@ -163,7 +163,7 @@ void ClientCall::report(HRESULT result) const {
       separator = L", ";
     }
   }
-  tell({Event::client, Event::other, operation, line});
+  report({Event::client, Event::other, operation, line});
 }
 
 }  // namespace wb

@@ -138,7 +138,7 @@ class ClientCall {
   ClientCall& argument(const wchar_t* name, const std::wstring& value);
   HRESULT runBody(const std::function<HRESULT()>& body);
   HRESULT guarded(const std::function<HRESULT()>& body) const;
-  void report(HRESULT result) const;
+  void reportResult(HRESULT result) const;
 
   const InStandIn inside;
   const std::wstring operation;

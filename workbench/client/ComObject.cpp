@@ -34,13 +34,13 @@ bool LiveObject::any() { return liveObjects > 0; }
 
 ULONG LiveObject::addReference() {
   refuseAtTheEnd();
-  references.push_back(handOut(L"com", label_));
+  references.push_back(trackResource(L"com", label_));
   return static_cast<ULONG>(references.size());
 }
 
 ULONG LiveObject::removeReference() {
   refuseAtTheEnd();
-  giveBack(references.back());
+  releaseResource(references.back());
   references.pop_back();
   return static_cast<ULONG>(references.size());
 }
@@ -53,7 +53,7 @@ HRESULT LiveObject::queryResult(const std::wstring& name, bool isAvailable) {
   if (name.rfind(L"Vault", 0) != 0) return S_OK;
   const HRESULT result = isAvailable ? takeFault(L"QueryInterface." + name) : E_NOINTERFACE;
   if (FAILED(result)) {
-    tell(Event::client, L"QueryInterface(" + name + L") -> " + resultName(result));
+    report(Event::client, L"QueryInterface(" + name + L") -> " + resultName(result));
   }
   return result;
 }

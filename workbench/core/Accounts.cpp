@@ -114,8 +114,8 @@ bool Accounts::watchesFrees() {
     watches = registered;
     freeSpy().reportTo(this);
     if (!registered) {
-      tell(Event::error,
-           L"freed memory can't be watched: the allocator's spy or the string cache refuses");
+      report(Event::error,
+             L"freed memory can't be watched: the allocator's spy or the string cache refuses");
     }
   }
   return *watches;
@@ -134,7 +134,7 @@ void Accounts::memoryIsFreed(const void* block) {
   }
 }
 
-Ticket handOut(std::wstring kind, std::wstring label) {
+Ticket trackResource(std::wstring kind, std::wstring label) {
   Accounts* const accounts = currentAccounts();
   if (!accounts) return 0;
   const std::lock_guard lock(accounts->mutex);
@@ -143,19 +143,19 @@ Ticket handOut(std::wstring kind, std::wstring label) {
   return ticket;
 }
 
-void giveBack(Ticket ticket) {
+void releaseResource(Ticket ticket) {
   Accounts* const accounts = currentAccounts();
   if (!accounts) return;
   const std::lock_guard lock(accounts->mutex);
   const auto entry = accounts->entries.extract(ticket);
-  if (entry) note(L"back", entry.mapped().kind + L" " + entry.mapped().label);
+  if (entry) recordDetail(L"back", entry.mapped().kind + L" " + entry.mapped().label);
 }
 
-Ticket handOutMemory(const void* block, std::wstring kind, std::wstring label) {
+Ticket trackMemory(const void* block, std::wstring kind, std::wstring label) {
   Accounts* const accounts = currentAccounts();
   if (!accounts || !block || !accounts->watchesFrees()) return 0;
   const std::lock_guard lock(accounts->mutex);
-  return accounts->memory[block] = handOut(std::move(kind), std::move(label));
+  return accounts->memory[block] = trackResource(std::move(kind), std::move(label));
 }
 
 void keepBeyondCommand(Ticket ticket) {

@@ -36,9 +36,9 @@ class Accounts {
   bool memoryIsLeftOut() const { return memoryLeftOut; }
 
  private:
-  friend Ticket handOut(std::wstring kind, std::wstring label);
-  friend void giveBack(Ticket ticket);
-  friend Ticket handOutMemory(const void* block, std::wstring kind, std::wstring label);
+  friend Ticket trackResource(std::wstring kind, std::wstring label);
+  friend void releaseResource(Ticket ticket);
+  friend Ticket trackMemory(const void* block, std::wstring kind, std::wstring label);
   friend void keepBeyondCommand(Ticket ticket);
   friend std::vector<Outstanding> outstanding(Ticket since);
   friend Ticket nextTicket();
@@ -58,14 +58,14 @@ class Accounts {
 
 /// Enters something that has to be given back: a reference, an open object, a handle.
 /// @param label what it is, in words that are the same in two runs
-Ticket handOut(std::wstring kind, std::wstring label);
+Ticket trackResource(std::wstring kind, std::wstring label);
 /// A ticket of another session is of no effect.
-void giveBack(Ticket ticket);
+void releaseResource(Ticket ticket);
 
 /// Enters memory that the receiver has to free: a BSTR, an item id list, an array. It counts as
 /// given back when COM's task allocator frees it.
 /// @return 0 if memory isn't accounted for
-Ticket handOutMemory(const void* block, std::wstring kind, std::wstring label);
+Ticket trackMemory(const void* block, std::wstring kind, std::wstring label);
 
 /// Marks what may outlive the command that got it, such as the module's text service; it has to be
 /// back at the end of the run.
@@ -85,7 +85,7 @@ class HandleLedger {
 
   void opened(const Handle& handle, std::wstring label, bool outlivesCommand = false) {
     closed(handle);
-    const Ticket ticket = handOut(kind, std::move(label));
+    const Ticket ticket = trackResource(kind, std::move(label));
     if (outlivesCommand) keepBeyondCommand(ticket);
     tickets[handle] = ticket;
   }
@@ -94,7 +94,7 @@ class HandleLedger {
   bool closed(const Handle& handle) {
     const auto at = tickets.find(handle);
     if (at == tickets.end()) return false;
-    giveBack(at->second);
+    releaseResource(at->second);
     tickets.erase(at);
     return true;
   }

@@ -92,7 +92,7 @@ void Transcript::alias(std::wstring folder, std::wstring name) {
   aliases.emplace(shorter, std::move(folder), std::move(name));
 }
 
-void tell(Event event) {
+void report(Event event) {
   if (!SessionState::current()) {
     std::fprintf(stderr, "outside a session: %s\n", toUtf8(event.text).c_str());
     return;
@@ -109,9 +109,11 @@ void tell(Event event) {
   transcript.events_.push_back(std::move(event));
 }
 
-void tell(Event::Kind kind, std::wstring text) { tell({kind, Event::other, {}, std::move(text)}); }
+void report(Event::Kind kind, std::wstring text) {
+  report({kind, Event::other, {}, std::move(text)});
+}
 
-void note(std::wstring_view kind, std::wstring_view detail) {
+void recordDetail(std::wstring_view kind, std::wstring_view detail) {
   if (!SessionState::current()) return;
   Transcript& transcript = Transcript::instance();
   if (!transcript.apartments) return;

@@ -52,13 +52,13 @@ struct Event {
 
 /// Reports an event to the current session's transcript: its line is kept in the transcript and
 /// echoed if asked for. Line ends in it are written as \n and \r.
-void tell(Event event);
+void report(Event event);
 /// Reports one that nobody judges.
-void tell(Event::Kind kind, std::wstring text);
+void report(Event::Kind kind, std::wstring text);
 
 /// Notes for a test what isn't worth a line, such as an argument that changes nothing here. Of no
 /// effect unless the transcript keeps details.
-void note(std::wstring_view kind, std::wstring_view detail);
+void recordDetail(std::wstring_view kind, std::wstring_view detail);
 
 /// Text in double quotes on one line: \n \r \t \e \" stand for what they name.
 std::wstring quoted(std::wstring_view text);
@@ -108,8 +108,8 @@ class Transcript {
   void keepDetails(std::function<int()> counter) { apartments = std::move(counter); }
 
  private:
-  friend void tell(Event event);
-  friend void note(std::wstring_view kind, std::wstring_view detail);
+  friend void report(Event event);
+  friend void recordDetail(std::wstring_view kind, std::wstring_view detail);
   std::wstring lineOf(std::wstring_view kind, std::wstring_view detail) const;
 
   std::vector<std::wstring> lines_;

@@ -15,7 +15,7 @@ AcDbObjectId freshId() { return AcDbObjectId().setFromOldId(wb::databaseState().
 
 /// The use of an object that isn't open is an error of the application's.
 [[noreturn]] void refuse(const std::wstring& use, Acad::ErrorStatus code) {
-  wb::tell(wb::Event::error, use);
+  wb::report(wb::Event::error, use);
   throw wb::HostError(use, code);
 }
 
@@ -62,14 +62,14 @@ void AcDbObjectImp::open(AcDb::OpenMode mode, bool openErased) {
     failIf(isOpen(AcDb::kForRead), Acad::eWasOpenForRead);
     failIf(!drawing.mayBeWritten(), Acad::eLockViolation);
   }
-  openings.push_back({mode, wb::handOut(L"object", label() + modeName(mode))});
+  openings.push_back({mode, wb::trackResource(L"object", label() + modeName(mode))});
 }
 
 void AcDbObjectImp::close() {
   if (openings.empty()) {
     refuse(L"AcDbObject::close of " + label() + L", which isn't open", Acad::eNotOpenForRead);
   }
-  wb::giveBack(openings.back().ticket);
+  wb::releaseResource(openings.back().ticket);
   openings.pop_back();
 }
 

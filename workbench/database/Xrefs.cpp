@@ -17,9 +17,9 @@ namespace {
 
 using std::filesystem::path;
 
-void report(const std::wstring& what, const std::wstring& name, const std::wstring& rest = {},
-            Event::Cause cause = Event::other) {
-  tell({Event::xref, cause, name, what + L" " + name + rest});
+void reportXref(const std::wstring& what, const std::wstring& name, const std::wstring& rest = {},
+                Event::Cause cause = Event::other) {
+  report({Event::xref, cause, name, what + L" " + name + rest});
 }
 
 /// Whether a chain of xrefs leads from one to the other.
@@ -55,7 +55,7 @@ Xrefs::Xref* Xrefs::find(const BlockRecordImp* record) const {
 /// @param undone what isn't done to an xref that doesn't exist
 Xrefs::Xref& Xrefs::require(std::wstring_view name, const wchar_t* undone) const {
   if (Xref* xref = find(drawing.findRecord(name))) return *xref;
-  report(L"unknown", std::wstring(name), L", not " + std::wstring(undone));
+  reportXref(L"unknown", std::wstring(name), L", not " + std::wstring(undone));
   throw HostError(L"there is no such xref", Acad::eKeyNotFound);
 }
 
@@ -87,11 +87,11 @@ bool Xrefs::load(Xref& xref) {
   try {
     read(xref);
   } catch (const HostError& error) {
-    report(L"unresolved", name, L" (" + xref.record->path + L"): " + error.reason);
+    reportXref(L"unresolved", name, L" (" + xref.record->path + L"): " + error.reason);
     return false;
   }
   xref.loaded = true;
-  report(L"loaded", name, L" from " + xref.path.wstring(), Event::xrefLoaded);
+  reportXref(L"loaded", name, L" from " + xref.path.wstring(), Event::xrefLoaded);
   readNested(xref);
   return true;
 }
@@ -147,12 +147,12 @@ Xrefs::Xref* Xrefs::nest(Xref& parent, const DxfBlock& block) {
   const std::wstring inParent = L", nested in " + parent.record->name;
   BlockRecordImp* record = drawing.findRecord(block.name);
   if (record && !record->isXref) {
-    report(L"ignored", block.name, inParent + L": the drawing has a block of that name");
+    reportXref(L"ignored", block.name, inParent + L": the drawing has a block of that name");
     return nullptr;
   }
   if (Xref* known = find(record)) {
     if (!leadsTo(*known, parent, false)) return known;
-    report(L"ignored", block.name, inParent + L": it refers back to itself");
+    reportXref(L"ignored", block.name, inParent + L": it refers back to itself");
     return nullptr;
   }
   add(drawing.addNestedXref(block), false, parent.path.parent_path());
@@ -170,7 +170,7 @@ void Xrefs::release(Xref& xref) {
 
 void Xrefs::unload(Xref& xref) {
   release(xref);
-  report(L"unloaded", xref.record->name, {}, Event::xrefUnloaded);
+  reportXref(L"unloaded", xref.record->name, {}, Event::xrefUnloaded);
 }
 
 // What is nested only in xrefs that aren't loaded isn't loaded either.
@@ -201,7 +201,7 @@ void Xrefs::unload(std::wstring_view name) {
 void Xrefs::reload(std::wstring_view name) {
   Xref& xref = require(name, L"reloaded");
   if (!reached(xref, true)) {
-    report(L"not reloaded", xref.record->name, L": what it is nested in isn't loaded");
+    reportXref(L"not reloaded", xref.record->name, L": what it is nested in isn't loaded");
     throw HostError(L"what it is nested in isn't loaded", Acad::eNotApplicable);
   }
   drawing.touch();

@@ -179,7 +179,7 @@ void Desk::runLine(const std::wstring& line, bool commandWaits) {
       Host::instance().type({});
     }
   } catch (const std::exception& error) {
-    tell(Event::error, fromUtf8(error.what()));
+    report(Event::error, fromUtf8(error.what()));
   }
   showWhatWentWrong(since);
 }

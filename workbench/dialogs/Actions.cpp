@@ -161,7 +161,7 @@ AnswerStep takePicture(std::wstring file) {
 
 AnswerStep reportTexts() {
   return [](HWND dialog) {
-    tell(Event::dialog, wb::quoted(windowTitle(dialog)) + L" texts" + controlTexts(dialog));
+    report(Event::dialog, wb::quoted(windowTitle(dialog)) + L" texts" + controlTexts(dialog));
     return std::wstring();
   };
 }

@@ -111,7 +111,7 @@ LRESULT CALLBACK Answers::listenerProcedure(HWND window, UINT message, WPARAM wP
       return 0;
     }
   } catch (const std::exception& error) {
-    tell(Event::error, fromUtf8(error.what()));
+    report(Event::error, fromUtf8(error.what()));
     return 0;
   }
   return DefWindowProcW(window, message, wParam, lParam);
@@ -128,10 +128,10 @@ void Answers::inspect(HWND window) {
   if (!dialog) return;
   if (!looksModal(window)) return leaveAlone(window);
   const HWND owner = GetWindow(window, GW_OWNER);
-  note(L"owner", wb::quoted(windowTitle(window)) + L" of " +
-                     (owner && owner == SessionState::get().mainWindow ? L"the main window"
-                      : owner ? wb::quoted(windowTitle(owner))
-                              : L"nobody"));
+  recordDetail(L"owner", wb::quoted(windowTitle(window)) + L" of " +
+                             (owner && owner == SessionState::get().mainWindow ? L"the main window"
+                              : owner ? wb::quoted(windowTitle(owner))
+                                      : L"nobody"));
   if (hasControls(window)) {
     // A dialog shows itself when its loop runs out of messages for the first time. A timer comes
     // after that, as the person does.
@@ -139,7 +139,7 @@ void Answers::inspect(HWND window) {
     return;
   }
   dialog->hasNoControls = true;
-  tell(Event::dialog, wb::quoted(windowTitle(window)) + L" (no controls)");
+  report(Event::dialog, wb::quoted(windowTitle(window)) + L" (no controls)");
 }
 
 void Answers::look() {
@@ -195,15 +195,15 @@ Event Answers::describe(const OpenDialog& dialog) {
 void Answers::perform(HWND window, const Answer& answer) {
   const bool watched = !find(window)->box.empty();
   Event event = describe(*find(window));
-  note(L"shown", allTexts(window));
-  note(L"place", wb::quoted(windowTitle(window)) + L' ' + placeOf(window));
+  recordDetail(L"shown", allTexts(window));
+  recordDetail(L"place", wb::quoted(windowTitle(window)) + L' ' + placeOf(window));
   try {
     for (const AnswerStep& step : answer.steps) {
       const std::wstring told = step(window);
       if (!told.empty()) event.text += L' ' + told;
     }
     if (!answer.button.empty()) event.text += L" answer=" + answer.button;
-    if (!watched) tell(event);
+    if (!watched) report(event);
     if (!answer.button.empty() && find(window)) pressButton(window, answer.button);
   } catch (const DialogError& error) {
     refuse(window, L"can't be answered, " + error.reason);
@@ -214,13 +214,13 @@ void Answers::refuse(HWND window, const std::wstring& why) {
   ++unanswered_;
   OpenDialog* dialog = find(window);
   if (!dialog) {
-    return tell({Event::error, Event::noAnswer, {}, L"dialog " + why + L": it closed meanwhile"});
+    return report({Event::error, Event::noAnswer, {}, L"dialog " + why + L": it closed meanwhile"});
   }
   ++dialog->closings;
   dialog->looks = 0;
   const Event event = describe(*dialog);
   const std::wstring kind = event.kind == Event::box ? L"box " : L"dialog ";
-  tell({Event::error, Event::noAnswer, kind + event.text, kind + why + L": " + event.text});
+  report({Event::error, Event::noAnswer, kind + event.text, kind + why + L": " + event.text});
   closeQuietly(window);
 }
 
@@ -235,9 +235,9 @@ int watchedMessageBox(HWND owner, const wchar_t* text, const wchar_t* title, UIN
   const int result = MessageBoxW(owner, text, title, flags);
   const DWORD error = GetLastError();
   openingBox.clear();
-  tell(Event::box,
-       description + L" answer=" +
-           (result ? buttonName(result) : L"none (Windows error " + std::to_wstring(error) + L")"));
+  report(Event::box, description + L" answer=" +
+                         (result ? buttonName(result)
+                                 : L"none (Windows error " + std::to_wstring(error) + L")"));
   SetLastError(error);
   return result;
 }

@@ -126,7 +126,7 @@ void savePicture(const std::wstring& file) {
     throw DialogError(L"the picture " + wb::quoted(file) + L" can't be written, Windows error " +
                       std::to_wstring(error));
   }
-  tell(Event::file, L"picture " + wb::quoted(file));
+  report(Event::file, L"picture " + wb::quoted(file));
 }
 
 }  // namespace wb

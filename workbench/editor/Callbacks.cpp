@@ -9,7 +9,7 @@
 
 namespace wb {
 
-void tellUncaught(const std::wstring& what) {
+void reportUncaught(const std::wstring& what) {
   HRESULT code = S_OK;
   std::wstring error;
   try {
@@ -26,8 +26,8 @@ void tellUncaught(const std::wstring& what) {
   } catch (...) {
     error = L"of another type";
   }
-  tell({Event::command, Event::uncaught, what, what + L" ended by an uncaught error " + error,
-        code});
+  report({Event::command, Event::uncaught, what, what + L" ended by an uncaught error " + error,
+          code});
 }
 
 }  // namespace wb

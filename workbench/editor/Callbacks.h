@@ -23,7 +23,7 @@ void eraseIf(Container& container, Predicate is) {
 }
 
 /// Reports, in a catch block, that `what` (a command, an event) was ended by an exception.
-void tellUncaught(const std::wstring& what);
+void reportUncaught(const std::wstring& what);
 
 /// Runs code of an application on its behalf. The editor survives whatever leaves it: a COM
 /// error, a standard exception or any value thrown. It is reported.
@@ -32,7 +32,7 @@ void runGuarded(const std::wstring& what, Call&& call) {
   try {
     call();
   } catch (...) {
-    tellUncaught(what);
+    reportUncaught(what);
   }
 }
 
@@ -47,7 +47,7 @@ class Registered {
   /// @return false if it is there already
   bool add(const Entry& entry, std::wstring label, bool first = false) {
     if (find(entry) != entries.end()) return false;
-    const Ticket ticket = handOut(kind, std::move(label));
+    const Ticket ticket = trackResource(kind, std::move(label));
     keepBeyondCommand(ticket);
     entries.insert(first ? entries.begin() : entries.end(), {entry, ticket});
     return true;
@@ -57,7 +57,7 @@ class Registered {
   bool remove(const Entry& entry) {
     const auto found = find(entry);
     if (found == entries.end()) return false;
-    giveBack(found->second);
+    releaseResource(found->second);
     entries.erase(found);
     return true;
   }

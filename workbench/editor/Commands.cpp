@@ -30,11 +30,11 @@ Acad::ErrorStatus CommandStack::add(Command command) {
     return sameName(one.global, command.global) || sameName(one.local, command.local);
   });
   if (inUse) {
-    tell(Event::command, command.global + L" refused: the name is in use");
+    report(Event::command, command.global + L" refused: the name is in use");
     return Acad::eDuplicateKey;
   }
   if (command.address) {
-    command.ticket = handOut(L"command", command.global);
+    command.ticket = trackResource(L"command", command.global);
     keepBeyondCommand(command.ticket);
   }
   commands.push_back(std::move(command));
@@ -46,7 +46,7 @@ Acad::ErrorStatus CommandStack::removeGroup(const ACHAR* groupName) {
   const size_t before = commands.size();
   eraseIf(commands, [&](const Command& one) {
     const bool is = sameName(one.group, groupName);
-    if (is && one.ticket) giveBack(one.ticket);
+    if (is && one.ticket) releaseResource(one.ticket);
     return is;
   });
   return commands.size() < before ? Acad::eOk : Acad::eKeyNotFound;
@@ -102,16 +102,16 @@ void CommandRunner::runTyped(const std::wstring& token, Document* document) {
     // The command may take its own group away.
     run(Command(*found), document);
   } else if (!document || !host.modules().runFunction(token, document)) {
-    say(L"Unknown command \"" + token + L"\".  Press F1 for help.");
+    print(L"Unknown command \"" + token + L"\".  Press F1 for help.");
   }
 }
 
 void CommandRunner::run(const Command& command, Document* document) {
   if (!command.runsInApplicationContext() && !document) {
-    tell(Event::command, command.global + L" refused: no drawing is open");
+    report(Event::command, command.global + L" refused: no drawing is open");
     return;
   }
-  tell(Event::command, command.global);
+  report(Event::command, command.global);
   const Ticket since = nextTicket();
   Selection::instance().commandBegins(command.flags);
   ++depth;
@@ -122,14 +122,14 @@ void CommandRunner::run(const Command& command, Document* document) {
     runInDocument(command, document);
   }
   --depth;
-  tellLeaks(since, false);
+  reportLeaks(since, false);
 }
 
 void CommandRunner::runInDocument(const Command& command, Document* document) {
   DocumentManager& documents = Host::instance().documents();
   const DocumentManager::ContextScope context(documents, document);
   if (!documents.lock(document, AcAp::kWrite, command.global)) {
-    tell(Event::command, command.global + L" refused: the document can't be locked");
+    report(Event::command, command.global + L" refused: the document can't be locked");
     return;
   }
   runGuarded(command.global, command.work);
@@ -141,11 +141,11 @@ bool CommandRunner::runInside(Document* document, const std::wstring& name,
   Host& host = Host::instance();
   const Command* found = host.commands().find(name);
   if (!found) {
-    say(L"Unknown command \"" + name + L"\".  Press F1 for help.");
+    print(L"Unknown command \"" + name + L"\".  Press F1 for help.");
     return false;
   }
   if (found->runsInApplicationContext()) {
-    tell(Event::command, found->global + L" refused: it doesn't run inside another command");
+    report(Event::command, found->global + L" refused: it doesn't run inside another command");
     return false;
   }
   std::wstring text;
@@ -156,27 +156,27 @@ bool CommandRunner::runInside(Document* document, const std::wstring& name,
   return true;
 }
 
-void CommandRunner::say(std::wstring_view text) {
+void CommandRunner::print(std::wstring_view text) {
   Host::instance().window().write(text);
-  tell(Event::prompt, quoted(text));
+  report(Event::prompt, quoted(text));
 }
 
-std::optional<std::wstring> CommandRunner::ask() {
+std::optional<std::wstring> CommandRunner::requestInput() {
   Host& host = Host::instance();
   Document* document = host.documents().context();
   if (!document) document = host.documents().active();
   while (!host.input().hasAnswer(document)) {
     if (host.needInput && host.needInput()) continue;
-    tell({Event::error, Event::noInput, {}, L"a prompt waits for input, and there is none"});
+    report({Event::error, Event::noInput, {}, L"a prompt waits for input, and there is none"});
     return std::nullopt;
   }
   return host.input().readAnswer(document);
 }
 
-void CommandRunner::tellLeaks(Ticket since, bool keptAsWell) {
+void CommandRunner::reportLeaks(Ticket since, bool keptAsWell) {
   for (const Outstanding& one : outstanding(since)) {
     if (one.kept && !keptAsWell) continue;
-    if (told.insert(one.ticket).second) tell(Event::leak, one.kind + L" " + one.label);
+    if (told.insert(one.ticket).second) report(Event::leak, one.kind + L" " + one.label);
   }
 }
 
@@ -196,7 +196,7 @@ void open() {
   try {
     if (path) documents().open(*path, readOnly);
   } catch (const HostError& error) {
-    CommandRunner::say(*path + L" can't be opened: " + error.reason + L".");
+    CommandRunner::print(*path + L" can't be opened: " + error.reason + L".");
   }
 }
 
@@ -204,7 +204,7 @@ void newDrawing() {
   try {
     documents().create();
   } catch (const HostError& error) {
-    CommandRunner::say(L"No new drawing: " + error.reason + L".");
+    CommandRunner::print(L"No new drawing: " + error.reason + L".");
   }
 }
 

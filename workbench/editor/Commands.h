@@ -114,13 +114,13 @@ class CommandRunner {
   bool commandRuns() const { return depth > 0; }
 
   /// Writes on the command line, on the transcript as `prompt`.
-  static void say(std::wstring_view text);
+  static void print(std::wstring_view text);
   /// One answer for the command that runs now, nothing if the user cancels; asks the host's
   /// needInput when none is queued.
-  static std::optional<std::wstring> ask();
+  static std::optional<std::wstring> requestInput();
 
   /// Reports, once, what was handed out since `since` and neither returned nor marked as kept.
-  void tellLeaks(Ticket since, bool keptAsWell);
+  void reportLeaks(Ticket since, bool keptAsWell);
 
  private:
   void runTyped(const std::wstring& token, Document* document);

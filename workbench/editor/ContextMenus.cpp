@@ -85,7 +85,7 @@ void ContextMenus::rightClick(const Selection::Ids& ids) {
       readMenu(*menu, {}, context, open);
     });
   }
-  Host::instance().runner().tellLeaks(since, false);
+  Host::instance().runner().reportLeaks(since, false);
 }
 
 std::vector<HMENU> ContextMenus::openMenus() const {
@@ -118,7 +118,7 @@ void ContextMenus::choose(const MenuItem& item) {
   open.clear();
   const Ticket since = nextTicket();
   runGuarded(L"an item of a right-click menu", [&] { context->onCommand(id); });
-  Host::instance().runner().tellLeaks(since, false);
+  Host::instance().runner().reportLeaks(since, false);
 }
 
 }  // namespace wb

@@ -51,14 +51,14 @@ void DocumentManager::adopt(std::unique_ptr<Document> document, const std::wstri
     fresh->gone_ = true;
     fresh->hold_.reset();
     tombstones_.push_back(std::move(document));
-    tell(Event::doc, L"refused: " + what + L": " + error.reason);
+    report(Event::doc, L"refused: " + what + L": " + error.reason);
     throw;
   }
   open_.push_back(std::move(document));
   fresh->drawing_->setWriteCheck(
       [this, fresh] { return !isOpen(fresh) || fresh->isWriteLocked(); });
-  tell(Event::doc, (fresh->path_.empty() ? L"created " : L"opened ") + fresh->title() +
-                       (fresh->readOnly_ ? L" read-only" : L""));
+  report(Event::doc, (fresh->path_.empty() ? L"created " : L"opened ") + fresh->title() +
+                         (fresh->readOnly_ ? L" read-only" : L""));
   fire(L"documentCreated", &Reactor::documentCreated, fresh);
   bringToTop(fresh, true);
 }
@@ -114,7 +114,7 @@ void DocumentManager::bringToTop(Document* document, bool fresh) {
   order_.push_back(document);
   acdbHostApplicationServices()->setWorkingDatabase(document->databaseOf());
   Host::instance().window().show(document->title(), document->drawing());
-  tell(Event::doc, L"activated " + document->title());
+  report(Event::doc, L"activated " + document->title());
   fire(L"documentBecameCurrent", &Reactor::documentBecameCurrent, document);
   if (fresh) Host::instance().modules().sendToAll(AcRx::kLoadDwgMsg, document);
   if (!isOpen(document) || active_ != document) return;
@@ -140,7 +140,7 @@ void DocumentManager::save(Document* document, const std::wstring& path) {
   document->readOnly_ = false;
   document->drawing_->setDbmod(0);
   holdAgain(document);
-  tell({Event::doc, Event::documentSaved, target, L"saved " + target});
+  report({Event::doc, Event::documentSaved, target, L"saved " + target});
   Host::instance().editor().saveComplete(document->databaseOf(), target.c_str());
 }
 
@@ -149,7 +149,7 @@ void DocumentManager::holdAgain(Document* document) {
   document->hold_ = holdFile(document->path_);
   if (document->hold_) return;
   document->readOnly_ = true;
-  tell(Event::doc, L"held by somebody else after the saving, now read-only: " + document->path_);
+  report(Event::doc, L"held by somebody else after the saving, now read-only: " + document->path_);
 }
 
 bool DocumentManager::saveForUser(Document* document) {
@@ -163,7 +163,7 @@ bool DocumentManager::saveForUserAs(Document* document, const std::wstring& path
     save(document, path);
     return true;
   } catch (const HostError& error) {
-    CommandRunner::say(document->title() + L" was not saved: " + error.reason + L".");
+    CommandRunner::print(document->title() + L" was not saved: " + error.reason + L".");
     return false;
   }
 }
@@ -181,7 +181,7 @@ bool DocumentManager::close(Document* document, bool ask) {
   document->closing_ = true;
   if (ask && document->drawing_->dbmod() != 0 && !disposeOfChanges(document)) {
     document->closing_ = false;
-    tell(Event::doc, L"refused: closing " + document->title());
+    report(Event::doc, L"refused: closing " + document->title());
     return false;
   }
   destroy(document);
@@ -191,7 +191,7 @@ bool DocumentManager::close(Document* document, bool ask) {
 void DocumentManager::destroy(Document* document) {
   // A closing from the document's own command leaves that command's frame alone.
   const ContextScope application(*this, nullptr);
-  tell(Event::doc, L"to be destroyed " + document->title());
+  report(Event::doc, L"to be destroyed " + document->title());
   fire(L"documentToBeDestroyed", &Reactor::documentToBeDestroyed, document);
   Host::instance().modules().documentUnloading(document);
   Host::instance().input().dropAll(document);
@@ -208,7 +208,7 @@ void DocumentManager::destroy(Document* document) {
     acdbHostApplicationServices()->setWorkingDatabase(nullptr);
   }
   if (active_ == document) active_ = nullptr;
-  tell(
+  report(
       {Event::doc, Event::documentDestroyed, document->title(), L"destroyed " + document->title()});
   const std::wstring name = document->path_;
   fire(L"documentDestroyed", &Reactor::documentDestroyed, name.c_str());
@@ -241,7 +241,7 @@ bool DocumentManager::lock(Document* document, AcAp::DocLockMode mode, const std
   if (!isOpen(document)) return false;
   if (refusals_ > 0) {
     --refusals_;
-    tell(Event::doc, L"refused: a lock of " + document->title());
+    report(Event::doc, L"refused: a lock of " + document->title());
     fire(L"documentLockModeChangeVetoed", &Reactor::documentLockModeChangeVetoed, document,
          name.c_str());
     return false;

@@ -24,7 +24,7 @@ Result Document::serve(const wchar_t* name, Result failure, const Body& body) co
     if (gone_) {
       std::wstring method = name;
       method.replace(method.find(L'.'), 1, L"::");
-      tell(Event::error, method + L" of the destroyed document " + title());
+      report(Event::error, method + L" of the destroyed document " + title());
     }
     return body();
   });
@@ -62,10 +62,10 @@ class DocumentManager::Iterator : public AcApDocumentIterator {
   explicit Iterator(const DocumentManager& manager)
       : manager_(manager),
         documents_(manager.all()),
-        ticket_(handOut(L"iterator", L"AcApDocumentIterator")) {}
+        ticket_(trackResource(L"iterator", L"AcApDocumentIterator")) {}
   ~Iterator() override {
     const HostCall call(L"host.~AcApDocumentIterator");
-    giveBack(ticket_);
+    releaseResource(ticket_);
   }
 
   bool done() const override {
@@ -136,13 +136,14 @@ Acad::ErrorStatus DocumentManager::sendStringToExecute(AcApDocument* pAcTargetDo
                                                        bool bWrapUpInactiveDoc, bool bEchoString) {
   return HostCall(L"AcApDocManager.sendStringToExecute").run(Acad::eInvalidInput, [&] {
     if (!pszExecute || !isOpen(pAcTargetDocument)) {
-      tell(Event::send, L"refused: " + (pszExecute ? quoted(pszExecute) : L"no text"));
+      report(Event::send, L"refused: " + (pszExecute ? quoted(pszExecute) : L"no text"));
       return pszExecute ? Acad::eNoDocument : Acad::eInvalidInput;
     }
     auto* target = static_cast<Document*>(pAcTargetDocument);
-    tell(Event::send, quoted(pszExecute) + (target == active_ ? L"" : L" to " + target->title()));
-    note(L"sent", std::wstring(bActivate ? L"activate" : L"stay") +
-                      (bWrapUpInactiveDoc ? L", wrap up" : L"") + (bEchoString ? L", echo" : L""));
+    report(Event::send, quoted(pszExecute) + (target == active_ ? L"" : L" to " + target->title()));
+    recordDetail(L"sent", std::wstring(bActivate ? L"activate" : L"stay") +
+                              (bWrapUpInactiveDoc ? L", wrap up" : L"") +
+                              (bEchoString ? L", echo" : L""));
     Host::instance().input().add(target, pszExecute, bActivate, InputQueue::Origin::Sent);
     return Acad::eOk;
   });
@@ -151,7 +152,7 @@ Acad::ErrorStatus DocumentManager::sendStringToExecute(AcApDocument* pAcTargetDo
 Acad::ErrorStatus DocumentManager::appContextNewDocument(const ACHAR*) {
   return HostCall(L"AcApDocManager.appContextNewDocument").run(Acad::eFilerError, [&] {
     if (!isApplicationContext()) {
-      tell(Event::doc, L"refused: a new drawing from a document's context");
+      report(Event::doc, L"refused: a new drawing from a document's context");
       return Acad::eInvalidContext;
     }
     Host::instance().runner().runQueued();
@@ -166,14 +167,14 @@ Acad::ErrorStatus DocumentManager::appContextOpenDocument(const ACHAR* pszDrawin
     // The caller's text may belong to a document that the queued input closes.
     const std::wstring path = pszDrawingName;
     if (!isApplicationContext()) {
-      tell(Event::doc, L"refused: opening " + path + L" from a document's context");
+      report(Event::doc, L"refused: opening " + path + L" from a document's context");
       return Acad::eInvalidContext;
     }
     // Drawings change only while nothing is pending at the command line.
     Host::instance().runner().runQueued();
     // The fault is the disk's: what was pending has been run by then.
     if (FAILED(takeFault(L"host.appContextOpenDocument"))) {
-      tell(Event::doc, L"refused: opening " + path + L": the disk fails");
+      report(Event::doc, L"refused: opening " + path + L": the disk fails");
       return Acad::eFileSystemErr;
     }
     open(path, false);

@@ -54,14 +54,14 @@ Acad::ErrorStatus FileSelection::pick(short* userCancel, ACHAR*& chosenPath, int
   if (picks.empty() && ask) {
     picked = ask(flags);
   } else if (picks.empty()) {
-    if (!Answers::instance().answersAny()) tell(Event::error, L"the file dialog has no answer");
+    if (!Answers::instance().answersAny()) report(Event::error, L"the file dialog has no answer");
   } else {
     picked = std::move(picks.front());
     picks.pop_front();
   }
   wchar_t what[40];
   wsprintfW(what, L"select file flags=0x%X: ", static_cast<unsigned>(flags));
-  tell(Event::dialog, what + picked.value_or(L"cancelled"));
+  report(Event::dialog, what + picked.value_or(L"cancelled"));
   if (userCancel) *userCancel = picked ? 0 : 1;
   return picked ? acutNewString(picked->c_str(), chosenPath) : Acad::eOk;
 }

@@ -48,7 +48,7 @@ bool Host::loadModule(const std::wstring& file) {
     modules_.load(file);
     return true;
   } catch (const HostError& error) {
-    tell(Event::error, file + L" can't be loaded: " + error.reason);
+    report(Event::error, file + L" can't be loaded: " + error.reason);
     return false;
   }
 }
@@ -58,7 +58,7 @@ bool Host::unloadModule(const std::wstring& file) {
     modules_.unload(file);
     return true;
   } catch (const HostError& error) {
-    tell(Event::doc, L"refused: unloading " + file + L": " + error.reason);
+    report(Event::doc, L"refused: unloading " + file + L": " + error.reason);
     return false;
   }
 }
@@ -147,7 +147,7 @@ bool Host::save(const std::wstring& path) {
     // on top stays current.
     work();
   }
-  if (!saved) tell(Event::doc, L"refused: saving " + document->title() + L": " + reason);
+  if (!saved) report(Event::doc, L"refused: saving " + document->title() + L": " + reason);
   runUntilIdle();
   return saved;
 }

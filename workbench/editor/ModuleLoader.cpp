@@ -118,7 +118,7 @@ void ModuleLoader::load(const std::wstring& file) {
   Module& module = *owner;
   module.file = file;
   map(module);
-  tell(Event::doc, L"application loaded " + module.name());
+  report(Event::doc, L"application loaded " + module.name());
   modules.push_back(std::move(owner));
   if (Host::instance().onModuleMapped) Host::instance().onModuleMapped(module.handle);
   if (send(module, AcRx::kInitAppMsg) != AcRx::kRetOK) {
@@ -156,8 +156,8 @@ void ModuleLoader::end(Module& module, bool force) {
   afterUnmapping();
   modules.erase(std::find_if(modules.begin(), modules.end(),
                              [&](const auto& one) { return one.get() == &module; }));
-  tell(Event::doc, L"application unloaded " + name);
-  host.runner().tellLeaks(since, true);
+  report(Event::doc, L"application unloaded " + name);
+  host.runner().reportLeaks(since, true);
 }
 
 void ModuleLoader::unloadAll() {
@@ -227,7 +227,7 @@ bool ModuleLoader::runFunction(const std::wstring& token, Document* document) {
         const InModule outside;
         const int result = call ? call() : send(module, AcRx::kInvkSubrMsg);
         if (result != RTNORM && result != AcRx::kRetOK) {
-          CommandRunner::say(L"; error: ADS request error");
+          CommandRunner::print(L"; error: ADS request error");
         }
       };
       Host::instance().runner().run({{}, L"(" + function.name + L")", {}, 0, work}, document);

@@ -43,7 +43,7 @@ class Disturbance {
       SetFileAttributesW(away().c_str(), FILE_ATTRIBUTE_NORMAL);
       DeleteFileW(away().c_str());
     } else {
-      tell(Event::error, file.wstring() + L" can't be put back");
+      report(Event::error, file.wstring() + L" can't be put back");
     }
     return true;
   }

@@ -38,11 +38,11 @@ HostCall::HostCall(Signature function, Sweep sweep)
 HostCall::HostCall(std::wstring_view name, Sweep sweep)
     : name(name), refused_(FAILED(takeFault(name, sweep == swept))) {}
 
-void HostCall::reportLackOfMemory() const { tell(Event::error, name + L" lacks memory"); }
+void HostCall::reportLackOfMemory() const { report(Event::error, name + L" lacks memory"); }
 
 NotServed::NotServed(Signature function) {
   if (HostCall(function).refused()) return;
-  tell(Event::error, function.name() + L" isn't served by this host");
+  report(Event::error, function.name() + L" isn't served by this host");
 }
 
 }  // namespace wb

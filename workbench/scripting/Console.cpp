@@ -92,7 +92,7 @@ class Console : public Operator {
       runScriptLine(context, line, commandWaits);
       return true;
     } catch (const std::exception& error) {
-      tell(Event::error, fromUtf8(error.what()));
+      report(Event::error, fromUtf8(error.what()));
       return false;
     }
   }

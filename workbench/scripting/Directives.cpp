@@ -30,9 +30,9 @@ void tryDirective(ScriptContext& context, const std::wstring& line, bool command
   try {
     runDirective(context, line, commandWaits);
   } catch (const ScriptError& error) {
-    tell(Event::attempt, fromUtf8(error.what()));
+    report(Event::attempt, fromUtf8(error.what()));
   } catch (const StoreError& error) {
-    tell(Event::attempt, fromUtf8(error.what()));
+    report(Event::attempt, fromUtf8(error.what()));
   }
 }
 

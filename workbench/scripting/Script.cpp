@@ -78,7 +78,7 @@ bool Script::step(const ScriptLine& line, bool commandWaits) {
 
 bool Script::refuse(const ScriptLine& line, const std::wstring& why, Event::Cause cause) {
   failed = true;
-  tell({Event::error, cause, line.text, L"line " + std::to_wstring(line.number) + L": " + why});
+  report({Event::error, cause, line.text, L"line " + std::to_wstring(line.number) + L": " + why});
   return false;
 }
 
@@ -86,7 +86,7 @@ void Script::refuseUnusedAnswers() {
   std::vector<std::wstring> unused = Answers::instance().unused();
   for (std::wstring& pick : Selection::instance().unused()) unused.push_back(std::move(pick));
   for (const std::wstring& answer : unused) {
-    tell({Event::error, Event::unusedAnswer, {}, L"nothing asked for the answer: " + answer});
+    report({Event::error, Event::unusedAnswer, {}, L"nothing asked for the answer: " + answer});
   }
   failed = !unused.empty();
 }
@@ -96,8 +96,8 @@ void Script::checkApartments() {
   if (change != 0) {
     const bool uncaught = Transcript::instance().anySince(
         eventsSeen, [](const Event& event) { return event.cause == Event::uncaught; });
-    tell(uncaught && change > 0 ? Event::command : Event::leak,
-         L"COM initialisations less uninitialisations changed by " + std::to_wstring(change));
+    report(uncaught && change > 0 ? Event::command : Event::leak,
+           L"COM initialisations less uninitialisations changed by " + std::to_wstring(change));
   }
   apartments += change;
   eventsSeen = Transcript::instance().events().size();

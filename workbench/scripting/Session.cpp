@@ -149,7 +149,7 @@ Session::~Session() {
   try {
     end();
   } catch (const std::exception& error) {
-    tell(Event::error, fromUtf8(error.what()));
+    report(Event::error, fromUtf8(error.what()));
   }
 }
 
@@ -161,7 +161,7 @@ void Session::end() {
   if (state->answersAny) Answers::instance().answerAny(1);
   host.stop();
   clearFaults();
-  host.runner().tellLeaks(state->since, true);
+  host.runner().reportLeaks(state->since, true);
   Answers::instance().stop();
   store().close();
   // Nothing of the session stays behind in the registry for programs that come after it.

@@ -47,7 +47,7 @@ std::wstring nameOf(HKEY parent, const wchar_t* subKey) {
 
 void reportWrite(LSTATUS status, std::wstring what) {
   if (status != ERROR_SUCCESS) what += L" -> Windows error " + std::to_wstring(status);
-  tell(Event::reg, what);
+  report(Event::reg, what);
 }
 
 std::wstring valueName(HKEY key, const wchar_t* name) {
@@ -75,7 +75,7 @@ LSTATUS WINAPI seenRegCreateKeyExW(HKEY key, LPCWSTR subKey, DWORD reserved, LPW
 }
 
 void require(bool succeeded, const wchar_t* otherwise) {
-  if (!succeeded) tell(Event::error, otherwise);
+  if (!succeeded) report(Event::error, otherwise);
 }
 
 std::vector<WatchedCall> registryCalls() {

@@ -36,7 +36,7 @@ bool isSound(void* block) {
       (HeapValidate(heap, 0, block) && HeapSize(heap, 0, block) != SIZE_MAX)) {
     return true;
   }
-  tell(Event::error, L"memory is given back that is damaged or was given back before");
+  report(Event::error, L"memory is given back that is damaged or was given back before");
   return false;
 }
 
@@ -58,7 +58,7 @@ void seenFree(void* block) {
 
 /// COM's memory may be freed by others than those that asked for it.
 void enterForCom(const void* block, const wchar_t* kind, size_t size) {
-  const Ticket ticket = handOutMemory(block, kind, std::to_wstring(size) + L" bytes of a module");
+  const Ticket ticket = trackMemory(block, kind, std::to_wstring(size) + L" bytes of a module");
   if (ticket) keepBeyondCommand(ticket);
 }
 
@@ -91,7 +91,7 @@ bool heapsAreWatched() {
 
 void reportMemoryLeft() {
   for (const auto& [block, size] : blocks()) {
-    tell(Event::leak, L"memory " + std::to_wstring(size) + L" bytes");
+    report(Event::leak, L"memory " + std::to_wstring(size) + L" bytes");
   }
   blocks().clear();
 }

@@ -77,7 +77,7 @@ void makeLayoutCurrent(const RestText& name) {
     }
     throw ScriptError(L"the drawing has no layout " + wb::quoted(name) + L", only " + names);
   }
-  tell(Event::doc, L"layout " + wb::quoted(drawing.currentLayout()) + L" is current");
+  report(Event::doc, L"layout " + wb::quoted(drawing.currentLayout()) + L" is current");
 }
 
 void showAttributes(const std::wstring& block, const std::wstring& tag) {
@@ -85,9 +85,9 @@ void showAttributes(const std::wstring& block, const std::wstring& tag) {
   const std::wstring name = block + L"." + tag;
   if (attributes.empty()) throw ScriptError(L"nothing in the drawing bears " + name);
   for (const Drawing::AttributeText& one : attributes) {
-    tell(Event::doc,
-         name + (one.layout.empty() ? L" inside a block" : L" on " + wb::quoted(one.layout)) +
-             L" = " + wb::quoted(one.value) + (one.aligned ? L"" : L", not aligned"));
+    report(Event::doc,
+           name + (one.layout.empty() ? L" inside a block" : L" on " + wb::quoted(one.layout)) +
+               L" = " + wb::quoted(one.value) + (one.aligned ? L"" : L", not aligned"));
   }
 }
 

@@ -78,8 +78,8 @@ void menu(Arguments& arguments) {
   if (picked.empty()) throw ScriptError(L"nothing is picked");
   ContextMenus& menus = Host::instance().menus();
   menus.rightClick(picked);
-  for (const MenuItem& item : menus.items()) tell(Event::menu, describe(item));
-  if (menus.items().empty()) tell(Event::menu, L"no entries");
+  for (const MenuItem& item : menus.items()) report(Event::menu, describe(item));
+  if (menus.items().empty()) report(Event::menu, L"no entries");
   if (file.empty()) return;
   try {
     menus.picture(submenu, file);
@@ -172,12 +172,12 @@ std::wstring boxState(HWND window, int id) {
 void show(HWND window) {
   const std::wstring version = wb::quoted(windowTitle(GetDlgItem(window, IDC_VERSION)));
   const auto timer = watchedTimer(window, monitorTimer);
-  tell(Event::window,
-       wb::quoted(windowTitle(window)) + (IsWindowVisible(window) ? L" shown, " : L" hidden, ") +
-           boxState(window, IDC_XREFS_LATEST) + L", " + boxState(window, IDC_CHECKED_OUT_HERE) +
-           L", " + controlState(window, IDC_VERSION, version) + L", " +
-           controlState(window, IDC_REFRESH) + L", timer=" +
-           (timer ? std::to_wstring(*timer) + L" ms" : std::wstring(L"off")));
+  report(Event::window,
+         wb::quoted(windowTitle(window)) + (IsWindowVisible(window) ? L" shown, " : L" hidden, ") +
+             boxState(window, IDC_XREFS_LATEST) + L", " + boxState(window, IDC_CHECKED_OUT_HERE) +
+             L", " + controlState(window, IDC_VERSION, version) + L", " +
+             controlState(window, IDC_REFRESH) + L", timer=" +
+             (timer ? std::to_wstring(*timer) + L" ms" : std::wstring(L"off")));
 }
 
 void window(Arguments& arguments) {

@@ -145,7 +145,7 @@ std::vector<Subcommand> subcommands() {
                     std::optional<int> version) { store().fetch(path, version.value_or(0)); }},
       {L"show",
        [](const RestPath& path) {
-         for (const std::wstring& line : store().describe(path)) tell(Event::file, line);
+         for (const std::wstring& line : store().describe(path)) report(Event::file, line);
        }},
   };
 }
@@ -265,7 +265,7 @@ std::vector<Directive> vaultDirectives() {
                         }},
                        {L"show",
                         [] {
-                          for (const std::wstring& line : addinSettings()) tell(Event::reg, line);
+                          for (const std::wstring& line : addinSettings()) report(Event::reg, line);
                         }}},
                       L" is neither set, delete nor show"))};
 }
