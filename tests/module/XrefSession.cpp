@@ -32,8 +32,7 @@ void XrefSession::openSheet() {
 
 void XrefSession::reopenSheet() {
   run("@save %WORK%\\View\\Site\\Sheet.dxf\n@close %WORK%\\View\\Site\\Sheet.dxf\n");
-  mark();
-  run("@open %WORK%\\View\\Site\\Sheet.dxf\n");
+  step("@open %WORK%\\View\\Site\\Sheet.dxf\n");
   for (const wchar_t* name : {L"Grid", L"Tree", L"Loose", L"Alpha", L"Beta", L"Zeta"}) {
     EXPECT_EQ(count(std::wstring(L"xref: loaded ") + name + L" "), 1) << recent();
   }

@@ -19,3 +19,9 @@ class XrefSession : public ModuleSession {
 
   const std::filesystem::path view = workFolder() / L"View";
 };
+
+/// The same with the module loaded and the sheet open.
+class OpenSheet : public XrefSession {
+ protected:
+  OpenSheet() { openSheet(); }
+};

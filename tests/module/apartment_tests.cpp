@@ -14,8 +14,7 @@ class Apartments : public XrefSession {
     return line.rfind(L"client: ", 0) == 0 && line.find(L"VaultTextService") == std::wstring::npos;
   }
   void expectLevel(int level, const std::string& script) {
-    mark();
-    run(script);
+    step(script);
     int calls = 0;
     for (const wb::Transcript::Detail& detail : details()) {
       if (!asksTheVault(detail.line)) continue;
@@ -34,13 +33,12 @@ TEST_F(Apartments, AreOfTheCommandTheWindowAndTheMenuAlone) {
   openSheet();
   expectLevel(1, "@pick Grid\n@menu\n");
   expectLevel(1, "@pick Grid\nTessaro_lockxref\n");
-  for (const char* step : {"@tick\n", "@click IDC_XREFS_LATEST\n", "@click IDC_REFRESH\n"})
-    expectLevel(1, step);
+  for (const char* action : {"@tick\n", "@click IDC_XREFS_LATEST\n", "@click IDC_REFRESH\n"})
+    expectLevel(1, action);
   expectLevel(0, "@save %WORK%\\View\\Site\\Sheet.dxf\n");
   expectLevel(0, "@answer no\n@opendialog %WORK%\\View\\Plan.dxf\n");
   run("@reg set EditWarning 1\n");
-  mark();
-  run("@answer no\n@edit\n");
+  step("@answer no\n@edit\n");
   int guarding = 0;
   for (const wb::Transcript::Detail& detail : details()) {
     if (detail.line.rfind(L"sent: ", 0) == 0) break;

@@ -3,14 +3,13 @@
 
 namespace {
 
-class ContextMenu : public XrefSession {
+class ContextMenu : public OpenSheet {
  protected:
   using Lines = std::vector<std::wstring>;
 
   /// The entries for a right-click on these.
   Lines menuOn(const std::string& picked) {
-    mark();
-    run("@pick " + picked + "\n@menu\n");
+    step("@pick " + picked + "\n@menu\n");
     Lines menu;
     for (const std::wstring& line : lines()) {
       if (line.rfind(L"menu: ", 0) == 0) menu.push_back(line.substr(6));
@@ -23,7 +22,6 @@ class ContextMenu : public XrefSession {
 };
 
 TEST_F(ContextMenu, OneXrefHasItsVersionsNewestFirst) {
-  openSheet();
   Lines expected{L"\"Check out this Xref\" id=1",
                  L"\"Edit this Xref\" id=3",
                  L"\"Get Version\" submenu",
@@ -45,7 +43,6 @@ TEST_F(ContextMenu, OneXrefHasItsVersionsNewestFirst) {
 }
 
 TEST_F(ContextMenu, EveryXrefOfASetHasAVetoAndAnythingElseEndsIt) {
-  openSheet();
   EXPECT_EQ(menuOn("Loose"), none);
   EXPECT_EQ(menuOn("Plain"), none);
   EXPECT_EQ(menuOn("Plain Grid"), none);
@@ -53,9 +50,11 @@ TEST_F(ContextMenu, EveryXrefOfASetHasAVetoAndAnythingElseEndsIt) {
   EXPECT_EQ(menuOn("#1 Grid"), none);
   EXPECT_EQ(menuOn("Grid Tree"), checkOut);
   EXPECT_EQ(menuOn("Grid Loose Tree"), none);
+  EXPECT_EQ(menuOn("Loose Tree"), none);
   run("@pick Grid\nTessaro_lockxref\n");
   EXPECT_EQ(menuOn("Grid Tree"), none);
   EXPECT_EQ(menuOn("Tree Grid"), none);
+  EXPECT_EQ(menuOn("Grid Loose"), none);
   run("@vault checkout %WORK%\\View\\Xrefs\\Tree.dxf user eva computer OTHER folder D:\\View\n");
   EXPECT_EQ(menuOn("Grid Tree"), Lines{checkIn[0] + L" grayed"});
   EXPECT_EQ(menuOn("Tree Grid"), Lines{checkIn[0] + L" grayed"});
@@ -68,7 +67,6 @@ TEST_F(ContextMenu, CommentsAreShownAsTheyAreOnOneLine) {
   const std::string add = "@vault newversion %WORK%\\View\\Xrefs\\Zeta.dxf from %WORK%\\small.dxf";
   run(add + " comment 100%s && \"R&D\" &\n" + add + " comment one\ttwo\n" + add + " comment " +
       longText + "\n");
-  openSheet();
   writeDrawing(L"View/Site/Other.dxf", {{L"Zeta", L"..\\Xrefs\\Zeta.dxf"}});
   run("@open %WORK%\\View\\Site\\Other.dxf\n");
   const Lines menu = menuOn("Zeta");
@@ -79,13 +77,11 @@ TEST_F(ContextMenu, CommentsAreShownAsTheyAreOnOneLine) {
 }
 
 TEST_F(ContextMenu, AChosenItemSendsItsCommandForTheSelectionThatIsStillThere) {
-  openSheet();
   run("@pick Grid\n@menu shot %WORK%\\menu.png open Get Version\n"
       "@choose Get Version > 2. R&D 5%\n");
   expectOrder({L"file: picture \"<work>\\menu.png\"", L"send: \"_Tessaro_getxrefver2 2 \"",
                L"command: Tessaro_getxrefver2", L"version=2) -> S_OK"});
-  mark();
-  run("@pick Grid Tree\n@menu\n@choose Check out this Xref\n");
+  step("@pick Grid Tree\n@menu\n@choose Check out this Xref\n");
   expectOrder({L"send: \"_Tessaro_lockxref \"", L"xref: unloaded Grid", L"xref: unloaded Tree"});
   run("@pick Grid Tree\n@menu\n@answer cancel\n@answer cancel\n@choose Check in this Xref\n");
   EXPECT_EQ(count(L"send: \"_Tessaro_unlockxref \""), 1) << recent();
@@ -101,7 +97,6 @@ struct WrongChoice {
 };
 
 TEST_F(ContextMenu, AScriptCanOnlyChooseWhatIsThere) {
-  openSheet();
   const WrongChoice wrong[] = {
       {"@pick\n@menu\n", L"nothing is picked"},
       {"@pick Nobody\n", L"nothing more of that name on Model: Nobody"},
@@ -121,13 +116,10 @@ TEST_F(ContextMenu, AScriptCanOnlyChooseWhatIsThere) {
 }
 
 TEST_F(ContextMenu, AFailureOfTheClientIsToldAndLeavesNoEntries) {
-  openSheet();
   run("@fail VaultFileLegacy.isCheckedOut E_QVT_PERMISSION_DENIED\n@answer ok\n@pick "
       "Grid\n@menu\n");
-  expectOrder(
-      {L"box: flags=MB_OK|MB_ICONINFORMATION title=\"Tessaro\" text=\"You don't have "
-       L"permission to perform this action.\"",
-       L"menu: no entries"});
+  expectOrder({informationBox(L"You don't have permission to perform this action.\""),
+               L"menu: no entries"});
   EXPECT_EQ(count(L"uncaught"), 0) << recent();
 }
 

@@ -45,11 +45,7 @@ HWND windowWith(std::function<bool(HWND)> wanted) {
   return search.window;
 }
 
-HWND statusWindow() {
-  return windowWith([](HWND window) { return GetDlgItem(window, IDC_XREFS_LATEST) != nullptr; });
-}
-
-UINT boxState(int id) { return IsDlgButtonChecked(statusWindow(), id); }
+UINT boxState(int id) { return IsDlgButtonChecked(ModuleSession::statusWindow(), id); }
 
 wb::Drawing* activeDrawing() {
   const wb::Document* active = wb::Host::instance().documents().active();
@@ -115,8 +111,9 @@ class Person {
   }
 
   void clickStatus(int id) {
-    then("a click in the status window",
-         [id] { return PostMessageW(GetDlgItem(statusWindow(), id), BM_CLICK, 0, 0) != FALSE; });
+    then("a click in the status window", [id] {
+      return PostMessageW(GetDlgItem(ModuleSession::statusWindow(), id), BM_CLICK, 0, 0) != FALSE;
+    });
   }
 
   /// Clicks the drawing where a reference to the block is seen and nothing else.
@@ -215,18 +212,12 @@ class Person {
   bool busy = false;
 };
 
-struct SessionFolder : ModuleSession {
-  using ModuleSession::options;
-  using ModuleSession::workbenchFile;
-};
-
-std::string deskScript() { return bytesOf(SessionFolder::workbenchFile(L"scripts/desk.txt")); }
-
 TEST(Desk, APersonChecksOutChangesBringsUpToDateAndChecksInByMouseAlone) {
-  wb::SessionOptions options = SessionFolder::options();
+  wb::SessionOptions options = ModuleSession::options();
   options.interactive = true;
   wb::Session session(options);
-  ASSERT_TRUE(session.run(deskScript())) << wb::toUtf8(session.text());
+  ASSERT_TRUE(session.run(bytesOf(ModuleSession::workbenchFile(L"scripts/desk.txt"))))
+      << wb::toUtf8(session.text());
   const std::wstring folder = options.workFolder;
   const auto stored = [&](const wchar_t* file) -> const wb::StoredFile& {
     return *wb::store().find(folder + L"\\Plant\\" + file);

@@ -6,7 +6,7 @@
 
 namespace {
 
-class EditXref : public XrefSession {
+class EditXref : public OpenSheet {
  protected:
   void edit(const char* name) {
     run(std::string("@pick\n@select ") + name + "\nTessaro_editxref\n");
@@ -18,14 +18,10 @@ class EditXref : public XrefSession {
   }
   std::string windowOf(const wchar_t* file) const { return upper(view / L"Xrefs" / file); }
   std::string sheet() const { return wb::toUtf8((view / L"Site" / L"Sheet.dxf").wstring()); }
-  void backToSheet() {
-    mark();
-    run("@activate " + sheet() + "\n");
-  }
+  void backToSheet() { step("@activate " + sheet() + "\n"); }
 };
 
 TEST_F(EditXref, AFreeFileIsLetGoCheckedOutAndOpenedInItsOwnWindow) {
-  openSheet();
   edit("Grid");
   expectOrder({L"prompt: \"Select Xref: ", L"isCheckedOut() -> S_OK = false",
                L"xref: unloaded Grid", L"VaultFileLegacy.checkOut(",
@@ -41,7 +37,6 @@ TEST_F(EditXref, AFreeFileIsLetGoCheckedOutAndOpenedInItsOwnWindow) {
 }
 
 TEST_F(EditXref, AFileHeldHereOrOutsideTheVaultIsOpenedAsItIs) {
-  openSheet();
   run("@vault checkout %WORK%\\View\\Xrefs\\Tree.dxf\n");
   edit("Tree");
   backToSheet();
@@ -51,7 +46,6 @@ TEST_F(EditXref, AFileHeldHereOrOutsideTheVaultIsOpenedAsItIs) {
 }
 
 TEST_F(EditXref, AFileThatIsOpenForWritingOrHeldElsewhereIsRefused) {
-  openSheet();
   edit("Grid");
   backToSheet();
   mark();
@@ -69,7 +63,6 @@ TEST_F(EditXref, AFileThatIsOpenForWritingOrHeldElsewhereIsRefused) {
 }
 
 TEST_F(EditXref, AReadOnlyWindowOnTheFileDoesNotCount) {
-  openSheet();
   run("@open %WORK%\\View\\Xrefs\\Grid.dxf readonly\n");
   backToSheet();
   edit("Grid");
@@ -78,13 +71,11 @@ TEST_F(EditXref, AReadOnlyWindowOnTheFileDoesNotCount) {
 }
 
 TEST_F(EditXref, OfTwoEditedXrefsTheOneWhoseWindowHasGoneIsLoadedAgain) {
-  openSheet();
   edit("Grid");
   backToSheet();
   edit("Loose");
   run("@open %WORK%\\View\\Plan.dxf\n");
-  mark();
-  run("@close " + upper(workFolder() / L"Loose.dxf") + "\n");
+  step("@close " + upper(workFolder() / L"Loose.dxf") + "\n");
   EXPECT_EQ(count(L"xref: loaded"), 0) << "another drawing is on top, " << recent();
   backToSheet();
   EXPECT_EQ(count(L"xref: loaded Loose"), 1) << recent();
@@ -96,11 +87,9 @@ TEST_F(EditXref, OfTwoEditedXrefsTheOneWhoseWindowHasGoneIsLoadedAgain) {
 }
 
 TEST_F(EditXref, AParentThatIsClosedMeanwhileIsForgotten) {
-  openSheet();
   edit("Grid");
   run("@save " + sheet() + "\n@close " + sheet() + "\n");
-  mark();
-  run("@close " + windowOf(L"Grid.dxf") + "\n@open %WORK%\\View\\Plan.dxf\n");
+  step("@close " + windowOf(L"Grid.dxf") + "\n@open %WORK%\\View\\Plan.dxf\n");
   EXPECT_EQ(count(L"xref: "), 0) << recent();
   run("@open " + sheet() + "\n");
   EXPECT_EQ(count(L"xref: loaded Grid"), 1) << recent();
@@ -108,16 +97,13 @@ TEST_F(EditXref, AParentThatIsClosedMeanwhileIsForgotten) {
 
 TEST_F(EditXref, AReloadThatWaitedForAClosedParentIsNotThatOfAnotherAtItsAddress) {
   wb::Host::instance().documents().reuseAddresses();
-  openSheet();
   edit("Grid");
   run("@save " + sheet() + "\n@close " + sheet() + "\n@open " + sheet() + "\n");
-  mark();
-  run("@close " + windowOf(L"Grid.dxf") + "\n");
+  step("@close " + windowOf(L"Grid.dxf") + "\n");
   EXPECT_EQ(count(L"xref: loaded"), 0) << recent();
 }
 
 TEST_F(EditXref, AFailedCheckOutIsToldAndTheFileOpensWithoutIt) {
-  openSheet();
   run("@fail VaultFileLegacy.checkOut E_QVT_PERMISSION_DENIED\n@answer ok\n@select Grid\n"
       "Tessaro_editxref\n");
   expectOrder({L"xref: unloaded Grid", L"Error checking out file.\\n", L"doc: opened "});
@@ -127,11 +113,10 @@ TEST_F(EditXref, AFailedCheckOutIsToldAndTheFileOpensWithoutIt) {
 
 TEST_F(EditXref, AFileThatCantBeOpenedIsTriedAgainWithTheNextActivation) {
   writeDrawing(L"Outside.dxf", {{L"Gone", L"Gone.dxf"}});
-  run("@load\n@open %WORK%\\Outside.dxf\n");
+  run("@open %WORK%\\Outside.dxf\n");
   session.run("@select Gone\nTessaro_editxref\n");
   run("@open %WORK%\\View\\Plan.dxf\n");
-  mark();
-  run("@activate %WORK%\\Outside.dxf\n");
+  step("@activate %WORK%\\Outside.dxf\n");
   EXPECT_EQ(count(L"xref: unresolved Gone"), 1) << recent();
 }
 

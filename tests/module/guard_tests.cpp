@@ -23,39 +23,50 @@ class Guard : public ModuleSession {
   void check() { run("Tessaro_getlatestxrefs\n"); }
   int warnings() const { return count(asked) + count(told); }
   int warningsAfter(const std::string& script) {
-    mark();
-    run(script);
+    step(script);
     return warnings();
   }
 };
 
+/// What the guard does at the first change.
+struct Warning {
+  const wchar_t* command = nullptr;  ///< null for nothing
+  const char* answer = "";
+  std::wstring box;
+};
+const Warning nothing;
+const Warning asksToCheckOut = {
+    L"asklock", "@answer no\n",
+    questionBox(
+        L"You are trying to modify this drawing without having it checked out in Tessaro.\\n"
+        L"Do you want to check out the file '<work>\\View\\Plan.dxf' now?\" answer=no")};
+const Warning tellsOfAnother = {
+    L"telllockedelsewhere", "@answer ok\n",
+    L"box: flags=MB_OK|MB_ICONWARNING title=\"Tessaro\" text=\"The drawing "
+    L"'<work>\\View\\Plan.dxf' is checked out somewhere else.\\nYou will not be able to save this "
+    L"file after making changes.\""};
+
 struct GuardCase {
   const char* name;
-  const char* before;   ///< the vault and the settings
-  const char* drawing;  ///< opened
-  int firstOpenings;    ///< of the vault, at the first check
-  const wchar_t* sent;  ///< at the first change; null for nothing
-  const char* answer;
+  const char* before;  ///< the vault and the settings
+  Warning warning;
+  const char* drawing = "%WORK%\\View\\Plan.dxf";
+  int firstOpenings = 1;  ///< of the vault, at the first check
 };
 
 const GuardCase cases[] = {
-    {"Off", "@reg set EditWarning 0\n", "%WORK%\\View\\Plan.dxf", 0, nullptr, ""},
-    {"Outside", "", "%WORK%\\small.dxf", 1, nullptr, ""},
-    {"NotAddedToTheVault", "", "%WORK%\\View\\Loose.dxf", 1, nullptr, ""},
-    {"Offline", "@vault offline on\n", "%WORK%\\View\\Plan.dxf", 1, nullptr, ""},
-    {"LoginFails", "@fail VaultClient.login E_FAIL always\n", "%WORK%\\View\\Plan.dxf", 1, nullptr,
-     ""},
-    {"HeldHere", "@vault checkout %WORK%\\View\\Plan.dxf\n", "%WORK%\\View\\Plan.dxf", 1, nullptr,
-     ""},
-    {"NotCheckedOut", "", "%WORK%\\View\\Plan.dxf", 1, L"asklock", "@answer no\n"},
-    {"OfAnUnreadableSetting", "@reg set EditWarning nothing as text\n", "%WORK%\\View\\Plan.dxf", 1,
-     L"asklock", "@answer no\n"},
-    {"OnByAnyNumber", "@reg set EditWarning 2\n", "%WORK%\\View\\Plan.dxf", 1, L"asklock",
-     "@answer no\n"},
+    {"Off", "@reg set EditWarning 0\n", nothing, plan.c_str(), 0},
+    {"Outside", "", nothing, "%WORK%\\small.dxf"},
+    {"NotAddedToTheVault", "", nothing, "%WORK%\\View\\Loose.dxf"},
+    {"Offline", "@vault offline on\n", nothing},
+    {"LoginFails", "@fail VaultClient.login E_FAIL always\n", nothing},
+    {"HeldHere", "@vault checkout %WORK%\\View\\Plan.dxf\n", nothing},
+    {"NotCheckedOut", "", asksToCheckOut},
+    {"OfAnUnreadableSetting", "@reg set EditWarning nothing as text\n", asksToCheckOut},
+    {"OnByAnyNumber", "@reg set EditWarning 2\n", asksToCheckOut},
     {"OnAnotherComputer", "@vault checkout %WORK%\\View\\Plan.dxf computer ELSEWHERE\n",
-     "%WORK%\\View\\Plan.dxf", 1, L"telllockedelsewhere", "@answer ok\n"},
-    {"InAnotherFolder", "@vault checkout %WORK%\\View\\Plan.dxf folder C:\\Copy\n",
-     "%WORK%\\View\\Plan.dxf", 1, L"telllockedelsewhere", "@answer ok\n"},
+     tellsOfAnother},
+    {"InAnotherFolder", "@vault checkout %WORK%\\View\\Plan.dxf folder C:\\Copy\n", tellsOfAnother},
 };
 
 class GuardDecision : public Guard, public testing::WithParamInterface<GuardCase> {};
@@ -72,37 +83,23 @@ TEST_P(GuardDecision, WarnsOnceAtMostAndAsksTheVaultTwiceAtMost) {
   check();
   EXPECT_EQ(count(L"client: "), 0) << recent();
 
-  run(each.answer + std::string("@edit\n"));
-  EXPECT_EQ(warnings(), each.sent ? 1 : 0) << recent();
-  EXPECT_EQ(count(opening), each.sent ? 1 : 0) << recent();
-  EXPECT_EQ(count(L"box: "), each.sent ? 1 : 0) << recent();
-  if (each.sent) {
-    const std::wstring text = L"_Tessaro_" + std::wstring(each.sent) + L" ";
-    expectOrder({L"send: \"" + text + L"\"", L"command: Tessaro_" + std::wstring(each.sent),
-                 L"<work>\\View\\Plan.dxf"});
+  const Warning& warning = each.warning;
+  const int expected = warning.command ? 1 : 0;
+  run(warning.answer + std::string("@edit\n"));
+  EXPECT_EQ(warnings(), expected) << recent();
+  EXPECT_EQ(count(opening), expected) << recent();
+  EXPECT_EQ(count(L"box: "), expected) << recent();
+  if (warning.command) {
+    const std::wstring text = L"_Tessaro_" + std::wstring(warning.command) + L" ";
+    expectOrder({L"send: \"" + text + L"\"", L"command: Tessaro_" + std::wstring(warning.command),
+                 warning.box});
   }
-  mark();
-  run("@edit\n@edit\n");
+  step("@edit\n@edit\n");
   EXPECT_EQ(count(L"client: ") + count(L"send: "), 0) << recent();
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, GuardDecision, testing::ValuesIn(cases),
                          [](const auto& info) { return std::string(info.param.name); });
-
-TEST_F(Guard, WordsOfTheTwoBoxes) {
-  openUnwatched();
-  run("@answer no\n@edit\n");
-  expectOrder(
-      {L"box: flags=MB_YESNO|MB_ICONQUESTION title=\"Tessaro\" text=\"You are trying to modify "
-       L"this drawing without having it checked out in Tessaro.\\nDo you want to check out the "
-       L"file '<work>\\View\\Plan.dxf' now?\" answer=no"});
-  run("@answer no\n@close\n@vault checkout %WORK%\\View\\Plan.dxf computer ELSEWHERE\n@open " +
-      plan + "\n@answer ok\n@edit\n");
-  expectOrder(
-      {L"text=\"The drawing '<work>\\View\\Plan.dxf' is checked out somewhere else.\\nYou "
-       L"will not be able to save this file after making changes.\""});
-  EXPECT_EQ(count(L"flags=MB_OK|MB_ICONWARNING"), 1) << recent();
-}
 
 TEST_F(Guard, YesGivesTheChangesUpAndChecksOut) {
   openUnwatched();
@@ -110,7 +107,9 @@ TEST_F(Guard, YesGivesTheChangesUpAndChecksOut) {
   expectOrder({asked, L"answer=yes", L"send: \"\\e_Tessaro_locksilent \"", L"send: \"_CLOSE \"",
                L"VaultFile.checkOut(", L"doc: destroyed", L"doc: opened <work>\\View\\Plan.dxf"});
   EXPECT_EQ(count(L"box: "), 1) << recent();
-  EXPECT_EQ(count(L"read-only"), 0) << recent();
+  EXPECT_EQ(count(L"read-only") + count(L"doc: saved"), 0) << recent();
+  EXPECT_EQ(wb::Host::instance().documents().active()->drawing()->dbmod(), 0);
+  EXPECT_TRUE(stored().holder);
   EXPECT_EQ(warningsAfter("@edit\n@edit\n"), 0) << recent();
 }
 
@@ -126,8 +125,7 @@ TEST_F(Guard, ChangeOfTheSettingTakesEffectAtTheNextCheck) {
   run("@reg set EditWarning 0\n");
   openUnwatched();
   EXPECT_EQ(warningsAfter("@edit\n@edit\n"), 0);
-  mark();
-  run("@reg set EditWarning 1\n@answer no\nTessaro_getlatestxrefs\n");
+  step("@reg set EditWarning 1\n@answer no\nTessaro_getlatestxrefs\n");
   EXPECT_EQ(count(asked), 1) << recent();
   EXPECT_EQ(count(opening), 1) << "changed already at its first check\n" << recent();
 }
@@ -152,9 +150,7 @@ TEST_F(Guard, EachDrawingIsWarnedOfOnItsOwn) {
 
 TEST_F(Guard, WarnsAgainOnlyOfADrawingOpenedAnew) {
   run("@vault checkout %WORK%\\View\\Plan.dxf computer ELSEWHERE\n");
-  std::filesystem::permissions(workFolder() / L"View" / L"Plan.dxf",
-                               std::filesystem::perms::owner_write,
-                               std::filesystem::perm_options::add);
+  makeWritable(L"Plan.dxf");
   openUnwatched();
   EXPECT_EQ(warningsAfter("@answer ok\n@edit\n"), 1);
   EXPECT_EQ(warningsAfter("@save\n@edit\n@save\n@edit\n"), 0) << recent();
@@ -164,8 +160,7 @@ TEST_F(Guard, WarnsAgainOnlyOfADrawingOpenedAnew) {
 
 TEST_F(Guard, NewDrawingIsNeverLookedAt) {
   run("@reg set StatusWnd 0\n@load\n@new\n");
-  mark();
-  run("@edit\n@edit\n");
+  step("@edit\n@edit\n");
   EXPECT_EQ(count(L"client: ") + count(L"send: "), 0) << recent();
 }
 

@@ -18,13 +18,9 @@ class Lisp : public ModuleSession {
 };
 
 TEST_F(Lisp, FunctionsReachEachDrawing) {
-  EXPECT_EQ(count(L"box: flags=MB_OK|MB_ICONINFORMATION title=\"Tessaro\" "
-                  L"text=\"Duplicate function \\\"DISTANCE\\\".\""),
-            1)
-      << recent();
+  EXPECT_EQ(count(informationBox(L"Duplicate function \\\"DISTANCE\\\".\"")), 1) << recent();
   for (int drawing = 0; drawing < 2; ++drawing) {
-    mark();
-    run("@new\n(distance)\nBrand_measure\nbrand_MESSEN\nBrand_area\n");
+    step("@new\n(distance)\nBrand_measure\nbrand_MESSEN\nBrand_area\n");
     expectOrder(
         {L"loadDwg", L"distance called", L"measure called", L"measure called", L"distance called"});
     EXPECT_EQ(count(L"box: "), 0) << recent();
@@ -54,8 +50,7 @@ TEST_F(Lisp, TheFirstRefusalEndsTheDefinitions) {
   };
   for (const auto& each : cases) {
     run("@new\n" + std::string(each.command) + "\n");
-    mark();
-    run("@answer ok\n@new\n(distance)\nBrand_area\n(behind)\n");
+    step("@answer ok\n@new\n(distance)\nBrand_area\n(behind)\n");
     expectOrder({each.box, L"loadDwg", L"distance called", L"distance called"});
     EXPECT_EQ(count(L"behind called"), 0) << recent();
     EXPECT_EQ(count(L"box: "), 1) << recent();

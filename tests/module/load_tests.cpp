@@ -56,8 +56,7 @@ class Load : public ModuleSession {
 };
 
 TEST_F(Load, EntersEverythingInItsOrderAndTakesAllOfItBack) {
-  mark();
-  run("@load\n@window\n");
+  step("@load\n@window\n");
   expectAllCommands(L"Tessaro_TessaroAcad");
   std::vector<std::wstring> expected;
   for (const Expected& one : commands) expected.push_back(std::wstring(L"command ") + one.name);
@@ -75,21 +74,18 @@ TEST_F(Load, EntersEverythingInItsOrderAndTakesAllOfItBack) {
   EXPECT_FALSE(session.run("@window\n")) << "the status window is gone";
 
   // Once more in the same process, as a user does after an update of the file.
-  mark();
-  run("@load\n@open %WORK%\\View\\Plan.dxf\n@answer yes\nTessaro_lock\n");
+  step("@load\n@open %WORK%\\View\\Plan.dxf\n@answer yes\nTessaro_lock\n");
   expectAllCommands(L"Tessaro_TessaroAcad");
   EXPECT_TRUE(stored().holder) << recent();
   run("@unload\n");
   // A drawing's life goes on without the application.
-  mark();
-  run("@close\nTessaro_lock\n");
+  step("@close\nTessaro_lock\n");
   EXPECT_EQ(count(L"client: "), 0) << recent();
 }
 
 TEST_F(Load, TakesItselfBackFromTheCommandsToTheVaultClient) {
   run("@load\n@open %WORK%\\View\\Plan.dxf\n");
-  mark();
-  run("@unload\n");
+  step("@unload\n");
   expectDetails({L"back: command Tessaro_install", L"back: command Tessaro_asklock",
                  L"back: select-file callback Tessaro", L"back: context menu AcDbBlockReference",
                  L"back: reactor AcEditorReactor", L"back: reactor AcApDocManagerReactor",
@@ -99,8 +95,7 @@ TEST_F(Load, TakesItselfBackFromTheCommandsToTheVaultClient) {
 
 TEST_F(Load, WithADrawingOpenServesItFromItsNextActivationOn) {
   run("@open %WORK%\\View\\Plan.dxf\n@open %WORK%\\small.dxf\n@load\n");
-  mark();
-  run("@activate %WORK%\\View\\Plan.dxf\n@answer yes\nTessaro_lock\n");
+  step("@activate %WORK%\\View\\Plan.dxf\n@answer yes\nTessaro_lock\n");
   expectOrder({L"doc: activated <work>\\View\\Plan.dxf", L"VaultFile.latestVersion()",
                L"VaultFile.checkOut("});
   run("@unload\n");
@@ -108,11 +103,8 @@ TEST_F(Load, WithADrawingOpenServesItFromItsNextActivationOn) {
 
 TEST_F(Load, ARefusedCommandIsToldAndTheOthersAreThere) {
   run("@reserve Tessaro_install\n@reserve TESSARO_LOCK\n");
-  mark();
-  run("@answer ok\n@answer ok\n@load\n");
-  EXPECT_EQ(count(L"flags=MB_OK|MB_ICONINFORMATION title=\"Tessaro\" text=\"Error adding command\\n"
-                  L"Acad::ErrorStatus = 22.\""),
-            2)
+  step("@answer ok\n@answer ok\n@load\n");
+  EXPECT_EQ(count(informationBox(L"Error adding command\\nAcad::ErrorStatus = 22.\"")), 2)
       << recent();
   for (const Expected& one : commands) {
     const wb::Command* found = command(one.name);
@@ -140,8 +132,7 @@ TEST_F(Load, TheFilesNameMakesTheGroupAndNothingElse) {
 
 TEST_F(Load, WithoutTheClientSaysNothingAndWorksOnceItIsThere) {
   run("@client missing\n");
-  mark();
-  run("@load\n");
+  step("@load\n");
   EXPECT_EQ(count(L"box: "), 0) << recent();
   expectAllCommands(L"Tessaro_TessaroAcad");
 

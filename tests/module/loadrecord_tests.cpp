@@ -13,8 +13,7 @@ TEST_F(LoadRecord, InstallWritesTheRecordAndUninstallTakesItAway) {
   const std::wstring file = (binFolder() / L"TessaroAcad.arx").wstring();
   run("@load\n@new\n");
   for (int round = 0; round < 2; ++round) {
-    mark();
-    run("Tessaro_uninstall\nTessaro_install\nTessaro_install\n");
+    step("Tessaro_uninstall\nTessaro_install\nTessaro_install\n");
     EXPECT_EQ(wb::filesToLoadAtStart(), std::vector<std::wstring>{file});
     expectOrder({round == 0
                      ? L"prompt: \"Failed acrxUnregisterApp. The add-in may not be installed.\""
@@ -33,16 +32,14 @@ TEST_F(LoadRecord, InstallWritesTheRecordAndUninstallTakesItAway) {
   run("Tessaro_uninstall\n");
   EXPECT_TRUE(wb::filesToLoadAtStart().empty());
   // The module stays: a command of it still runs.
-  mark();
-  run("Tessaro_uninstall\n");
+  step("Tessaro_uninstall\n");
   EXPECT_EQ(count(L"prompt: \"Failed acrxUnregisterApp."), 1) << recent();
 }
 
 TEST_F(LoadRecord, NeedsNoClient) {
   // The status of the new drawing is asked for, shown or not.
   run("@reg set StatusWnd 0\n@client missing\n@load\n@answer ok\n@new\n");
-  mark();
-  run("Tessaro_install\nTessaro_uninstall\n@client present\n");
+  step("Tessaro_install\nTessaro_uninstall\n@client present\n");
   expectOrder({L"prompt: \"Tessaro AutoCAD add-in has been registered successfully.\"",
                L"prompt: \"Tessaro AutoCAD add-in has been unregistered successfully.\""});
   EXPECT_EQ(count(L"box: "), 0) << recent();
@@ -50,11 +47,7 @@ TEST_F(LoadRecord, NeedsNoClient) {
 
 /// Two runs of the host, one after the other.
 TEST(HostRestart, LoadsWhatWasInstalledUntilItIsUninstalled) {
-  struct Options : ModuleSession {
-    using ModuleSession::options;
-    void TestBody() override {}
-  };
-  wb::SessionOptions options = Options::options();
+  wb::SessionOptions options = ModuleSession::options();
   const auto start = [&](bool keep) {
     options.keep = keep;
     return std::make_unique<wb::Session>(options);

@@ -29,8 +29,6 @@ class EndingHost : public ModuleSession {
     ExitProcess(ready ? endedWell : 1);
   }
 
-  using ModuleSession::options;
-
  private:
   void TestBody() override {}
 };

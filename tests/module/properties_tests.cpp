@@ -5,12 +5,11 @@
 
 namespace {
 
-class Properties : public XrefSession {
+class Properties : public OpenSheet {
  protected:
   /// Runs the command for a pick and gives the dialog's line of texts, empty without a dialog.
   std::wstring shownFor(const std::string& picked) {
-    mark();
-    run("@pick " + picked + "\n@texts-next\n@answer ok\nTessaro_properties\n");
+    step("@pick " + picked + "\n@texts-next\n@answer ok\nTessaro_properties\n");
     for (const std::wstring& line : lines()) {
       if (line.find(L"- Properties\" texts") != std::wstring::npos) return line;
     }
@@ -19,7 +18,6 @@ class Properties : public XrefSession {
 };
 
 TEST_F(Properties, AFileThatNobodyHolds) {
-  openSheet();
   EXPECT_EQ(shownFor("Grid"),
             L"dialog: \"Grid.dxf - Properties\" texts 1015=\"Location:\" "
             L"1008=\"<work>\\View\\Xrefs\\Grid.dxf\" 1016=\"Local version:\" 1009=\"1\" "
@@ -29,7 +27,6 @@ TEST_F(Properties, AFileThatNobodyHolds) {
 }
 
 TEST_F(Properties, AFileThatAnotherHolds) {
-  openSheet();
   run("@vault checkout %WORK%\\View\\Xrefs\\Grid.dxf user eva computer OTHER folder D:\\View\n");
   const std::wstring shown = shownFor("Grid");
   EXPECT_NE(shown.find(L" 1013=\"eva\" "), std::wstring::npos) << recent();
@@ -37,7 +34,6 @@ TEST_F(Properties, AFileThatAnotherHolds) {
 }
 
 TEST_F(Properties, TheDrawingItselfIsShownWhereNoXrefIsPicked) {
-  openSheet();
   for (const char* picked : {"", "#1", "Plain", "Grid Tree"}) {
     EXPECT_EQ(shownFor(picked).rfind(L"dialog: \"Sheet.dxf - Properties\"", 0), 0u)
         << picked << recent();
@@ -46,30 +42,25 @@ TEST_F(Properties, TheDrawingItselfIsShownWhereNoXrefIsPicked) {
 }
 
 TEST_F(Properties, OutsideTheVaultNothingIsShown) {
-  openSheet();
   run("@pick Loose\nTessaro_properties\n@new\nTessaro_properties\n");
-  EXPECT_EQ(count(L"dialog: "), 0) << recent();
-  EXPECT_EQ(count(L"box: "), 0) << recent();
+  EXPECT_EQ(count(L"dialog: ") + count(L"box: "), 0) << recent();
 }
 
 TEST_F(Properties, AFileWithoutALocalCopyShowsADash) {
+  run("@close\n");
   const std::filesystem::path grid = view / L"Xrefs" / L"Grid.dxf";
   SetFileAttributesW(grid.c_str(), FILE_ATTRIBUTE_NORMAL);
   ASSERT_TRUE(std::filesystem::remove(grid));
-  openSheet();
+  run("@open %WORK%\\View\\Site\\Sheet.dxf\n");
   EXPECT_NE(shownFor("Grid").find(L" 1009=\"-\" 1017=\"Latest version:\" 1011=\"3\""),
             std::wstring::npos)
       << recent();
 }
 
 TEST_F(Properties, AFailureOfTheClientIsToldInPlaceOfTheDialog) {
-  openSheet();
   run("@fail VaultFile.currentState E_QVT_FILE_NOT_FOUND\n@answer ok\n@pick Grid\n"
       "Tessaro_properties\n");
-  EXPECT_EQ(count(L"box: flags=MB_OK|MB_ICONINFORMATION title=\"Tessaro\" "
-                  L"text=\"The file could not be found.\""),
-            1)
-      << recent();
+  EXPECT_EQ(count(informationBox(L"The file could not be found.\"")), 1) << recent();
   EXPECT_EQ(count(L"dialog: "), 0) << recent();
 }
 

@@ -26,106 +26,74 @@ const std::wstring asked = L"send: \"_Tessaro_asklock \"";
 
 wb::Host& host() { return wb::Host::instance(); }
 
-/// Does something once in the next message loop of this thread: that of a box, for one.
-class InNextLoop {
+/// Something that is done once.
+class Once {
  public:
-  explicit InNextLoop(std::function<void()> what) {
-    action() = std::move(what);
-    WNDCLASSW type{};
-    type.lpfnWndProc = procedure;
-    type.hInstance = GetModuleHandleW(nullptr);
-    type.lpszClassName = L"InNextLoop";
-    RegisterClassW(&type);
-    window = CreateWindowExW(0, type.lpszClassName, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
-                             type.hInstance, nullptr);
-    PostMessageW(window, WM_APP, 0, 0);
-  }
-  InNextLoop(const InNextLoop&) = delete;
-  InNextLoop& operator=(const InNextLoop&) = delete;
-  ~InNextLoop() {
-    EXPECT_FALSE(action()) << "no loop has run";
-    DestroyWindow(window);
+  Once(const Once&) = delete;
+  Once& operator=(const Once&) = delete;
+
+ protected:
+  explicit Once(std::function<void()> what) { action = std::move(what); }
+  ~Once() { EXPECT_FALSE(action) << "the occasion hasn't come"; }
+
+  static void happen() {
+    if (action) std::exchange(action, nullptr)();
   }
 
  private:
-  static std::function<void()>& action() {
-    static std::function<void()> what;
-    return what;
-  }
-  static LRESULT CALLBACK procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message != WM_APP || !action()) return DefWindowProcW(handle, message, wParam, lParam);
-    std::exchange(action(), nullptr)();
-    return 0;
-  }
-
-  HWND window = nullptr;
+  static inline std::function<void()> action;
 };
 
-/// Does something once, when the module next makes a call of Windows: what a client that shows
-/// windows of its own could let through there.
-class AtCall {
+/// Does something in the next message loop of this thread: that of a box, for one.
+class InNextLoop : Once {
  public:
-  AtCall(const wb::WatchedCall& call, std::function<void()> what) {
-    action() = std::move(what);
-    for (const wb::PatchedSlot& slot :
-         wb::patchImports(GetModuleHandleW(L"TessaroAcad.arx"), {call})) {
-      patched = slot;
-    }
+  explicit InNextLoop(std::function<void()> what) : Once(std::move(what)) {
+    PostMessageW(nullptr, WM_TIMER, SetTimer(nullptr, 0, USER_TIMER_MAXIMUM, onTimer),
+                 reinterpret_cast<LPARAM>(onTimer));
   }
-  AtCall(const AtCall&) = delete;
-  AtCall& operator=(const AtCall&) = delete;
+
+ private:
+  static void CALLBACK onTimer(HWND, UINT, UINT_PTR timer, DWORD) {
+    KillTimer(nullptr, timer);
+    happen();
+  }
+};
+
+/// Does something when the module next makes a call of Windows: what a client that shows windows of
+/// its own could let through there.
+class AtCall : Once {
+ public:
+  template <class Result, class... Arguments>
+  AtCall(const char* name, Result(WINAPI* function)(Arguments...), std::function<void()> what)
+      : Once(std::move(what)) {
+    original<Result, Arguments...> = function;
+    const auto slots =
+        wb::patchImports(GetModuleHandleW(L"TessaroAcad.arx"),
+                         {{name, wb::observerOf(observer<Result, Arguments...>, function)}});
+    if (!slots.empty()) patched = slots.back();
+  }
   ~AtCall() {
-    EXPECT_FALSE(action()) << "the call hasn't come";
     DWORD protection = 0;
     VirtualProtect(patched.slot, sizeof(void*), PAGE_READWRITE, &protection);
     *patched.slot = patched.original;
     VirtualProtect(patched.slot, sizeof(void*), protection, &protection);
   }
 
-  static void comes() {
-    if (action()) std::exchange(action(), nullptr)();
-  }
-
  private:
-  static std::function<void()>& action() {
-    static std::function<void()> what;
-    return what;
+  template <class Result, class... Arguments>
+  static inline Result(WINAPI* original)(Arguments...) = nullptr;
+  template <class Result, class... Arguments>
+  static Result WINAPI observer(Arguments... arguments) {
+    happen();
+    return original<Result, Arguments...>(arguments...);
   }
 
   wb::PatchedSlot patched{};
 };
 
-BOOL WINAPI computerName(LPWSTR name, LPDWORD size) {
-  AtCall::comes();
-  return GetComputerNameW(name, size);
-}
-
-HANDLE WINAPI fileOpened(LPCWSTR name, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES security,
-                         DWORD disposition, DWORD flags, HANDLE pattern) {
-  AtCall::comes();
-  return CreateFileW(name, access, share, security, disposition, flags, pattern);
-}
-
-LPWSTR WINAPI fileNameFound(LPCWSTR path) {
-  AtCall::comes();
-  return PathFindFileNameW(path);
-}
-
-LPWSTR WINAPI upperCase(LPWSTR text) {
-  AtCall::comes();
-  return CharUpperW(text);
-}
-
 class Reentrance : public ModuleSession {
  protected:
-  Reentrance() {
-    writeDrawing(L"part.dxf");
-    writeDrawing(L"site.dxf", {{L"Part", L"Part.dxf"}});
-    run("@vault add %WORK%\\View\\Part.dxf from %WORK%\\part.dxf\n"
-        "@vault add %WORK%\\View\\Site.dxf from %WORK%\\site.dxf\n"
-        "@vault add " +
-        other + " from %WORK%\\small.dxf\n");
-  }
+  Reentrance() { addSite(); }
 
   /// A command of another application in the drawing on top.
   static void command(const wchar_t* name, std::function<void()> work) {
@@ -136,9 +104,14 @@ class Reentrance : public ModuleSession {
     host().runUntilIdle();
   }
   static void editByHand() { host().documents().active()->drawing()->edit(); }
-  static HWND statusWindow() { return FindWindowW(nullptr, L"Tessaro Status"); }
   static void tick() { SendMessageW(statusWindow(), WM_TIMER, 1, 0); }
   static std::wstring pathOf(const wchar_t* file) { return (viewFolder() / file).wstring(); }
+  static void closeFile(const wchar_t* file) {
+    host().documents().close(host().documents().find(pathOf(file)), false);
+  }
+  static void clickXrefs() {
+    SendMessageW(statusWindow(), WM_COMMAND, MAKEWPARAM(1005, BN_CLICKED), 0);
+  }
   std::string window() {
     run("@window\n");
     return wb::toUtf8(session.transcript().back());
@@ -146,6 +119,15 @@ class Reentrance : public ModuleSession {
   void openUnwatched() {
     run("@reg set StatusWnd 0\n@load\n@open " + plan + "\n");
     mark();
+  }
+  /// Closes the drawing on top, answers first, and opens another one, which lies at its address:
+  /// nothing of what the module remembered of the old one may be left.
+  void replaceBy(const std::string& path, const std::string& answers = "") {
+    const AcApDocument* const before = host().documents().active();
+    host().documents().reuseAddresses();
+    run(answers + "@close\n");
+    step("@open " + path + "\n");
+    ASSERT_EQ(host().documents().active(), before);
   }
 };
 
@@ -172,8 +154,7 @@ TEST_F(GuardReentrance, ACommandThatPromptsDoesNotEatTheWarning) {
 }
 
 TEST_F(GuardReentrance, AChangeWithoutALockIsSeenBeforeItIsSaved) {
-  std::filesystem::permissions(viewFolder() / L"Plan.dxf", std::filesystem::perms::owner_write,
-                               std::filesystem::perm_options::add);
+  makeWritable(L"Plan.dxf");
   openUnwatched();
   editByHand();
   run("@answer no\n@save\n");
@@ -201,15 +182,22 @@ TEST_F(GuardReentrance, ADocumentThatGoesWhileTheVaultIsAskedIsLeftAlone) {
     editByHand();
     mark();
     {
-      const AtCall call({"GetComputerNameW", wb::observerOf(computerName, GetComputerNameW)}, [] {
-        host().documents().close(host().documents().find(pathOf(L"Plan.dxf")), false);
-      });
+      const AtCall call("GetComputerNameW", GetComputerNameW, [] { closeFile(L"Plan.dxf"); });
       command(L"LINE", [] {});
     }
     EXPECT_EQ(count(L"send: ") + count(L"error: ") + count(L"uncaught"), 0) << recent();
     EXPECT_EQ(count(L"doc: destroyed"), 1) << recent();
     run("@unload\n");
   }
+}
+
+TEST_F(GuardReentrance, ADrawingAtTheAddressOfAClosedOneIsWarnedOfAgain) {
+  openUnwatched();
+  run("@answer no\n@edit\n");
+  EXPECT_EQ(count(asked), 1) << recent();
+  replaceBy(plan, "@answer no\n");
+  run("@answer no\n@edit\n");
+  EXPECT_EQ(count(asked), 1) << recent();
 }
 
 class WindowReentrance : public Reentrance {
@@ -249,12 +237,16 @@ TEST_F(WindowReentrance, AnEventInTheMiddleOfAStepFollowsIt) {
       << recent();
 }
 
+TEST_F(WindowReentrance, ADrawingAtTheAddressOfAClosedOneIsNew) {
+  run("@load\n@open " + plan + "\n");
+  replaceBy(other);
+  EXPECT_GT(count(L"VaultClient.login"), 0) << recent();
+}
+
 TEST_F(WindowReentrance, ADocumentThatGoesDuringACheckLeavesNothingBehind) {
   run("@load\n@open %WORK%\\View\\Site.dxf\n");
   {
-    const AtCall call({"CreateFileW", wb::observerOf(fileOpened, CreateFileW)}, [] {
-      host().documents().close(host().documents().find(pathOf(L"Site.dxf")), false);
-    });
+    const AtCall call("CreateFileW", CreateFileW, [] { closeFile(L"Site.dxf"); });
     tick();
   }
   EXPECT_NE(window().find("1007=\"Version: -/-\" disabled"), std::string::npos);
@@ -265,7 +257,7 @@ TEST_F(WindowReentrance, ADocumentThatGoesDuringACheckLeavesNothingBehind) {
 TEST_F(WindowReentrance, WhatACheckFoundIsNotShownForTheDrawingThatCameToTheTopMeanwhile) {
   run("@load\n@open " + plan + "\n@open %WORK%\\View\\Site.dxf\n");
   {
-    const AtCall call({"CreateFileW", wb::observerOf(fileOpened, CreateFileW)}, [] {
+    const AtCall call("CreateFileW", CreateFileW, [] {
       host().documents().activate(host().documents().find(pathOf(L"Plan.dxf")));
     });
     tick();
@@ -291,9 +283,9 @@ TEST_F(WindowReentrance, NothingChecksXrefsInTheMiddleOfAnotherCheck) {
       "%WORK%\\small.dxf\n@vault date %WORK%\\View\\Part.dxf 2030-01-01 10:00:00\n");
   mark();
   {
-    const AtCall call({"CreateFileW", wb::observerOf(fileOpened, CreateFileW)}, [] {
+    const AtCall call("CreateFileW", CreateFileW, [] {
       tick();
-      SendMessageW(statusWindow(), WM_COMMAND, MAKEWPARAM(1005, BN_CLICKED), 0);
+      clickXrefs();
     });
     run("Tessaro_getlatestxrefs\n");
   }
@@ -301,7 +293,7 @@ TEST_F(WindowReentrance, NothingChecksXrefsInTheMiddleOfAnotherCheck) {
   EXPECT_EQ(count(L"VaultFile.getLocalCopy("), 1) << recent();
   EXPECT_EQ(count(L"VaultFile.localVersion("), 0) << "a tick would ask for the status, too";
   {
-    const AtCall call({"CreateFileW", wb::observerOf(fileOpened, CreateFileW)}, [] {
+    const AtCall call("CreateFileW", CreateFileW, [] {
       host().runner().run(*host().commands().find(L"Tessaro_getlatestxrefs"),
                           host().documents().active());
     });
@@ -315,12 +307,11 @@ TEST_F(WindowReentrance, NothingChecksXrefsWhileOneIsFetchedOrCheckedIn) {
   run("@load\n@open %WORK%\\View\\Site.dxf\n");
   const auto tickAndClick = [] {
     tick();
-    SendMessageW(statusWindow(), WM_COMMAND, MAKEWPARAM(1005, BN_CLICKED), 0);
+    clickXrefs();
   };
   mark();
   {
-    const AtCall call({"PathFindFileNameW", wb::observerOf(fileNameFound, PathFindFileNameW)},
-                      tickAndClick);
+    const AtCall call("PathFindFileNameW", PathFindFileNameW, tickAndClick);
     run("@pick Part\n_Tessaro_getxrefver2 1 \n");
   }
   run("@vault checkout %WORK%\\View\\Part.dxf\n");
@@ -344,7 +335,7 @@ TEST_F(WindowReentrance, WhatTheHostCallsAfterTheUnloadDoesNothing) {
   mark();
   {
     // The host gets this to do later ahead of what the module hands to it.
-    const AtCall call({"CharUpperW", wb::observerOf(upperCase, CharUpperW)}, [] {
+    const AtCall call("CharUpperW", CharUpperW, [] {
       host().documents().executeInApplicationContext(
           [](void*) { host().unloadModule(options().module); }, nullptr);
     });

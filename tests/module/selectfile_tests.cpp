@@ -5,9 +5,8 @@
 namespace {
 
 const std::string plan = "%WORK%\\View\\Plan.dxf";
-const std::wstring question =
-    L"box: flags=MB_YESNO|MB_ICONQUESTION title=\"Tessaro\" text=\"This file is not checked out in "
-    L"Tessaro. Do you want to check out it before opening?\"";
+const std::wstring question = questionBox(
+    L"This file is not checked out in Tessaro. Do you want to check out it before opening?\"");
 
 class SelectFile : public ModuleSession {
  protected:
@@ -29,31 +28,26 @@ class SelectFile : public ModuleSession {
 struct OfferCase {
   const char* name;
   const char* before;
-  const char* pick;
-  const char* answer;  ///< empty: no box may come
   bool asksTheVault;
-  bool checksOut;
+  const char* answer = "";  ///< empty: no box may come
+  bool checksOut = false;
+  const char* pick = "%WORK%\\View\\Plan.dxf";
 };
 
 const OfferCase cases[] = {
-    {"SettingMissing", "", "%WORK%\\View\\Plan.dxf", "", false, false},
-    {"SettingZero", "@reg set Autolock 0\n", "%WORK%\\View\\Plan.dxf", "", false, false},
-    {"SettingTooLong", "@reg set Autolock 1 as long-number\n", "%WORK%\\View\\Plan.dxf", "", false,
-     false},
-    {"Agreed", "@reg set Autolock 1\n", "%WORK%\\View\\Plan.dxf", "@answer yes\n", true, true},
-    {"Refused", "@reg set Autolock 1\n", "%WORK%\\View\\Plan.dxf", "@answer no\n", true, false},
-    {"AnyNumber", "@reg set Autolock 0x80000000\n", "%WORK%\\View\\Plan.dxf", "@answer yes\n", true,
-     true},
-    {"HeldHere", "@reg set Autolock 1\n@vault checkout %WORK%\\View\\Plan.dxf\n",
-     "%WORK%\\View\\Plan.dxf", "", true, false},
+    {"SettingMissing", "", false},
+    {"SettingZero", "@reg set Autolock 0\n", false},
+    {"SettingTooLong", "@reg set Autolock 1 as long-number\n", false},
+    {"Agreed", "@reg set Autolock 1\n", true, "@answer yes\n", true},
+    {"Refused", "@reg set Autolock 1\n", true, "@answer no\n"},
+    {"AnyNumber", "@reg set Autolock 0x80000000\n", true, "@answer yes\n", true},
+    {"HeldHere", "@reg set Autolock 1\n@vault checkout %WORK%\\View\\Plan.dxf\n", true},
     {"HeldByAnother",
      "@reg set Autolock 1\n@vault checkout %WORK%\\View\\Plan.dxf user eva computer ELSEWHERE\n",
-     "%WORK%\\View\\Plan.dxf", "", true, false},
-    {"Outside", "@reg set Autolock 1\n", "%WORK%\\small.dxf", "", true, false},
-    {"Offline", "@reg set Autolock 1\n@vault offline on\n", "%WORK%\\View\\Plan.dxf", "", true,
-     false},
-    {"LookupFails", "@reg set Autolock 1\n@fail VaultClient.fileFromPath E_FAIL\n",
-     "%WORK%\\View\\Plan.dxf", "", true, false},
+     true},
+    {"Outside", "@reg set Autolock 1\n", true, "", false, "%WORK%\\small.dxf"},
+    {"Offline", "@reg set Autolock 1\n@vault offline on\n", true},
+    {"LookupFails", "@reg set Autolock 1\n@fail VaultClient.fileFromPath E_FAIL\n", true},
 };
 
 class Offer : public SelectFile, public testing::WithParamInterface<OfferCase> {};
@@ -101,14 +95,11 @@ TEST_F(SelectFile, FailureOfTheVaultIsToldAndTheFileOpenedAllTheSame) {
   load("@reg set Autolock 1\n");
   run("@fail VaultFile.isCheckedOut E_QVT_PERMISSION_DENIED\n@answer ok\n@opendialog " + plan +
       "\n");
-  expectOrder(
-      {L"box: flags=MB_OK|MB_ICONINFORMATION title=\"Tessaro\" text=\"Error getting check "
-       L"out data.\\n",
-       L"doc: opened <work>\\View\\Plan.dxf read-only"});
+  expectOrder({informationBox(L"Error getting check out data.\\n"),
+               L"doc: opened <work>\\View\\Plan.dxf read-only"});
   run("@close\n");
-  mark();
-  run("@fail VaultFile.checkOut E_QVT_FILE_SHARE_ERROR\n@answer yes\n@answer ok\n@opendialog " +
-      plan + "\n");
+  step("@fail VaultFile.checkOut E_QVT_FILE_SHARE_ERROR\n@answer yes\n@answer ok\n@opendialog " +
+       plan + "\n");
   expectOrder({question,
                L"text=\"Error checking out file.\\nMake sure the file or any of it's "
                L"external references isn't opened in another window.\"",
@@ -127,8 +118,7 @@ TEST_F(SelectFile, OtherSelectionsAreLeftToTheHost) {
 TEST_F(SelectFile, UnloadedModuleIsNotAsked) {
   load("@reg set Autolock 1\n");
   run("@unload\n");
-  mark();
-  run("@opendialog " + plan + "\n");
+  step("@opendialog " + plan + "\n");
   EXPECT_EQ(count(L"client: ") + count(L"box: "), 0) << recent();
   EXPECT_EQ(count(L"doc: opened"), 1) << recent();
 }

@@ -14,8 +14,7 @@ namespace {
 class Settings : public ModuleSession {
  protected:
   void expectStored(const std::vector<std::wstring>& settings) {
-    mark();
-    run("@reg show\n");
+    step("@reg show\n");
     const std::vector<std::wstring> told = lines();
     for (const std::wstring& setting : settings) {
       EXPECT_NE(std::find(told.begin(), told.end(), L"reg: " + setting), told.end())
@@ -24,8 +23,7 @@ class Settings : public ModuleSession {
     }
   }
   void expectWindow(const std::wstring& part) {
-    mark();
-    run("@window\n");
+    step("@window\n");
     EXPECT_EQ(count(part), 1) << recent();
   }
 };
@@ -61,8 +59,7 @@ TEST_F(Settings, AValueOfFewerThanFourBytesIsTheDefaultForEveryReader) {
     run("@load\n@opendialog %WORK%\\View\\Plan.dxf\n");
     expectWindow(L"timer=300000");
     expectWindow(L" shown, ");
-    mark();
-    run("@answer no\n@edit\n");
+    step("@answer no\n@edit\n");
     EXPECT_EQ(count(L"send: \"_Tessaro_asklock \""), 1) << recent();
     run("@answer ok\nTessaro_settings\n");
     expectStored({L"StatusWnd=1", L"XrefMonitoringInterval=5", L"EditWarning=1", L"Autolock=0"});
@@ -101,11 +98,9 @@ TEST_F(Settings, WhatTheUserEntersAppliesAtOnce) {
 TEST_F(Settings, AnythingButOkChangesNothing) {
   openPlan();
   for (const char* way : {"cancel", "close"}) {
-    mark();
-    run("@fill IDC_INTERVAL 9\n@check IDC_SHOW_STATUS off\n@check IDC_AUTOLOCK on\n@answer " +
-        std::string(way) + "\nTessaro_settings\n");
-    EXPECT_EQ(count(L"reg: set"), 0) << recent();
-    EXPECT_EQ(count(L"reg: create"), 0) << recent();
+    step("@fill IDC_INTERVAL 9\n@check IDC_SHOW_STATUS off\n@check IDC_AUTOLOCK on\n@answer " +
+         std::string(way) + "\nTessaro_settings\n");
+    EXPECT_EQ(count(L"reg: set") + count(L"reg: create"), 0) << recent();
     expectWindow(L"timer=300000");
     expectWindow(L" shown, ");
   }

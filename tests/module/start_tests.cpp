@@ -1,7 +1,8 @@
-// What the module does at its start when Windows or the memory refuses something.
+// What the module does when Windows or the memory refuses something: at its start, and where the
+// host or Windows calls it, outside of what reports failures of the client.
 #include "core/Accounts.h"
 #include "editor/Host.h"
-#include "shared/ModuleSession.h"
+#include "module/XrefSession.h"
 
 namespace {
 
@@ -20,17 +21,14 @@ class Start : public ModuleSession {
 };
 
 TEST_F(Start, WithoutAStatusWindowEverythingElseWorks) {
-  mark();
-  run("@fail module.CreateDialogParamW E_OUTOFMEMORY\n@answer ok\n@load\n");
+  step("@fail module.CreateDialogParamW E_OUTOFMEMORY\n@answer ok\n@load\n");
   EXPECT_EQ(count(L"box: "), 1) << recent();
   EXPECT_FALSE(session.run("@window\n"));
   EXPECT_EQ(registrations(L"reactor"), 2);
   EXPECT_EQ(registrations(L"select-file callback"), 1);
-  writeDrawing(L"part.dxf");
-  writeDrawing(L"site.dxf", {{L"Part", L"Part.dxf"}});
-  mark();
-  run("@reg set EditWarning 0\n@vault add %WORK%\\View\\Part.dxf from %WORK%\\part.dxf\n"
-      "@vault add %WORK%\\View\\Site.dxf from %WORK%\\site.dxf\n@open %WORK%\\View\\Site.dxf\n"
+  addSite();
+  step(
+      "@reg set EditWarning 0\n@open %WORK%\\View\\Site.dxf\n"
       "Tessaro_getlatestxrefs\n@select Part\n@row 1\n@answer ok\nTessaro_getxrefversion\n"
       "@pick Part\n_Tessaro_getxrefver2 1 \n@fill IDC_INTERVAL 7\n@answer ok\nTessaro_settings\n");
   EXPECT_EQ(count(L"VaultQuery.execute("), 1) << recent();
@@ -55,16 +53,29 @@ TEST_F(Start, AStepThatFailsKeepsNoOtherFromBeingDone) {
 }
 
 TEST_F(Start, MenusThatCouldNotBeMadeAreMadeLater) {
-  writeDrawing(L"part.dxf");
-  writeDrawing(L"site.dxf", {{L"Part", L"Part.dxf"}});
-  run("@reg set EditWarning 0\n@vault add %WORK%\\View\\Part.dxf from %WORK%\\part.dxf\n"
-      "@vault add %WORK%\\View\\Site.dxf from %WORK%\\site.dxf\n"
+  addSite();
+  run("@reg set EditWarning 0\n"
       "@fail module.CreatePopupMenu E_OUTOFMEMORY\n@fail module.CreatePopupMenu E_OUTOFMEMORY\n"
       "@load\n@open %WORK%\\View\\Site.dxf\n");
-  mark();
-  run("@pick Part\n@menu\n");
+  step("@pick Part\n@menu\n");
   EXPECT_EQ(count(L"menu: \"Check out this Xref\""), 1) << recent();
   EXPECT_EQ(count(L"menu: \"1. <Created>\""), 1) << recent();
+}
+
+using OutOfMemory = XrefSession;
+
+TEST_F(OutOfMemory, IsToldWhereNothingMayLeaveTheModule) {
+  run("@reg set EditWarning 0\n@reg set Autolock 1\n");
+  openSheet();
+  for (const char* action :
+       {"@pick Grid\n@menu\n", "@tick\n", "@click IDC_REFRESH\n",
+        "@opendialog %WORK%\\View\\Plan.dxf\n", "@save %WORK%\\View\\Site\\Sheet.dxf\n"}) {
+    step("@fail module.malloc E_OUTOFMEMORY\n@answer ok\n" + std::string(action) + "@fail clear\n");
+    EXPECT_EQ(count(L"uncaught"), 0) << action << recent();
+    EXPECT_EQ(count(informationBox(L"")), 1) << action << recent();
+  }
+  run("@activate %WORK%\\View\\Site\\Sheet.dxf\n@pick Grid\nTessaro_lockxref\n");
+  EXPECT_TRUE(stored(L"Xrefs\\Grid.dxf").holder) << recent();
 }
 
 }  // namespace

@@ -33,13 +33,8 @@ const Shown noXrefs = {"unchecked disabled", "unchecked", "1/1"};
 class StatusWindow : public ModuleSession {
  protected:
   StatusWindow() {
-    writeDrawing(L"part.dxf");
-    writeDrawing(L"site.dxf", {{L"Part", L"Part.dxf"}});
-    run("@reg set EditWarning 0\n"
-        "@vault add %WORK%\\View\\Part.dxf from %WORK%\\part.dxf\n"
-        "@vault add %WORK%\\View\\Site.dxf from %WORK%\\site.dxf\n"
-        "@vault add " +
-        other + " from %WORK%\\small.dxf\n");
+    run("@reg set EditWarning 0\n");
+    addSite();
   }
   std::string window() {
     run("@window\n");
@@ -55,7 +50,7 @@ class StatusWindow : public ModuleSession {
   }
   static RECT place() {
     RECT place{};
-    GetWindowRect(FindWindowW(nullptr, L"Tessaro Status"), &place);
+    GetWindowRect(statusWindow(), &place);
     return place;
   }
   bool timerRuns() { return window().find("timer=off") == std::string::npos; }
@@ -69,45 +64,40 @@ class StatusWindow : public ModuleSession {
 struct StateCase {
   const char* name;
   const char* before;
-  const char* drawing;
   Shown shown;
+  const char* drawing = "%WORK%\\View\\Plan.dxf";
 };
 
+const char site[] = "%WORK%\\View\\Site.dxf";
+const Shown elsewhere = {"unchecked disabled", "indeterminate", "1/1"};
+
 const StateCase cases[] = {
-    {"NoXrefs", "", "%WORK%\\View\\Plan.dxf", noXrefs},
-    {"Latest", "", "%WORK%\\View\\Site.dxf", {"checked enabled", "unchecked", "1/1"}},
+    {"NoXrefs", "", noXrefs},
+    {"Latest", "", {"checked enabled", "unchecked", "1/1"}, site},
     {"NotLatest",
      "@vault newversion %WORK%\\View\\Part.dxf from %WORK%\\small.dxf\n"
      "@vault date %WORK%\\View\\Part.dxf 2030-01-01 10:00:00\n",
-     "%WORK%\\View\\Site.dxf",
-     {"unchecked enabled", "unchecked", "1/1"}},
+     {"unchecked enabled", "unchecked", "1/1"},
+     site},
     {"HeldHere",
      "@vault checkout %WORK%\\View\\Plan.dxf\n",
-     "%WORK%\\View\\Plan.dxf",
      {"unchecked disabled", "checked", "1/1"}},
-    {"HeldOnAnotherComputer",
-     "@vault checkout %WORK%\\View\\Plan.dxf computer ELSEWHERE\n",
-     "%WORK%\\View\\Plan.dxf",
-     {"unchecked disabled", "indeterminate", "1/1"}},
-    {"HeldInAnotherFolder",
-     "@vault checkout %WORK%\\View\\Plan.dxf folder C:\\Copy\n",
-     "%WORK%\\View\\Plan.dxf",
-     {"unchecked disabled", "indeterminate", "1/1"}},
+    {"HeldOnAnotherComputer", "@vault checkout %WORK%\\View\\Plan.dxf computer ELSEWHERE\n",
+     elsewhere},
+    {"HeldInAnotherFolder", "@vault checkout %WORK%\\View\\Plan.dxf folder C:\\Copy\n", elsewhere},
     {"OlderLocalCopy",
      "@vault newversion %WORK%\\View\\Plan.dxf from %WORK%\\part.dxf\n",
-     "%WORK%\\View\\Plan.dxf",
      {"unchecked disabled", "unchecked", "1/2"}},
-    {"Outside", "", "%WORK%\\small.dxf", outside},
-    {"NotAddedToTheVault", "", "%WORK%\\View\\Loose.dxf", outside},
-    {"Offline", "@vault offline on\n", "%WORK%\\View\\Plan.dxf", outside},
-    {"Denied", "@vault deny %WORK%\\View\\Plan.dxf\n", "%WORK%\\View\\Plan.dxf", outside},
+    {"Outside", "", outside, "%WORK%\\small.dxf"},
+    {"NotAddedToTheVault", "", outside, "%WORK%\\View\\Loose.dxf"},
+    {"Offline", "@vault offline on\n", outside},
+    {"Denied", "@vault deny %WORK%\\View\\Plan.dxf\n", outside},
     {"MonitoringOff",
      "@reg set XrefMonitoringInterval 0\n",
-     "%WORK%\\View\\Site.dxf",
-     {"unchecked disabled", "unchecked", "1/1", "enabled", "off"}},
+     {"unchecked disabled", "unchecked", "1/1", "enabled", "off"},
+     site},
     {"PeriodBeyond32Bits",
      "@reg set XrefMonitoringInterval 71583\n",
-     "%WORK%\\View\\Plan.dxf",
      {"unchecked disabled", "unchecked", "1/1", "enabled", "12704 ms"}},
 };
 
@@ -138,7 +128,7 @@ TEST_F(StatusWindow, ComputersAreToldApartByTheirWholeNamesInAnyCase) {
       " computer " + computer + "X\n@load\n@open " + plan + "\n");
   expectShown({"unchecked disabled", "checked", "1/1"});
   run("@open " + other + "\n");
-  expectShown({"unchecked disabled", "indeterminate", "1/1"});
+  expectShown(elsewhere);
 }
 
 TEST_F(StatusWindow, BeforeAnyDrawingNothingIsKnown) {
@@ -146,16 +136,14 @@ TEST_F(StatusWindow, BeforeAnyDrawingNothingIsKnown) {
   EXPECT_EQ(window(),
             "window: \"Tessaro Status\" shown, 1005=indeterminate enabled, 1006=unchecked enabled, "
             "1007=\"Version -/-\" enabled, 1021=enabled, timer=300000 ms");
-  mark();
-  run("@tick\n@click IDC_REFRESH\n@click IDC_XREFS_LATEST\n@new\n@tick\n");
+  step("@tick\n@click IDC_REFRESH\n@click IDC_XREFS_LATEST\n@new\n@tick\n");
   EXPECT_EQ(count(L"VaultQuery.") + count(L"error: "), 0) << recent();
 }
 
 TEST_F(StatusWindow, SwitchingShowsTheLastKnownStateWithoutAskingTheVault) {
   run("@load\n@open " + plan + "\n@vault checkout " + other + "\n@open " + other + "\n");
   expectShown({"unchecked disabled", "checked", "1/1"});
-  mark();
-  run("@activate " + plan + "\n");
+  step("@activate " + plan + "\n");
   expectShown(noXrefs);
   run("@activate " + other + "\n");
   expectShown({"unchecked disabled", "checked", "1/1"});
@@ -165,25 +153,20 @@ TEST_F(StatusWindow, SwitchingShowsTheLastKnownStateWithoutAskingTheVault) {
 }
 
 TEST_F(StatusWindow, SavingReadsAnewAndInTheBackgroundShowsNothing) {
-  for (const wchar_t* file : {L"Plan.dxf", L"Other.dxf"}) {
-    std::filesystem::permissions(workFolder() / L"View" / file, std::filesystem::perms::owner_write,
-                                 std::filesystem::perm_options::add);
-  }
+  for (const wchar_t* file : {L"Plan.dxf", L"Other.dxf"}) makeWritable(file);
   run("@load\n@open " + plan + "\n@open " + other + "\n");
   run("@vault checkout " + plan + " computer ELSEWHERE\n");
-  mark();
-  run("@save " + plan + "\n");
+  step("@save " + plan + "\n");
   EXPECT_EQ(count(L"VaultFile.localVersion"), 1) << recent();
   EXPECT_EQ(count(L"VaultQuery."), 0) << recent();
   expectShown(noXrefs);
   run("@answer no\n@click IDC_CHECKED_OUT_HERE\n");
   expectOrder({L"send: \"_Tessaro_lock \""});
   run("@vault checkout " + other + " folder C:\\Copy\n@save\n");
-  expectShown({"unchecked disabled", "indeterminate", "1/1"});
-  mark();
-  run("@vault undo " + plan + "\n@activate " + plan + "\n");
+  expectShown(elsewhere);
+  step("@vault undo " + plan + "\n@activate " + plan + "\n");
   EXPECT_EQ(count(L"VaultClient."), 0) << recent();
-  expectShown({"unchecked disabled", "indeterminate", "1/1"});
+  expectShown(elsewhere);
 }
 
 TEST_F(StatusWindow, TickShowsWhatBecameOfTheXrefs) {
@@ -191,8 +174,7 @@ TEST_F(StatusWindow, TickShowsWhatBecameOfTheXrefs) {
   makePartStale();
   run("@tick\n");
   expectShown({"unchecked enabled", "unchecked", "1/1"});
-  mark();
-  run("@click IDC_XREFS_LATEST\n");
+  step("@click IDC_XREFS_LATEST\n");
   EXPECT_EQ(count(L"getLocalCopy"), 1) << recent();
   expectShown({"checked enabled", "unchecked", "1/1"});
   run("@tick\n");
@@ -201,19 +183,16 @@ TEST_F(StatusWindow, TickShowsWhatBecameOfTheXrefs) {
 
 TEST_F(StatusWindow, ErrorOfTheVaultStopsTheTimerUntilTheNextRefresh) {
   run("@load\n@open %WORK%\\View\\Site.dxf\n");
-  mark();
-  run("@fail VaultQuery.execute E_QVT_PERMISSION_DENIED\n@answer ok\n@tick\n");
-  EXPECT_EQ(count(L"box: flags=MB_OK|MB_ICONINFORMATION title=\"Tessaro\" text=\"Error reading "
-                  L"xref information from database.\\nCause:"),
-            1)
+  step("@fail VaultQuery.execute E_QVT_PERMISSION_DENIED\n@answer ok\n@tick\n");
+  EXPECT_EQ(count(informationBox(L"Error reading xref information from database.\\nCause:")), 1)
       << recent();
   expectShown({"checked enabled", "unchecked", "1/1", "enabled", "off"});
   run("@click IDC_REFRESH\n");
   expectShown({"checked enabled", "unchecked", "1/1"});
   // A lock that is refused is no error: the display stays and the period starts anew.
   makePartStale();
-  for (const char* step : {"@tick\n", "@click IDC_XREFS_LATEST\n"}) {
-    run("@refuse-locks 1\n" + std::string(step));
+  for (const char* action : {"@tick\n", "@click IDC_XREFS_LATEST\n"}) {
+    run("@refuse-locks 1\n" + std::string(action));
     expectShown({"checked enabled", "unchecked", "1/1"});
   }
 }
@@ -228,25 +207,21 @@ TEST_F(StatusWindow, FailingStatusTurnsTheLowerPartOff) {
 
 TEST_F(StatusWindow, ClickOnTheLockBoxSendsTheCommandThatFits) {
   run("@load\n@open " + plan + "\n");
-  mark();
-  run("@answer yes\n@click IDC_CHECKED_OUT_HERE\n");
+  step("@answer yes\n@click IDC_CHECKED_OUT_HERE\n");
   expectOrder({L"send: \"_Tessaro_lock \"", L"VaultFile.checkOut(", L"doc: opened"});
   expectShown({"unchecked disabled", "checked", "1/1"});
-  mark();
-  run("@answer no\n@click IDC_CHECKED_OUT_HERE\n");
+  step("@answer no\n@click IDC_CHECKED_OUT_HERE\n");
   expectOrder({L"send: \"_Tessaro_unlock \""});
   run("@vault checkout " + other + " computer ELSEWHERE\n@open " + other + "\n");
-  mark();
-  run("@click IDC_CHECKED_OUT_HERE\n");
+  step("@click IDC_CHECKED_OUT_HERE\n");
   EXPECT_EQ(count(L"send: "), 0) << recent();
-  expectShown({"unchecked disabled", "indeterminate", "1/1"});
+  expectShown(elsewhere);
 }
 
 TEST_F(StatusWindow, WithMonitoringOffOnlyAClickChecks) {
   run("@reg set XrefMonitoringInterval 0\n@load\n");
   makePartStale();
-  mark();
-  run("@open %WORK%\\View\\Site.dxf\n");
+  step("@open %WORK%\\View\\Site.dxf\n");
   EXPECT_EQ(count(L"VaultQuery."), 0) << recent();
   run("@click IDC_REFRESH\n");
   EXPECT_EQ(count(L"VaultQuery.execute"), 1) << recent();
@@ -255,7 +230,7 @@ TEST_F(StatusWindow, WithMonitoringOffOnlyAClickChecks) {
 
 TEST_F(StatusWindow, AsksTheHostToLeaveItTheKeyboardAndBelongsToItsWindow) {
   run("@load\n");
-  const HWND shown = FindWindowW(nullptr, L"Tessaro Status");
+  const HWND shown = statusWindow();
   EXPECT_EQ(GetWindow(shown, GW_OWNER), wb::Host::instance().mainWindow());
   EXPECT_EQ(SendMessageW(shown, WM_ACAD_KEEPFOCUS, 0, 0), 1);
   EXPECT_EQ(SendMessageW(shown, WM_ACAD_KEEPFOCUS + 1, 0, 0), 0);
@@ -264,11 +239,10 @@ TEST_F(StatusWindow, AsksTheHostToLeaveItTheKeyboardAndBelongsToItsWindow) {
 // On a disabled button Windows shows all that isn't white.
 TEST_F(StatusWindow, TheButtonsPictureHasAWhiteGround) {
   run("@load\n");
-  const HWND shown = FindWindowW(nullptr, L"Tessaro Status");
   const HDC context = CreateCompatibleDC(nullptr);
   const HGDIOBJ before =
       SelectObject(context, reinterpret_cast<HBITMAP>(SendDlgItemMessageW(
-                                shown, IDC_REFRESH, BM_GETIMAGE, IMAGE_BITMAP, 0)));
+                                statusWindow(), IDC_REFRESH, BM_GETIMAGE, IMAGE_BITMAP, 0)));
   EXPECT_EQ(GetPixel(context, 0, 0), RGB(255, 255, 255));
   SelectObject(context, before);
   DeleteDC(context);
@@ -277,11 +251,10 @@ TEST_F(StatusWindow, TheButtonsPictureHasAWhiteGround) {
 TEST_F(StatusWindow, AStepDoesNotBeginInTheMiddleOfAnother) {
   run("@load\n@open %WORK%\\View\\Site.dxf\n@fail VaultQuery.execute E_FAIL always\n");
   mark();
-  const HWND shown = FindWindowW(nullptr, L"Tessaro Status");
   // The box of a failed check lets messages through, such as this one.
-  PostMessageW(shown, WM_TIMER, 1, 0);
+  PostMessageW(statusWindow(), WM_TIMER, 1, 0);
   wb::Answers::instance().queue(L"ok");
-  SendMessageW(shown, WM_COMMAND, MAKEWPARAM(IDC_REFRESH, BN_CLICKED), 0);
+  SendMessageW(statusWindow(), WM_COMMAND, MAKEWPARAM(IDC_REFRESH, BN_CLICKED), 0);
   EXPECT_EQ(count(L"VaultQuery.execute("), 1) << recent();
   EXPECT_EQ(count(L"box: "), 1) << recent();
   run("@fail clear\n");
@@ -317,12 +290,10 @@ TEST_F(StatusWindow, ClosingLastsUntilTheSettingsBringItBack) {
   run("@window close\n");
   EXPECT_FALSE(isShown());
   EXPECT_FALSE(timerRuns());
-  mark();
-  run("@unload\n");
+  step("@unload\n");
   expectOrder({L"WndPosX=123", L"WndPosY=-7"});
   run("@load\n");
-  mark();
-  run("@close\n@open %WORK%\\View\\Site.dxf\n");
+  step("@close\n@open %WORK%\\View\\Site.dxf\n");
   EXPECT_EQ(count(L"VaultQuery."), 0) << recent();
   EXPECT_FALSE(isShown());
   EXPECT_FALSE(timerRuns());
@@ -330,8 +301,7 @@ TEST_F(StatusWindow, ClosingLastsUntilTheSettingsBringItBack) {
   expectShown({"checked enabled", "unchecked", "1/1"});
   const RECT restored = place();
   EXPECT_TRUE(EqualRect(&restored, &moved)) << "as large as before, too";
-  mark();
-  run("@unload\n");
+  step("@unload\n");
   expectOrder({L"WndPosX=123", L"WndPosY=-7"});
 }
 

@@ -18,37 +18,12 @@ namespace {
 constexpr wchar_t open = L'\u00AB', close = L'\u00BB';
 
 const std::string ownSection = "TessaroAcad;;";
-const std::string codeSection = "QvtInterface;ErrorCodes;";
 
-/// The numbered texts of a section in a language file of the client.
-std::map<int, std::wstring> textsIn(const std::wstring& file,
-                                    const std::string& section = ownSection) {
-  std::map<int, std::wstring> texts;
-  std::ifstream stream(std::filesystem::path(file), std::ios::binary);
-  for (std::string line; std::getline(stream, line);) {
-    if (line.rfind(section, 0) != 0) continue;
-    const size_t equals = line.find('=');
-    texts[std::stoi(line.substr(section.size()))] = wb::fromUtf8(line.substr(equals + 1));
-  }
-  return texts;
-}
-
-/// Result codes by the number of their text.
-const std::map<int, std::string> codes = {
-    {2, "0x80040200"},  {3, "0x80040201"},   {5, "0x80040203"},   {6, "0x80040204"},
-    {8, "0x80040206"},  {10, "0x80040208"},  {11, "0x80040209"},  {12, "0x8004020A"},
-    {13, "0x8004020B"}, {17, "0x8004020F"},  {18, "0x80040210"},  {19, "0x80040211"},
-    {20, "0x80040212"}, {21, "0x80040213"},  {22, "0x80040214"},  {23, "0x80040215"},
-    {30, "0x8004022B"}, {40, "0x80040226"},  {47, "0x8004022E"},  {32, "0x80004003"},
-    {33, "0x8007000E"}, {34, "0x80070057"},  {64, "0x80004001"},  {66, "0x80004005"},
-    {54, "0x80040236"}, {115, "0x80040431"}, {288, "0x800404D5"},
-};
+std::map<int, std::wstring> textsIn(const fs::path& file) { return clientTexts(file, ownSection); }
 
 /// A session in which each text is seen once.
 class AllTexts : public XrefSession {
  public:
-  using XrefSession::workbenchFile;
-
   explicit AllTexts(const std::string& before) {
     run(before + "@load\n");
     atTheStart();
@@ -71,10 +46,9 @@ class AllTexts : public XrefSession {
   void TestBody() override {}
 
   void atTheStart() {
-    const HWND window = findWindow();
     for (const int control : {IDC_XREFS_LATEST, IDC_CHECKED_OUT_HERE, IDC_VERSION}) {
       wchar_t text[100] = L"";
-      GetDlgItemTextW(window, control, text, 100);
+      GetDlgItemTextW(statusWindow(), control, text, 100);
       wb::recordDetail(L"window", text);
     }
     run("@window\n@answer ok\nTessaro_lock\n@new\nTessaro_uninstall\nTessaro_install\n"
@@ -119,17 +93,6 @@ class AllTexts : public XrefSession {
     run("@answer ok\n@opendialog %WORK%\\View\\Plan.dxf\n");
     run("@client missing\n@answer ok\nTessaro_lock\n@client present\n");
   }
-  static HWND findWindow() {
-    HWND found = nullptr;
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND window, LPARAM result) {
-          if (GetDlgItem(window, IDC_XREFS_LATEST)) *reinterpret_cast<HWND*>(result) = window;
-          return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&found));
-    return found;
-  }
 };
 
 std::vector<std::wstring> seenAfter(const std::string& before) { return AllTexts(before).seen(); }
@@ -156,7 +119,7 @@ std::wstring withoutNumbers(const std::wstring& line, std::set<int>& numbers) {
 // The client's English is what the module is meant to say. In a language that puts a text's number
 // before it, the same words have to come under the right number wherever the user looks.
 TEST(Texts, TheModulesOwnEnglishIsTheClientsEverywhere) {
-  const auto english = textsIn(AllTexts::workbenchFile(L"client/language-en.txt"));
+  const auto english = textsIn(ModuleSession::workbenchFile(L"client/language-en.txt"));
   const auto numbered = std::filesystem::temp_directory_path() / L"numbered.txt";
   {
     std::ofstream file(numbered, std::ios::binary);
@@ -177,65 +140,31 @@ TEST(Texts, TheModulesOwnEnglishIsTheClientsEverywhere) {
   }
 }
 
-/// The box about a failed check of the xrefs, with the module's words for each code.
-class CodeTexts : public XrefSession {
- public:
-  using XrefSession::workbenchFile;
-
-  explicit CodeTexts(const std::string& before) {
-    run("@reg set StatusWnd 0\n@reg set EditWarning 0\n" + before);
-    openSheet();
-  }
-  std::wstring textOf(const std::string& code) {
-    mark();
-    run("@fail VaultQuery.execute " + code + "\n@answer ok\nTessaro_getlatestxrefs\n");
-    const std::wstring cause = L"text=\"Error reading xref information from database.\\nCause:";
-    for (const std::wstring& line : lines()) {
-      const size_t at = line.find(cause);
-      if (at == std::wstring::npos) continue;
-      const size_t begin = at + cause.size();
-      return line.substr(begin, line.find(L"\" answer=", begin) - begin);
-    }
-    return L"no box";
-  }
-
- private:
-  void TestBody() override {}
-};
-
-TEST(Texts, ResultCodesHaveTheClientsEnglishAndItsNumbers) {
-  const auto english = textsIn(AllTexts::workbenchFile(L"client/language-en.txt"), codeSection);
-  const auto numbered = std::filesystem::temp_directory_path() / L"numbered.txt";
-  {
-    std::ofstream file(numbered, std::ios::binary);
-    for (const auto& [number, code] : codes) {
-      file << codeSection << number << "=number " << number << '\n';
-    }
-  }
-  {
-    CodeTexts own("@fail VaultTextService.sectionText E_FAIL always\n");
-    for (const auto& [number, code] : codes) {
-      const auto text = english.find(number);
-      if (text == english.end()) continue;
-      EXPECT_EQ(own.textOf(code), text->second) << code;
-    }
-    EXPECT_EQ(own.textOf("0x80040220"), L"The server was not found.");
-    EXPECT_EQ(own.textOf("0x80040222"), L"The ODBC data source was not found.");
-  }
-  CodeTexts clients("@client language " + wb::toUtf8(numbered.wstring()) + "\n");
-  for (const auto& [number, code] : codes) {
-    EXPECT_EQ(clients.textOf(code), L"number " + std::to_wstring(number)) << code;
-  }
-}
-
 TEST(Texts, TheSecondLanguageIsSeenWhereverTheFirstOneIs) {
-  const std::wstring file = AllTexts::workbenchFile(L"client/language-de.txt");
+  const std::wstring file = ModuleSession::workbenchFile(L"client/language-de.txt");
   std::wstring seen;
   for (const std::wstring& line : seenIn(file)) seen += line + L"\n";
   for (const auto& [number, text] : textsIn(file)) {
     // As far as nothing is put in and nothing is written in another way.
     const std::wstring words = text.substr(0, text.find_first_of(L"%\\"));
     EXPECT_NE(seen.find(words), std::wstring::npos) << number << ": " << wb::toUtf8(words);
+  }
+}
+
+using BoxTitle = ModuleSession;
+
+TEST_F(BoxTitle, IsTheProductsNameAsTheRegistryHasItNow) {
+  const std::string key = "\\Software\\Halvern\\Applications\\Quillstone Suite\\(default)\" ";
+  const std::string machine = "@reg set \"HKLM" + key, user = "@reg set \"HKCU" + key;
+  run("@load\n");
+  const std::vector<std::pair<std::string, std::wstring>> steps = {
+      {"", L"Tessaro"},
+      {user + "Drawings of mine as text\n", L"Drawings of mine"},
+      {machine + "Plant Drawings as text\n", L"Plant Drawings"},
+  };
+  for (const auto& [setting, title] : steps) {
+    step(setting + "@answer ok\nTessaro_lock\n");  // nothing is open
+    EXPECT_EQ(count(L" title=\"" + title + L"\" text=\"This command"), 1) << recent();
   }
 }
 

@@ -190,11 +190,8 @@ TEST_F(TitleBlock, AFailureOfTheClientIsToldAndLeavesNothingOpen) {
     for (const wchar_t* layout : {L"Model", L"Layout1", L"Layout2"}) {
       static_cast<wb::TextImp&>(attribute(layout, 0)).setText(L"-");
     }
-    mark();
-    run("@fail " + std::string(each.fault) + "\n@answer ok\nTessaro_update\n");
-    EXPECT_EQ(count(L"box: flags=MB_OK|MB_ICONINFORMATION title=\"Tessaro\" "
-                    L"text=\"Could not update the drawing border.\\n"),
-              1)
+    step("@fail " + std::string(each.fault) + "\n@answer ok\nTessaro_update\n");
+    EXPECT_EQ(count(informationBox(L"Could not update the drawing border.\\n")), 1)
         << each.fault << "\n"
         << recent();
     size_t written = 0;
@@ -259,8 +256,7 @@ TEST_F(TitleBlock, NeedsADrawingOfAVaultAndAClientNewEnough) {
   // Without a drawing the host doesn't run an ordinary command at all.
   run("@load\n");
   run("@open %WORK%\\View\\Plan.dxf\n");
-  mark();
-  run("@client version 4 9\n@answer ok\nTessaro_update\n");
+  step("@client version 4 9\n@answer ok\nTessaro_update\n");
   EXPECT_EQ(count(L"text=\"You must have at least Tessaro version 5.0 to run this command.\\n"
                   L"Your current version is 4.9.\""),
             1)
@@ -271,16 +267,15 @@ TEST_F(TitleBlock, NeedsADrawingOfAVaultAndAClientNewEnough) {
   run("Tessaro_update\n");
   EXPECT_EQ(count(L"box: "), 1) << recent();
   EXPECT_EQ(drawing().dbmod(), 0);
-  mark();
-  run("@open %WORK%\\small.dxf\n@answer ok\nTessaro_updatecurrent\n");
+  step("@open %WORK%\\small.dxf\n@answer ok\nTessaro_updatecurrent\n");
   EXPECT_EQ(count(L"text=\"You have to save your drawing into a Tessaro file vault before you can "
                   L"use this command.\""),
             1)
       << recent();
   run("@client missing\n@answer ok\nTessaro_updatecurrent\n@client present\n");
   EXPECT_EQ(
-      count(L"box: flags=MB_OK|MB_ICONINFORMATION title=\"Tessaro\" text=\"Can't create interface "
-            L"towards Tessaro.\\nIs Tessaro installed on this computer?\""),
+      count(informationBox(
+          L"Can't create interface towards Tessaro.\\nIs Tessaro installed on this computer?\"")),
       1)
       << recent();
 }

@@ -1,19 +1,18 @@
 #include <windows.h>
 
 #include "database/Drawing.h"
+#include "dialogs/Answers.h"
 #include "editor/Host.h"
 #include "shared/ModuleSession.h"
 
 namespace {
 
 const std::wstring plan = L"<work>\\View\\Plan.dxf";
-const std::wstring question =
-    L"flags=MB_YESNO|MB_ICONQUESTION title=\"Tessaro\" text=\"This will save  your changes to the "
-    L"file 'Plan.dxf' and close it before checking in. Are you sure you want to continue?\" "
-    L"answer=";
+const std::wstring question = questionBox(
+    L"This will save  your changes to the file 'Plan.dxf' and close it before checking in. Are you "
+    L"sure you want to continue?\" answer=");
 const std::wstring mismatch =
-    L"flags=MB_OK|MB_ICONINFORMATION title=\"Tessaro\" text=\"File name mismatch when checking in "
-    L"document. Aborting.\" answer=ok";
+    informationBox(L"File name mismatch when checking in document. Aborting.\" answer=ok");
 
 class Unlock : public ModuleSession {
  protected:
@@ -49,8 +48,8 @@ TEST_F(Unlock, ChangedIsSavedFirstAndTheVaultHasTheNewVersion) {
   openHeldPlan();
   wb::Drawing& drawing = *wb::Host::instance().documents().active()->drawing();
   ASSERT_TRUE(drawing.erase(drawing.entities(L"#1").at(0)));
-  mark();
-  run("@answer yes\n@fill 1201 Walls moved\n@answer ok\nTessaro_unlock\n@vault show "
+  step(
+      "@answer yes\n@fill 1201 Walls moved\n@answer ok\nTessaro_unlock\n@vault show "
       "%WORK%\\View\\Plan.dxf\n");
   expectOrder({question + L"yes", L"command: QSAVE", L"doc: saved " + plan,
                L"doc: destroyed " + plan, L"InvokeCommand(verb=\"Unlock\"",
@@ -67,8 +66,7 @@ TEST_F(Unlock, ChangedIsSavedFirstAndTheVaultHasTheNewVersion) {
 TEST_F(Unlock, RefusedLeavesEverythingAsItIs) {
   openHeldPlan();
   run("@edit\n");
-  mark();
-  run("@answer no\nTessaro_unlock\n");
+  step("@answer no\nTessaro_unlock\n");
   EXPECT_EQ(count(question + L"no"), 1) << recent();
   EXPECT_EQ(count(L"QSAVE") + count(L"doc: "), 0) << recent();
   EXPECT_TRUE(stored().holder);
@@ -89,15 +87,13 @@ TEST_F(Unlock, NothingToCheckInIsNoOccasionForAQuestion) {
            "@vault offline off\n@open %WORK%\\View\\Plan.dxf\n@fail login E_FAIL\n",
        }) {
     run(before);
-    mark();
-    run("Tessaro_unlock\n");
+    step("Tessaro_unlock\n");
     EXPECT_EQ(count(L"box: ") + count(L"doc: ") + count(L"VaultTextService"), 0) << recent();
     run("@fail clear\n@close\n");
     EXPECT_EQ(count(L"InvokeCommand"), 0) << recent();
   }
   // The command needs a document, so the host itself refuses it without one.
-  mark();
-  run("Tessaro_unlock\n");
+  step("Tessaro_unlock\n");
   EXPECT_EQ(count(L"Tessaro_unlock refused: no drawing is open"), 1) << recent();
 }
 
@@ -105,8 +101,11 @@ TEST_F(Unlock, NothingToCheckInIsNoOccasionForAQuestion) {
 TEST_F(Unlock, HeldElsewhereGoesOnToTheVaultsVerb) {
   openHeldPlan(" user eve computer PC7");
   run("@answer yes\n@answer ok\nTessaro_unlock\n");
-  expectOrder({question + L"yes", L"doc: destroyed " + plan, L"dialog: \"Dialog\" (no controls)",
-               L"box: title=\"Check in Plan.dxf\"", L"InvokeCommand("});
+  expectOrder(
+      {question + L"yes", L"doc: destroyed " + plan, L"dialog: \"Dialog\" (no controls)",
+       L"box: title=\"Check in Plan.dxf\" text=\"The file in question is checked out by "
+       L"another user.\"",
+       L"InvokeCommand(verb=\"Unlock\", file=\"Plan.dxf\") -> E_QVT_LOCKED_BY_ANOTHER_USER"});
   EXPECT_EQ(count(L"VaultFile.checkIn("), 0) << recent();
   ASSERT_TRUE(stored().holder);
   EXPECT_EQ(stored().holder->user, L"eve");
@@ -116,29 +115,35 @@ TEST_F(Unlock, HeldElsewhereGoesOnToTheVaultsVerb) {
 TEST_F(Unlock, TheOutcomeOfTheVerbIsTheVaultsAlone) {
   openHeldPlan();
   run("@answer yes\n@answer cancel\nTessaro_unlock\n");
-  expectOrder({L"doc: destroyed " + plan, L"dialog: \"Check in Plan.dxf\"", L"InvokeCommand("});
+  expectOrder({L"doc: destroyed " + plan, L"dialog: \"Check in Plan.dxf\"",
+               L"InvokeCommand(verb=\"Unlock\", file=\"Plan.dxf\") -> E_QVT_CANCELLED_BY_USER"});
   EXPECT_EQ(count(L"box: "), 1) << recent();
   EXPECT_EQ(count(L"doc: opened"), 0) << recent();
   EXPECT_TRUE(stored().holder);
 
-  for (const char* operation :
-       {"IContextMenu.InvokeCommand", "IShellFolder.ParseDisplayName", "IShellFolder.GetUIObjectOf",
-        "VaultClient.fileFromPath after 1", "VaultClient.login after 1"}) {
-    mark();
-    std::string fault = operation;
-    const size_t after = fault.find(" after");
-    fault.insert(after == std::string::npos ? fault.size() : after, " E_FAIL");
+  for (const char* fault :
+       {"IContextMenu.InvokeCommand E_FAIL", "IShellFolder.ParseDisplayName E_FAIL",
+        "IShellFolder.GetUIObjectOf E_FAIL", "VaultClient.fileFromPath E_FAIL after 1",
+        "VaultClient.login E_FAIL after 1"}) {
     // The status window opens the file as well, so that the faults come only once it is closed.
-    run("@reg set StatusWnd 0\n@open %WORK%\\View\\Plan.dxf\n@fail " + fault +
-        "\n@answer yes\nTessaro_unlock\n@fail clear\n");
+    step("@reg set StatusWnd 0\n@open %WORK%\\View\\Plan.dxf\n@fail " + std::string(fault) +
+         "\n@answer yes\nTessaro_unlock\n@fail clear\n");
     EXPECT_EQ(count(L"E_FAIL"), 1) << recent();
     EXPECT_EQ(count(L"box: "), 1) << recent();
     EXPECT_EQ(count(L"VaultFile.checkIn(") + count(L"uncaught"), 0) << recent();
     EXPECT_TRUE(stored().holder);
   }
-  mark();
-  run("@open %WORK%\\View\\Plan.dxf\n@answer yes\n@answer ok\nTessaro_unlock\n");
+  // What is typed there is the vault's, and the file may stay checked out.
+  wb::Answers::instance().queue(L"yes");
+  wb::Answers::instance().queue(
+      L"ok", {wb::fillControl(1201, L"line one\r\nline two"), wb::checkControl(1202, true)});
+  run("@open %WORK%\\View\\Plan.dxf\nTessaro_unlock\n");
+  EXPECT_EQ(count(L"1201=\"line one\\r\\nline two\" 1202=on answer=ok"), 1) << recent();
+  EXPECT_TRUE(stored().holder);
+  EXPECT_EQ(stored().latest().comment, L"line one\nline two");
+  step("@open %WORK%\\View\\Plan.dxf\n@answer yes\n@answer ok\nTessaro_unlock\n");
   EXPECT_FALSE(stored().holder) << recent();
+  EXPECT_EQ(stored().latest().number, 3);
 }
 
 TEST_F(Unlock, ANoteThatIsLeftIsConsumedByTheNextDrawingToGo) {
@@ -152,8 +157,7 @@ TEST_F(Unlock, ANoteThatIsLeftIsConsumedByTheNextDrawingToGo) {
                L"text=\"Save changes to " + plan, L"doc: refused: closing " + plan});
   EXPECT_EQ(count(L"doc: saved") + count(L"destroyed"), 0) << recent();
 
-  mark();
-  run("@answer ok\n@close %WORK%\\small.dxf\n");
+  step("@answer ok\n@close %WORK%\\small.dxf\n");
   expectOrder({L"doc: destroyed <work>\\small.dxf", mismatch});
   EXPECT_EQ(count(L"InvokeCommand"), 0) << recent();
 
@@ -183,8 +187,7 @@ TEST_F(Unlock, ALaterClosingOfTheDrawingGoesOnWithTheCheckIn) {
 TEST_F(Unlock, AFailureAheadOfTheQuestionLeavesNoNote) {
   openHeldPlan();
   for (const char* operation : {"VaultFile.isCheckedOut", "VaultObject.name"}) {
-    mark();
-    run(std::string("@fail ") + operation + " E_FAIL\nTessaro_unlock\n@fail clear\n");
+    step(std::string("@fail ") + operation + " E_FAIL\nTessaro_unlock\n@fail clear\n");
     EXPECT_EQ(count(L"Tessaro_unlock ended by an uncaught error 0x80004005"), 1) << recent();
     EXPECT_EQ(count(L"box: ") + count(L"doc: "), 0) << recent();
   }

@@ -1,7 +1,6 @@
 #include <windows.h>
 
 #include <filesystem>
-#include <memory>
 
 #include "core/Text.h"
 #include "shared/ModuleSession.h"
@@ -12,8 +11,7 @@ namespace {
 const std::string open = "@open %WORK%\\View\\Site\\Main.dxf\n";
 const std::string update = "Tessaro_getlatestxrefs\n";
 const std::wstring errorBox =
-    L"box: flags=MB_OK|MB_ICONINFORMATION title=\"Tessaro\" text=\"Error reading xref information "
-    L"from database.\\nCause:";
+    informationBox(L"Error reading xref information from database.\\nCause:");
 
 /// Main.dxf refers to A, which N is nested in, to B under two spellings, to files with quotes and
 /// blanks, one in the view's root, one that is gone and one outside the view, which P is nested in.
@@ -99,8 +97,7 @@ TEST_F(XrefCheck, AsksOnceForAllFilesInTheOrderOfTheirPaths) {
   EXPECT_EQ(count(L"xref: ") + count(L"progress") + count(L"box: "), 0) << recent();
 
   remove(L"desktop.ini");
-  mark();
-  run(update);
+  step(update);
   expectOrder({batch(files, L"00000000-0000-0000-0000-000000000000")});
 }
 
@@ -110,8 +107,7 @@ TEST_F(XrefCheck, AsksNothingWithoutXrefsInTheView) {
   EXPECT_EQ(count(L"client: "), 0) << recent();
   writeDrawing(L"Else\\Out.dxf");
   run("@reg set StatusWnd 1\n@unload\n@load\n@open %WORK%\\View\\Site\\Outward.dxf\n");
-  mark();
-  run(update);
+  step(update);
   EXPECT_EQ(count(L"rootFolderPath"), 1) << recent();
   EXPECT_EQ(count(L"VaultQuery."), 0) << recent();
   EXPECT_EQ(xrefBox(), L"checked enabled");
@@ -137,8 +133,7 @@ TEST_F(XrefCheck, FirstStaleFileSettlesACheckThatChangesNothing) {
   for (const StaleCase& each : cases) {
     makeStale(each.file);
     run(each.further);
-    mark();
-    run(open);
+    step(open);
     EXPECT_EQ(xrefBox(), each.box) << each.file << each.further;
     EXPECT_EQ(count(L"xref: unloaded") + count(L"getLocalCopy") + count(L"progress"), 0);
     run("@close\n");
@@ -149,11 +144,7 @@ TEST_F(XrefCheck, FirstStaleFileSettlesACheckThatChangesNothing) {
 
 TEST_F(XrefCheck, PassesOverAFileThatIsLockedAndWhatIsNestedInIt) {
   makeStale("Xrefs\\N.dxf");
-  const std::unique_ptr<void, decltype(&CloseHandle)> locked(
-      CreateFileW(view(L"Xrefs\\A.dxf").c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0,
-                  nullptr),
-      CloseHandle);
-  ASSERT_NE(locked.get(), INVALID_HANDLE_VALUE);
+  const HeldOpen locked(view(L"Xrefs\\A.dxf"), GENERIC_READ, 0);
   run("@load\n" + open);
   EXPECT_EQ(xrefBox(), L"checked enabled");
 }
@@ -164,8 +155,7 @@ TEST_F(XrefCheck, BringsUpToDateLevelByLevel) {
   const std::string newA = bytesOf(workFolder() / L"source.dxf");
   makeStale("Xrefs\\New.dxf", {{L"Deep", L"..\\Xrefs\\P.dxf"}});
   run("@load\n" + open);
-  mark();
-  run("@click IDC_XREFS_LATEST\n");
+  step("@click IDC_XREFS_LATEST\n");
   const std::wstring xrefs = L"<work>\\View\\Xrefs\\";
   expectOrder({L"VaultQuery.execute", L"progress \"" + xrefs + L"A.dxf\" 0..1", L"xref: unloaded A",
                L"VaultClient.fileFromPath(path=\"" + xrefs + L"A.dxf\")",
@@ -204,8 +194,7 @@ TEST_F(XrefCheck, FileThatTheVaultDoesntGiveStaysUnloadedAndTheRestGoesOn) {
   makeStale("O'Brien\\O'Neil part.dxf");
   makeStale("Root file.dxf");
   run("@load\n" + open + "@reg set EditWarning 0\n");
-  mark();
-  run("@fail VaultClient.fileFromPath E_QVT_FILE_NOT_FOUND\n@click IDC_XREFS_LATEST\n");
+  step("@fail VaultClient.fileFromPath E_QVT_FILE_NOT_FOUND\n@click IDC_XREFS_LATEST\n");
   expectOrder({L"O'Neil part.dxf\" 0..2", L"progress at 0", L"xref: unloaded Quote",
                L"Root file.dxf\" 0..2", L"progress at 1", L"xref: unloaded Root", L"getLocalCopy(",
                L"xref: loaded Root", L"progress ends"});
@@ -213,8 +202,7 @@ TEST_F(XrefCheck, FileThatTheVaultDoesntGiveStaysUnloadedAndTheRestGoesOn) {
   EXPECT_EQ(count(L"getLocalCopy"), 1) << recent();
   EXPECT_EQ(count(L"VaultQuery.execute"), 2) << recent();
   EXPECT_EQ(xrefBox(), L"checked enabled");
-  mark();
-  run("@fail VaultClient.fileFromPath E_QVT_FILE_NOT_FOUND\n" + update);
+  step("@fail VaultClient.fileFromPath E_QVT_FILE_NOT_FOUND\n" + update);
   EXPECT_EQ(count(L"VaultQuery.execute"), 1) << "nothing new came, so nothing is looked at again";
 }
 
@@ -241,23 +229,28 @@ TEST_F(XrefCheck, ErrorOfTheVaultEndsTheRunAndIsTold) {
       {"VaultRowList.flagAt", false},
       {"VaultFile.getLocalCopy", true},
   };
-  for (const FailingStep& step : steps) {
-    mark();
-    run("@fail " + std::string(step.operation) + " E_QVT_PERMISSION_DENIED\n@answer ok\n" + update);
+  for (const FailingStep& failing : steps) {
+    step("@fail " + std::string(failing.operation) + " E_QVT_PERMISSION_DENIED\n@answer ok\n" +
+         update);
     EXPECT_EQ(count(errorBox + L"You don't have permission to perform this action."), 1)
-        << step.operation << recent();
-    EXPECT_EQ(count(L"xref: unloaded Root"), step.unloads ? 1 : 0) << step.operation << recent();
-    EXPECT_EQ(count(L"progress ends"), step.unloads ? 1 : 0) << step.operation << recent();
-    EXPECT_EQ(count(L"xref: loaded"), 0) << step.operation << recent();
+        << failing.operation << recent();
+    EXPECT_EQ(count(L"xref: unloaded Root"), failing.unloads ? 1 : 0)
+        << failing.operation << recent();
+    EXPECT_EQ(count(L"progress ends"), failing.unloads ? 1 : 0) << failing.operation << recent();
+    EXPECT_EQ(count(L"xref: loaded"), 0) << failing.operation << recent();
   }
   expectOrder({L"getLocalCopy", L"progress ends", errorBox});
   for (const char* quiet : {"VaultClient.vaultNameFromPath E_QVT_KEY_NOT_FOUND",
                             "QueryInterface.VaultRootFolderAccess E_NOINTERFACE"}) {
-    mark();
-    run("@fail " + std::string(quiet) + "\n" + update);
+    step("@fail " + std::string(quiet) + "\n" + update);
     EXPECT_EQ(count(L"box: ") + count(L"xref: ") + count(L"VaultQuery."), 0) << quiet << recent();
   }
-  run(update);
+  write(workFolder() / L"numbered.txt", "QvtInterface;ErrorCodes;12=number 12\n");
+  step(
+      "@client language %WORK%\\numbered.txt\n@fail VaultQuery.execute E_QVT_LOCKED\n@answer ok\n" +
+      update);
+  EXPECT_EQ(count(errorBox + L"number 12\""), 1) << recent();
+  run("@client language default\n" + update);
   EXPECT_EQ(count(L"xref: loaded Root"), 1) << recent();
 }
 

@@ -17,12 +17,6 @@
 #include "gate/HostError.h"
 #include "shared/Support.h"
 
-/// The project's own folder; a path of the build machine lies on Wine's drive Z.
-inline fs::path projectFolder() {
-  const std::wstring folder = wb::fromUtf8(PROJECT_FOLDER);
-  return folder[0] == L'/' ? L"Z:" + folder : folder;
-}
-
 inline std::vector<fs::path> sampleDrawings() {
   std::vector<fs::path> found;
   for (const wchar_t* folder : {L"workbench/drawings", L"tests/drawings"}) {

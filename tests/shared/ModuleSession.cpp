@@ -6,6 +6,7 @@
 
 #include "core/Program.h"
 #include "core/Text.h"
+#include "ui/resource.h"
 #include "watch/ImportWatch.h"
 
 ModuleSession::ModuleSession() : session(options()) {
@@ -53,7 +54,7 @@ const wb::StoredFile& ModuleSession::stored(const std::wstring& file) {
 std::filesystem::path ModuleSession::binFolder() { return wb::programFolder(); }
 
 std::wstring ModuleSession::workbenchFile(const std::wstring& relative) {
-  return wb::fromUtf8(PROJECT_FOLDER) + L"/workbench/" + relative;
+  return (projectFolder() / L"workbench" / relative).wstring();
 }
 
 std::filesystem::path ModuleSession::writeDrawing(const std::wstring& file,
@@ -80,6 +81,30 @@ void ModuleSession::run(const std::string& script) {
   EXPECT_TRUE(session.run(script)) << script << "----\n" << recent();
 }
 
+void ModuleSession::makeWritable(const std::wstring& file) {
+  EXPECT_TRUE(SetFileAttributesW((viewFolder() / file).c_str(), FILE_ATTRIBUTE_NORMAL));
+}
+
+HWND ModuleSession::statusWindow() {
+  HWND found = nullptr;
+  EnumThreadWindows(
+      GetCurrentThreadId(),
+      [](HWND window, LPARAM result) {
+        if (GetDlgItem(window, IDC_XREFS_LATEST)) *reinterpret_cast<HWND*>(result) = window;
+        return TRUE;
+      },
+      reinterpret_cast<LPARAM>(&found));
+  return found;
+}
+
+void ModuleSession::addSite() {
+  writeDrawing(L"part.dxf");
+  writeDrawing(L"site.dxf", {{L"Part", L"Part.dxf"}});
+  run("@vault add %WORK%\\View\\Part.dxf from %WORK%\\part.dxf\n"
+      "@vault add %WORK%\\View\\Site.dxf from %WORK%\\site.dxf\n"
+      "@vault add %WORK%\\View\\Other.dxf from %WORK%\\small.dxf\n");
+}
+
 void ModuleSession::openPlan() {
   run("@load\n@open %WORK%\\View\\Plan.dxf\n");
   mark();
@@ -88,6 +113,11 @@ void ModuleSession::openPlan() {
 void ModuleSession::mark() {
   start = session.transcript().size();
   detailStart = wb::Transcript::instance().details().size();
+}
+
+void ModuleSession::step(const std::string& script) {
+  mark();
+  run(script);
 }
 
 std::vector<std::wstring> ModuleSession::lines() const {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <windows.h>
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -12,9 +14,24 @@
 #include "shared/Support.h"
 #include "store/Store.h"
 
+/// How the line of a box of the module's begins: one that informs, one that asks.
+inline std::wstring informationBox(const std::wstring& text) {
+  return L"box: flags=MB_OK|MB_ICONINFORMATION title=\"Tessaro\" text=\"" + text;
+}
+inline std::wstring questionBox(const std::wstring& text) {
+  return L"box: flags=MB_YESNO|MB_ICONQUESTION title=\"Tessaro\" text=\"" + text;
+}
+
 /// A session with the real module and the real client, and a vault "Works" whose view
 /// %WORK%\View holds the drawing Plan.dxf. %DRAWINGS% are the project's own sample drawings.
 class ModuleSession : public testing::Test {
+ public:
+  static wb::SessionOptions options();
+  /// A file of the project below its folder `workbench`.
+  static std::wstring workbenchFile(const std::wstring& relative);
+  /// The module's status window, in whatever language; null if there is none.
+  static HWND statusWindow();
+
  protected:
   ModuleSession();
   /// Ends the session: whatever the module left behind then fails the test.
@@ -23,11 +40,15 @@ class ModuleSession : public testing::Test {
   /// Runs a script that has to succeed; the lines told since the mark are shown if it doesn't.
   void run(const std::string& script);
 
+  /// Adds Site.dxf to the view, with the xref Part, and Other.dxf without one.
+  void addSite();
   /// Loads the module, opens Plan.dxf out of the view and marks.
   void openPlan();
 
   /// From here on expectOrder, count and recent look.
   void mark();
+  /// Marks and runs.
+  void step(const std::string& script);
   /// The lines that hold these texts were told since the mark, in this order, others in between.
   void expectOrder(const std::vector<std::wstring>& texts) const;
   /// How many lines told since the mark hold the text.
@@ -55,12 +76,10 @@ class ModuleSession : public testing::Test {
 
   static std::filesystem::path workFolder();
   static std::filesystem::path viewFolder();
+  /// Takes the protection off a file of the view.
+  static void makeWritable(const std::wstring& file);
   /// Where the programs and libraries under test lie.
   static std::filesystem::path binFolder();
-  /// A file of the project below its folder `workbench`.
-  static std::wstring workbenchFile(const std::wstring& relative);
-
-  static wb::SessionOptions options();
 
   /// The notes and lines since the mark, each with the levels of COM that the module had then.
   std::vector<wb::Transcript::Detail> details() const;

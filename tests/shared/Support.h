@@ -1,10 +1,13 @@
 #pragma once
 
+#include <windows.h>
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -19,6 +22,21 @@ inline void write(const fs::path& path, const std::string& bytes) {
   std::ofstream file(path, std::ios::binary);
   EXPECT_TRUE(file << bytes) << path.string();
 }
+
+/// A file kept open as another program would.
+class HeldOpen {
+ public:
+  HeldOpen(const fs::path& file, DWORD access, DWORD share)
+      : handle(CreateFileW(file.c_str(), access, share, nullptr, OPEN_EXISTING, 0, nullptr)) {
+    EXPECT_NE(INVALID_HANDLE_VALUE, handle) << file.string();
+  }
+  HeldOpen(const HeldOpen&) = delete;
+  HeldOpen& operator=(const HeldOpen&) = delete;
+  ~HeldOpen() { CloseHandle(handle); }
+
+ private:
+  const HANDLE handle;
+};
 
 /// An empty folder for a test's files.
 inline fs::path emptyTestFolder(const wchar_t* name) {
@@ -42,6 +60,24 @@ inline std::string dxf(const std::string& groups, const char* release = "AC1009"
     begin = end + 1;
   }
   return result;
+}
+
+/// The project's own folder; a path of the build machine lies on Wine's drive Z.
+inline fs::path projectFolder() {
+  const std::wstring folder = wb::fromUtf8(PROJECT_FOLDER);
+  return folder[0] == L'/' ? L"Z:" + folder : folder;
+}
+
+/// The numbered texts of a section in a language file of the client.
+inline std::map<int, std::wstring> clientTexts(const fs::path& file, const std::string& section) {
+  std::map<int, std::wstring> texts;
+  std::ifstream stream(file, std::ios::binary);
+  for (std::string line; std::getline(stream, line);) {
+    if (line.rfind(section, 0) != 0) continue;
+    const size_t equals = line.find('=');
+    texts[std::stoi(line.substr(section.size()))] = wb::fromUtf8(line.substr(equals + 1));
+  }
+  return texts;
 }
 
 /// Lines as one text, in UTF-8.

@@ -9,8 +9,6 @@
 #include <aced.h>
 #include <acutmem.h>
 #include <adscodes.h>
-#include <appinfo.h>
-#include <axlock.h>
 #include <dbapserv.h>
 #include <rxclass.h>
 #include <rxdlinkr.h>
@@ -42,9 +40,6 @@ class Documents : public AcApDocManagerReactor {
                                   AcAp::DocLockMode, const ACHAR* name) override {
     say(std::wstring(L"documentLockModeWillChange ") + name);
   }
-  void documentLockModeChangeVetoed(AcApDocument*, const ACHAR*) override {
-    say(L"documentLockModeChangeVetoed");
-  }
   void documentLockModeChanged(AcApDocument* d, AcAp::DocLockMode, AcAp::DocLockMode,
                                AcAp::DocLockMode, const ACHAR* name) override {
     say(std::wstring(L"documentLockModeChanged ") + name + L" " +
@@ -63,17 +58,9 @@ class Saves : public AcEditorReactor {
   }
 };
 
-class Menu : public AcEdUIContext {
- public:
-  using AcEdUIContext::getMenuContext;
-  void* getMenuContext(const AcRxClass*, const AcDbObjectIdArray&) override { return nullptr; }
-  void onCommand(Adesk::UInt32) override {}
-};
-
 void* packet = nullptr;
 Documents* documents = nullptr;
 Saves* saves = nullptr;
-Menu* menu = nullptr;
 
 AcRxDynamicLinker* linker() {
   return AcRxDynamicLinker::cast(acrxSysRegistry()->at(ACRX_DYNAMIC_LINKER));
@@ -83,33 +70,9 @@ AcEdCommandStack* stack() {
   return AcEdCommandStack::cast(acrxSysRegistry()->at(L"ACAD_REGISTERED_COMMANDS"));
 }
 
-Acad::ErrorStatus pickFirstDrawing(short* cancel, ACHAR*& path, void* window, const int flags,
-                                   const ACHAR* prompt, const ACHAR* dir, const ACHAR* name,
-                                   const ACHAR* type, int* choice, bool* readOnly,
-                                   const ACHAR* tags, void* reserved) {
-  static bool inside = false;
-  if (inside) return Acad::eNotHandled;
-  inside = true;
-  const auto status = acdbHostApplicationServices()->selectFile(
-      cancel, path, window, flags, prompt, dir, name, type, choice, readOnly, tags, reserved);
-  inside = false;
-  say(L"selected with flags " + std::to_wstring(flags));
-  return status;
-}
-
 void showContext() {
   const bool application = acDocManagerPtr()->isApplicationContext();
   say(application ? L"in the application's context" : L"in a document's context");
-}
-
-// What a check-out does with the drawing on top.
-void reopen() {
-  AcApDocument* document = acDocManagerPtr()->curDocument();
-  const std::wstring path = document->fileName();
-  acDocManagerPtr()->sendStringToExecute(document, L"_CLOSE ");
-  say(L"closing is queued");
-  const auto status = acDocManagerPtr()->appContextOpenDocument(path.c_str());
-  say(L"opened again: " + std::to_wstring(status));
 }
 
 void openFromDocument() {
@@ -144,11 +107,6 @@ void later() {
   say(L"command over");
 }
 
-void lockWorkingDatabase() {
-  const AcAxDocLock lock(acdbHostApplicationServices()->workingDatabase());
-  say(L"lock status " + std::to_wstring(lock.lockStatus()));
-}
-
 void loseMemory() {
   ACHAR* lost = nullptr;
   acutNewString(L"lost", lost);
@@ -165,27 +123,6 @@ void loseOwnMemory() {
   CoTaskMemFree(CoTaskMemAlloc(1237));
 }
 
-void install() {
-  wchar_t file[MAX_PATH];
-  HMODULE self = nullptr;
-  GetModuleHandleExW(
-      GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-      reinterpret_cast<const wchar_t*>(&packet), &self);
-  GetModuleFileNameW(self, file, MAX_PATH);
-  AcadAppInfo info;
-  info.setAppName(L"TestModule");
-  info.setModuleName(file);
-  info.setLoadReason(AcadApp::kOnAutoCADStartup);
-  say(L"writeToRegistry " + std::to_wstring(info.writeToRegistry()));
-}
-
-void uninstall() { say(L"unregister " + std::to_wstring(acrxUnregisterApp(L"TestModule"))); }
-
-int lispFunction() {
-  say(L"LISP calls");
-  return RTNORM;
-}
-
 struct TestCommand {
   const wchar_t* name;
   int flags;
@@ -193,20 +130,15 @@ struct TestCommand {
 };
 
 const TestCommand commands[] = {
-    {L"T_RESERVED", 0, showContext},
     {L"T_DOCUMENT", ACRX_CMD_REDRAW, showContext},
     {L"T_SESSION", ACRX_CMD_SESSION, showContext},
-    {L"T_REOPEN", ACRX_CMD_SESSION, reopen},
     {L"T_OPENHERE", 0, openFromDocument},
     {L"T_CLOSEOWN", 0, closeOwnDocument},
     {L"T_NUMBER", 0, askNumber},
     {L"T_SAVE", 0, saveByNarrowText},
     {L"T_LATER", 0, later},
-    {L"T_LOCK", ACRX_CMD_SESSION, lockWorkingDatabase},
     {L"T_LOSE", 0, loseMemory},
     {L"T_LOSEOWN", 0, loseOwnMemory},
-    {L"T_INSTALL", 0, install},
-    {L"T_UNINSTALL", 0, uninstall},
     {L"T_STAY", 0, [] { linker()->lockApplication(packet); }},
     {L"T_GO", 0, [] { linker()->unlockApplication(packet); }},
     {L"T_COMERROR", 0, [] { throw _com_error(E_ACCESSDENIED); }},
@@ -223,20 +155,14 @@ void start(void* appId) {
   }
   documents = new Documents;
   saves = new Saves;
-  menu = new Menu;
   acDocManagerPtr()->addReactor(documents);
   static_cast<AcEditor*>(acrxSysRegistry()->at(L"AcEditor"))->addReactor(saves);
-  acedAddObjectContextMenu(AcRxObject::desc(), menu, packet);
-  acdbHostApplicationServices()->registerSelectFileCallback(L"Test", pickFirstDrawing);
 }
 
 void end() {
   stack()->removeGroup(L"TEST");
-  acdbHostApplicationServices()->registerSelectFileCallback(L"Test", pickFirstDrawing, true);
-  acedRemoveObjectContextMenu(AcRxObject::desc(), menu);
   static_cast<AcEditor*>(acrxSysRegistry()->at(L"AcEditor"))->removeReactor(saves);
   acDocManagerPtr()->removeReactor(documents);
-  delete menu;
   delete saves;
   delete documents;
 }
@@ -251,10 +177,6 @@ extern "C" __declspec(dllexport) AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCod
   switch (message) {
     case AcRx::kInitAppMsg:
       start(appId);
-      break;
-    case AcRx::kLoadDwgMsg:
-      acedDefun(L"C:T_LISP", 0);
-      acedRegFunc(lispFunction, 0);
       break;
     case AcRx::kUnloadAppMsg:
       end();

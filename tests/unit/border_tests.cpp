@@ -18,7 +18,6 @@
 #include "tracking/EditorReactor.h"
 #include "ui/resource.h"
 #include "unit/BoxWatch.h"
-#include "unit/FakeClient.h"
 #include "vault/ErrorReport.h"
 #include "vault/ResultCodes.h"
 #include "watch/ImportWatch.h"
@@ -233,14 +232,6 @@ TEST_F(Later, EachCallIsMadeOnceAndInItsOrder) {
   documents().runDeferred();
   documents().runDeferred();
   EXPECT_EQ(called, (std::vector<int>{1, 2}));
-}
-
-TEST_F(Later, WhatTheHostHasNotCalledIsDroppedWithTheModule) {
-  setCurrentApp(&app);
-  handOver(1);
-  app.laterCalls.drop();
-  documents().runDeferred();
-  EXPECT_TRUE(called.empty());
 }
 
 }  // namespace tessaro

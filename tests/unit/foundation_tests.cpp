@@ -209,6 +209,12 @@ TEST(FormatText, LeavesAloneWhatItCannotFill) {
   EXPECT_EQ(formatText(L"%501d %5000d %d", {1, 2, 3}), L"%501d %5000d 3");
   EXPECT_EQ(formatText(L"%99999999999999999999s %d", {L"x", 2}), L"%99999999999999999999s 2");
   EXPECT_EQ(formatText(L"%.99999999999999999999d", {1}), L"%.99999999999999999999d");
+  EXPECT_EQ(formatText(L"100% of %s", {L"x"}), L"100% of x");
+  EXPECT_EQ(formatText(L"no place", {L"x"}), L"no place");
+  EXPECT_EQ(formatText(L"%n%n%n%p %s", {L"x"}), L"%n%n%n%p x");
+  EXPECT_EQ(formatText(L"%s: a number %d", {L"x"}), L"x: a number %d");
+  EXPECT_EQ(formatText(L"%s %", {L"x"}), L"x %");
+  EXPECT_EQ(formatText(L"%999999999s", {L"x"}), L"%999999999s");
   EXPECT_EQ(formatText(L"%n %p %f %*d %", {1, 2}), L"%n %p %f %*d %");
 }
 

@@ -79,64 +79,52 @@ TEST_F(RegistryTest, KeepsTheResultOfReadingAndWriting) {
 }
 
 TEST_F(RegistryTest, StringsOfEveryShape) {
-  setText(HKEY_CURRENT_USER, addin, L"plain", L"text");
-  setBytes(HKEY_CURRENT_USER, addin, L"ended", REG_SZ, L"text", 5 * sizeof(wchar_t));
-  setBytes(HKEY_CURRENT_USER, addin, L"cut", REG_SZ, L"te\0xt", 6 * sizeof(wchar_t));
-  setBytes(HKEY_CURRENT_USER, addin, L"odd", REG_SZ, L"text", 7);
-  setBytes(HKEY_CURRENT_USER, addin, L"single", REG_SZ, "x", 1);
-  setBytes(HKEY_CURRENT_USER, addin, L"nothing", REG_SZ, "", 0);
-  setBytes(HKEY_CURRENT_USER, addin, L"expandNothing", REG_EXPAND_SZ, "", 0);
+  const auto textOf = [](const void* data, size_t size, DWORD type = REG_SZ) {
+    setBytes(HKEY_CURRENT_USER, addin, L"value", type, data, size);
+    return readText(L"value");
+  };
+  constexpr size_t letter = sizeof(wchar_t);
+  EXPECT_EQ(textOf(L"text!", 4 * letter), L"text") << "without an end";
+  EXPECT_EQ(textOf(L"text", 5 * letter), L"text");
+  EXPECT_EQ(textOf(L"te\0xt", 6 * letter), L"te");
+  EXPECT_EQ(textOf(L"text", 7), L"tex");
+  EXPECT_EQ(textOf("x", 1), L"");
+  EXPECT_EQ(textOf("", 0), L"");
+  EXPECT_EQ(textOf("", 0, REG_EXPAND_SZ), L"");
+  EXPECT_EQ(textOf(std::wstring(5001, L'x').data(), 5000 * letter).size(), 5000u);
   setText(HKEY_CURRENT_USER, addin, L"", L"default");
-  setText(HKEY_CURRENT_USER, addin, L"long", std::wstring(5000, L'x'));
-  EXPECT_EQ(readText(L"plain"), L"text");
-  EXPECT_EQ(readText(L"ended"), L"text");
-  EXPECT_EQ(readText(L"cut"), L"te");
-  EXPECT_EQ(readText(L"odd"), L"tex");
-  EXPECT_EQ(readText(L"single"), L"");
-  EXPECT_EQ(readText(L"nothing"), L"");
-  EXPECT_EQ(readText(L"expandNothing"), L"");
   EXPECT_EQ(readText(L""), L"default");
-  EXPECT_EQ(readText(L"long").size(), 5000u);
-}
 
-TEST_F(RegistryTest, StringsExpandAndOtherTypesAreNone) {
   SetEnvironmentVariableW(L"TESSARO_TEST", std::wstring(300, L'v').c_str());
-  setText(HKEY_CURRENT_USER, addin, L"expand", L"<%TESSARO_TEST%>", REG_EXPAND_SZ);
-  setText(HKEY_CURRENT_USER, addin, L"unknown", L"%NO_SUCH_NAME%", REG_EXPAND_SZ);
-  setText(HKEY_CURRENT_USER, addin, L"plain", L"%TESSARO_TEST%");
-  setText(HKEY_CURRENT_USER, addin, L"multi", L"text", REG_MULTI_SZ);
-  setText(HKEY_CURRENT_USER, addin, L"binary", L"text", REG_BINARY);
-  setNumber(HKEY_CURRENT_USER, addin, L"number", 7);
-  EXPECT_EQ(readText(L"expand"), L"<" + std::wstring(300, L'v') + L">");
-  EXPECT_EQ(readText(L"unknown"), L"%NO_SUCH_NAME%");
-  EXPECT_EQ(readText(L"plain"), L"%TESSARO_TEST%");
-  for (const wchar_t* name : {L"multi", L"binary", L"number", L"missing"}) {
-    EXPECT_EQ(readText(name), L"(none)") << name;
+  EXPECT_EQ(textOf(L"<%TESSARO_TEST%>", 17 * letter, REG_EXPAND_SZ),
+            L"<" + std::wstring(300, L'v') + L">");
+  EXPECT_EQ(textOf(L"%NO_SUCH_NAME%", 15 * letter, REG_EXPAND_SZ), L"%NO_SUCH_NAME%");
+  EXPECT_EQ(textOf(L"%TESSARO_TEST%", 15 * letter), L"%TESSARO_TEST%");
+  for (const DWORD type : {REG_MULTI_SZ, REG_BINARY, REG_DWORD}) {
+    EXPECT_EQ(textOf(L"7", 2 * letter, type), L"(none)") << type;
   }
+  EXPECT_EQ(readText(L"missing"), L"(none)");
 }
 
 TEST_F(RegistryTest, SettingsAreValuesOfFourBytesOfAnyType) {
   EXPECT_EQ(readNumber(L"missing"), 5u) << "no key";
-  setNumber(HKEY_CURRENT_USER, addin, L"number", 0);
-  setNumber(HKEY_CURRENT_USER, addin, L"binary", 0x12345678, REG_BINARY);
-  setText(HKEY_CURRENT_USER, addin, L"text", L"AB");
-  EXPECT_EQ(readNumber(L"number"), 0u);
-  EXPECT_EQ(readNumber(L"binary"), 0x12345678u);
-  EXPECT_EQ(readNumber(L"text"), 0x00420041u);
-
-  setBytes(HKEY_CURRENT_USER, addin, L"empty", REG_DWORD, "", 0);
-  setBytes(HKEY_CURRENT_USER, addin, L"byte", REG_BINARY, "\x02", 1);
-  setBytes(HKEY_CURRENT_USER, addin, L"three bytes", REG_DWORD, "\x02\0", 3);
-  const unsigned long long big = 1;
-  setBytes(HKEY_CURRENT_USER, addin, L"eight bytes", REG_QWORD, &big, sizeof(big));
-  setText(HKEY_CURRENT_USER, addin, L"long text", L"ABC");
-  for (const wchar_t* name :
-       {L"missing", L"empty", L"byte", L"three bytes", L"eight bytes", L"long text"}) {
-    EXPECT_EQ(readNumber(name), 5u) << name;
-    DWORD unchanged = 7;
-    EXPECT_FALSE(readAddinSetting({name, 5}, unchanged)) << name;
-    EXPECT_EQ(unchanged, 7u) << name;
-  }
+  const auto numberOf = [](DWORD type, const void* data, size_t size) {
+    setBytes(HKEY_CURRENT_USER, addin, L"value", type, data, size);
+    const DWORD number = readNumber(L"value");
+    DWORD untouched = 7;
+    EXPECT_EQ(readAddinSetting({L"value", 5}, untouched), size == sizeof(DWORD));
+    EXPECT_EQ(untouched, size == sizeof(DWORD) ? number : 7u);
+    return number;
+  };
+  EXPECT_EQ(numberOf(REG_DWORD, "\0\0\0", 4), 0u);
+  EXPECT_EQ(numberOf(REG_BINARY, "\x78\x56\x34\x12", 4), 0x12345678u);
+  EXPECT_EQ(numberOf(REG_SZ, L"AB!", 4), 0x00420041u);
+  EXPECT_EQ(numberOf(REG_DWORD, "", 0), 5u);
+  EXPECT_EQ(numberOf(REG_BINARY, "\x02", 1), 5u);
+  EXPECT_EQ(numberOf(REG_DWORD, "\x02\0", 3), 5u);
+  EXPECT_EQ(numberOf(REG_QWORD, "\x01\0\0\0\0\0\0", 8), 5u);
+  EXPECT_EQ(numberOf(REG_SZ, L"ABC!", 6), 5u);
+  EXPECT_EQ(readNumber(L"missing"), 5u);
 }
 
 TEST_F(RegistryTest, WritingASettingMakesItsKey) {
@@ -150,14 +138,6 @@ TEST_F(RegistryTest, WritingASettingMakesItsKey) {
                          nullptr, nullptr),
             ERROR_SUCCESS);
   EXPECT_EQ(type, static_cast<DWORD>(REG_DWORD));
-}
-
-TEST_F(RegistryTest, TitleOfTheMachineGoesBeforeTheUsers) {
-  EXPECT_EQ(productTitle(L"Tessaro"), L"Tessaro");
-  setText(HKEY_CURRENT_USER, suite, L"", L"User's");
-  EXPECT_EQ(productTitle(L"Tessaro"), L"User's");
-  setText(HKEY_LOCAL_MACHINE, suite, L"", L"Machine's");
-  EXPECT_EQ(productTitle(L"Tessaro"), L"Machine's");
 }
 
 TEST_F(RegistryTest, TitleThatIsNoneFallsThrough) {
@@ -249,26 +229,24 @@ TEST_F(RegistryTest, VaultKeyNeedsTheMachinesRootAndMakesWhatItIsAskedTo) {
 TEST_F(RegistryTest, VaultIsOfflineByANonZeroNumberOfFourBytes) {
   makeKey(HKEY_LOCAL_MACHINE, suite);
   const std::wstring vaults = suite + L"\\Vaults\\";
-  setNumber(HKEY_CURRENT_USER, vaults + L"on", L"Offline", 0);
-  setNumber(HKEY_CURRENT_USER, vaults + L"off", L"Offline", 2);
-  setNumber(HKEY_CURRENT_USER, vaults + L"bigEndian", L"Offline", 0x01000000, REG_DWORD_BIG_ENDIAN);
-  setNumber(HKEY_CURRENT_USER, vaults + L"bigEndianOn", L"Offline", 0, REG_DWORD_BIG_ENDIAN);
-  setText(HKEY_CURRENT_USER, vaults + L"text", L"Offline", L"1");
-  setNumber(HKEY_CURRENT_USER, vaults + L"binary", L"Offline", 1, REG_BINARY);
-  const unsigned long long one = 1;
-  setBytes(HKEY_CURRENT_USER, vaults + L"qword", L"Offline", REG_QWORD, &one, sizeof(one));
-  setBytes(HKEY_CURRENT_USER, vaults + L"short", L"Offline", REG_DWORD, "\x01", 1);
+  const auto isOffline = [&](DWORD type, const void* data, size_t size) {
+    setBytes(HKEY_CURRENT_USER, vaults + L"v", L"Offline", type, data, size);
+    return isVaultOffline(L"v");
+  };
+  EXPECT_TRUE(isOffline(REG_DWORD, "\x02\0\0", 4));
+  EXPECT_FALSE(isOffline(REG_DWORD, "\0\0\0", 4));
+  EXPECT_TRUE(isOffline(REG_DWORD_BIG_ENDIAN, "\0\0\0\x01", 4));
+  EXPECT_FALSE(isOffline(REG_DWORD_BIG_ENDIAN, "\0\0\0", 4));
+  EXPECT_FALSE(isOffline(REG_SZ, L"1!", 2));
+  EXPECT_FALSE(isOffline(REG_BINARY, "\x01\0\0", 4));
+  EXPECT_FALSE(isOffline(REG_QWORD, "\x01\0\0\0\0\0\0", 8));
+  EXPECT_FALSE(isOffline(REG_DWORD, "\x01", 1));
   makeKey(HKEY_CURRENT_USER, vaults + L"silent");
   setNumber(HKEY_LOCAL_MACHINE, suite + L"\\Databases\\machine", L"Offline", 1);
-  EXPECT_TRUE(isVaultOffline(L"off"));
-  EXPECT_TRUE(isVaultOffline(L"bigEndian"));
-  for (const wchar_t* vault : {L"on", L"bigEndianOn", L"text", L"binary", L"qword", L"short",
-                               L"silent", L"machine", L"missing", L""}) {
+  for (const wchar_t* vault : {L"silent", L"machine", L"missing", L""}) {
     EXPECT_FALSE(isVaultOffline(vault)) << vault;
   }
   EXPECT_FALSE(isVaultOffline(nullptr));
-  setNumber(HKEY_CURRENT_USER, vaults + L"off", L"Offline", 0);
-  EXPECT_FALSE(isVaultOffline(L"off"));
 }
 
 }  // namespace tessaro

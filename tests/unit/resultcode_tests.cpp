@@ -8,6 +8,7 @@
 #include "core/Text.h"
 #include "foundation/CString.h"
 #include "foundation/FormatText.h"
+#include "shared/Support.h"
 #include "vault/ResultCodes.h"
 #include "vault/ResultCodeTable.h"
 #include "vault/ResultTexts.h"
@@ -59,6 +60,18 @@ TEST(ResultTextTable, TheWorkbenchNamesACodeAsTheModuleDoes) {
   EXPECT_EQ(static_cast<HRESULT>(0x80040292), wb::resultFromName(L"0x80040292"));
   for (const wchar_t* wrong : {L"", L"E_QVT_NONE", L"0x1FFFFFFFF", L"12 and more"}) {
     EXPECT_EQ(std::nullopt, wb::resultFromName(wrong)) << wb::toUtf8(wrong);
+  }
+}
+
+TEST(ResultTextTable, TheModulesOwnEnglishIsTheClients) {
+  auto english = clientTexts(projectFolder() / L"workbench/client/language-en.txt",
+                             "QvtInterface;ErrorCodes;");
+  EXPECT_GT(english.size(), 20u);
+  for (const ResultText& row : vaultTexts) {
+    std::wstring own = row.defaultText;
+    for (size_t at; (at = own.find(L'\n')) != own.npos;) own.replace(at, 1, L"\\n");
+    const auto text = english.find(row.number);
+    if (text != english.end()) EXPECT_EQ(own, text->second) << row.number;
   }
 }
 

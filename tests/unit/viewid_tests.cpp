@@ -2,32 +2,20 @@
 
 #include <windows.h>
 
-#include <filesystem>
-#include <fstream>
 #include <string>
 
+#include "shared/Support.h"
 #include "vault/ViewIdentifier.h"
 
 namespace tessaro {
 
 namespace {
 
-namespace fs = std::filesystem;
-
 /// A view's root with a desktop.ini of its own.
 class ViewIdentifier : public testing::Test {
  protected:
-  void SetUp() override {
-    wchar_t folder[MAX_PATH] = {};
-    GetTempPathW(MAX_PATH, folder);
-    root = fs::path(folder) / (L"TessaroView" + std::to_wstring(GetCurrentProcessId()));
-    fs::create_directories(root);
-  }
-
-  void TearDown() override { fs::remove_all(root); }
-
   void write(const std::string& content) const {
-    std::ofstream(root / L"desktop.ini", std::ios::binary) << content;
+    ::write(root / L"desktop.ini", content);
     // Windows may keep the file that it read last.
     WritePrivateProfileStringW(nullptr, nullptr, nullptr, (root / L"desktop.ini").c_str());
   }
@@ -51,7 +39,7 @@ class ViewIdentifier : public testing::Test {
 
   std::wstring read() const { return read(root.wstring()); }
 
-  fs::path root;
+  const fs::path root = emptyTestFolder(L"view-identifier");
 };
 
 }  // namespace

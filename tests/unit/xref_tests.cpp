@@ -2,9 +2,7 @@
 
 #include <windows.h>
 
-#include <filesystem>
-#include <fstream>
-
+#include "shared/Support.h"
 #include "unit/FakeObject.h"
 #include "vault/VaultView.h"
 #include "xref/ModifiedDates.h"
@@ -106,15 +104,6 @@ TEST(XrefList, GoesOnBehindARemovedRow) {
   EXPECT_TRUE(list.currentName().empty());
 }
 
-TEST(ModifiedDates, BuildsTheStatementsForAllFiles) {
-  EXPECT_EQ(buildModifiedDateBatch(L"C:\\No such view", -3, {L"\\A.dwg", L"\\O'Sub\\O'Neil.dwg"}),
-            L"Exec Doc_Init_GMDM_Temp\n"
-            L"Exec Doc_Pop_GMDM_Temp 'A.dwg', '\\'\n"
-            L"Exec Doc_Pop_GMDM_Temp 'O''Neil.dwg', '\\O''Sub\\'\n"
-            L"Exec Doc_GetModifiedDateMultiple '00000000-0000-0000-0000-000000000000', -3\n"
-            L"Exec Doc_Cleanup_GMDM_Temp");
-}
-
 /// Two result sets; the way from the first to the second takes as many calls as `answers` has.
 class FakeRows : public FakeObject<VaultRowList> {
  public:
@@ -190,16 +179,9 @@ TEST(ModifiedDates, AsksOnUntilTheNextResultIsAnsweredYesOrNo) {
   }
 }
 
-class FileOnDisk {
- public:
-  FileOnDisk() : path(std::filesystem::temp_directory_path() / L"tessaro-date.dwg") {
-    std::ofstream(path) << "x";
-  }
-  ~FileOnDisk() { std::filesystem::remove(path); }
+struct FileOnDisk {
+  FileOnDisk() { write(path, "x"); }
 
-  void writeTime(WORD second, WORD milliseconds) const {
-    writeTime({2009, 3, 0, 29, 10, 0, second, milliseconds});
-  }
   void writeTime(const SYSTEMTIME& time) const {
     FILETIME fileTime;
     ASSERT_TRUE(SystemTimeToFileTime(&time, &fileTime));
@@ -209,7 +191,7 @@ class FileOnDisk {
     CloseHandle(file);
   }
 
-  const std::filesystem::path path;
+  const fs::path path = emptyTestFolder(L"dates") / L"date.dwg";
 };
 
 FileAge ageAgainst(const FileOnDisk& file, WORD vaultSecond, bool inVault = true,
@@ -225,7 +207,7 @@ FileAge ageAgainst(const FileOnDisk& file, WORD vaultSecond, bool inVault = true
 
 TEST(ModifiedDates, ComparesAtTheGrainOfTwoSeconds) {
   const FileOnDisk file;
-  file.writeTime(3, 400);
+  file.writeTime({2009, 3, 0, 29, 10, 0, 3, 400});
   EXPECT_EQ(ageAgainst(file, 2), FileAge::current);
   EXPECT_EQ(ageAgainst(file, 3), FileAge::outOfDate);
   EXPECT_EQ(ageAgainst(file, 4), FileAge::outOfDate);
@@ -252,10 +234,8 @@ TEST(ModifiedDates, KnowsNoTimeZone) {
 
 TEST(ModifiedDates, AFileThatCantBeOpenedIsUnreadable) {
   const FileOnDisk file;
-  HANDLE locked =
-      CreateFileW(file.path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+  const HeldOpen locked(file.path, GENERIC_READ, 0);
   EXPECT_EQ(ageAgainst(file, 0, false), FileAge::unreadable);
-  CloseHandle(locked);
   EXPECT_EQ(isOutOfDate(XrefFileRecord()), FileAge::unreadable);
 }
 

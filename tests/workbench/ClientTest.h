@@ -60,7 +60,7 @@ class ClientTest : public testing::Test {
     return address ? reinterpret_cast<Function>(address)() : E_NOINTERFACE;
   }
 
-  std::wstring path(const wchar_t* name) const { return (view / name).wstring(); }
+  std::wstring path(const wchar_t* name = L"Plan.dxf") const { return (view / name).wstring(); }
 
   void add(const wchar_t* name, const char* content) {
     const fs::path source = folder / L"source";
@@ -82,15 +82,18 @@ class ClientTest : public testing::Test {
     return client;
   }
 
-  void open(VaultFolderPtr& inFolder, VaultFilePtr& file, const wchar_t* name) {
-    const auto client = loggedIn();
-    ASSERT_EQ(client->fileFromPath(_bstr_t(path(name).c_str()), &inFolder, &file), S_OK);
-  }
-
-  void openLegacy(VaultFolderLegacyPtr& inFolder, VaultFileLegacyPtr& file, const wchar_t* name) {
-    const VaultClientLegacyPtr client = loggedIn();
-    ASSERT_EQ(client->fileFromPath(_bstr_t(path(name).c_str()), &inFolder, &file), S_OK);
-  }
+  /// Plan.dxf in one of the client's two generations.
+  template <class Client, class Folder, class File>
+  struct Opened {
+    explicit Opened(const std::wstring& path) {
+      const Client client = loggedIn();
+      EXPECT_EQ(client->fileFromPath(_bstr_t(path.c_str()), &folder, &file), S_OK);
+    }
+    Folder folder;
+    File file;
+  };
+  using Plan = Opened<VaultClientPtr, VaultFolderPtr, VaultFilePtr>;
+  using PlanLegacy = Opened<VaultClientLegacyPtr, VaultFolderLegacyPtr, VaultFileLegacyPtr>;
 
   /// The text that an operation gives.
   static _bstr_t text(const std::function<HRESULT(BSTR*)>& operation) {

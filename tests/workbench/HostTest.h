@@ -14,7 +14,6 @@
 #include "core/Transcript.h"
 #include "dialogs/Answers.h"
 #include "editor/Host.h"
-#include "editor/LoadRecord.h"
 #include "shared/Support.h"
 
 /// A started host, an empty folder for drawings, and the test application beside the program.
@@ -22,7 +21,6 @@ class HostTest : public testing::Test {
  protected:
   HostTest() {
     wb::Answers::instance().start(false);
-    wb::clearLoadRecord();
     host.start();
   }
   ~HostTest() override {
@@ -36,6 +34,15 @@ class HostTest : public testing::Test {
     return path.wstring();
   }
   void load() { ASSERT_TRUE(host.loadModule(module)) << text(); }
+  /// Loads the application and opens a drawing; the lines begin behind that.
+  /// @return the drawing's path
+  std::wstring loadAndOpen() {
+    load();
+    std::wstring path = drawing(L"a.dxf");
+    host.open(path);
+    forget();
+    return path;
+  }
   void run(std::wstring_view line) {
     host.type(line);
     host.runUntilIdle();

@@ -12,21 +12,6 @@
 #include "shared/Support.h"
 #include "store/Store.h"
 
-/// A file kept open as another program would.
-class HeldOpen {
- public:
-  HeldOpen(const fs::path& file, DWORD access, DWORD share)
-      : handle(CreateFileW(file.c_str(), access, share, nullptr, OPEN_EXISTING, 0, nullptr)) {
-    EXPECT_NE(INVALID_HANDLE_VALUE, handle) << file.string();
-  }
-  HeldOpen(const HeldOpen&) = delete;
-  HeldOpen& operator=(const HeldOpen&) = delete;
-  ~HeldOpen() { CloseHandle(handle); }
-
- private:
-  const HANDLE handle;
-};
-
 inline bool isReadOnlyFile(const fs::path& file) {
   const DWORD attributes = GetFileAttributesW(file.c_str());
   EXPECT_NE(INVALID_FILE_ATTRIBUTES, attributes) << file.string();

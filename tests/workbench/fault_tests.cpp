@@ -34,8 +34,7 @@ TEST_F(Fault, ADrawingThatVanishesInBetweenIsToldAndLosesNothing) {
 
   std::filesystem::permissions(plan, std::filesystem::perms::all);
   std::filesystem::remove(plan);
-  mark();
-  run("@fail checkOut E_FAIL\n@answer yes\n@answer ok\nTessaro_lock\n");
+  step("@fail checkOut E_FAIL\n@answer yes\n@answer ok\nTessaro_lock\n");
   expectOrder({L"text=\"Error checking out file.", L"doc: destroyed",
                L"doc: refused: opening <work>\\View\\Plan.dxf: the file doesn't exist"});
   EXPECT_EQ(stored().versions.size(), 1u);

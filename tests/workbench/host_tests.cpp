@@ -35,10 +35,7 @@ TEST_F(HostTest, ModulesThatArentOnesAreRefusedWithTheReason) {
 }
 
 TEST_F(HostTest, DocumentEventsComeInTheHostsOrder) {
-  load();
-  const std::wstring first = drawing(L"a.dxf");
-  host.open(first);
-  forget();
+  const std::wstring first = loadAndOpen();
   host.open(drawing(L"b.dxf"));
   EXPECT_TRUE(
       inOrder({L"documentCreateStarted", L"documentCreated b", L"ToBeDeactivated a",
@@ -76,25 +73,10 @@ TEST_F(HostTest, CommandsRunInTheirContexts) {
   forget();
   run(L"T_LATER");
   EXPECT_TRUE(inOrder({L"command over", L"LockModeChanged #T_LATER", L"the application's"}));
-  run(L"T_LISP");
-  EXPECT_TRUE(said(L"LISP calls"));
-}
-
-TEST_F(HostTest, QueuedClosingIsDoneBeforeTheOpenIsServed) {
-  load();
-  host.open(drawing(L"a.dxf"));
-  forget();
-  run(L"T_REOPEN");
-  EXPECT_TRUE(
-      inOrder({L"command: T_REOPEN", L"send: \"_CLOSE \"", L"closing is queued", L"command: CLOSE",
-               L"documentDestroyed a", L"documentActivated a", L"opened again: 0"}));
-  EXPECT_FALSE(said(L"read-only")) << text();
 }
 
 TEST_F(HostTest, UnsavedChangesAreAskedForAndTheClosingCanBeRefused) {
-  load();
-  const std::wstring path = drawing(L"a.dxf");
-  host.open(path);
+  const std::wstring path = loadAndOpen();
   host.edit();
   wb::Answers::instance().queue(L"cancel");
   run(L"T_CLOSEOWN");
@@ -114,8 +96,7 @@ TEST_F(HostTest, UnsavedChangesAreAskedForAndTheClosingCanBeRefused) {
 }
 
 TEST_F(HostTest, WhateverLeavesACommandIsToldAndTheHostGoesOn) {
-  load();
-  host.open(drawing(L"a.dxf"));
+  loadAndOpen();
   run(L"T_COMERROR");
   EXPECT_TRUE(inOrder(
       {L"T_COMERROR ended by an uncaught error 0x80070005", L"LockModeChanged #T_COMERROR 2"}));
@@ -126,19 +107,8 @@ TEST_F(HostTest, WhateverLeavesACommandIsToldAndTheHostGoesOn) {
   EXPECT_FALSE(said(L"error:")) << text();
 }
 
-TEST_F(HostTest, ANameInUseIsRefusedAndTheOthersAreAdded) {
-  EXPECT_TRUE(host.reserveCommand(L"t_reserved"));
-  EXPECT_FALSE(host.reserveCommand(L"T_RESERVED"));
-  load();
-  EXPECT_TRUE(said(L"addCommand 22"));
-  run(L"T_SESSION");
-  EXPECT_TRUE(said(L"the application's context"));
-}
-
 TEST_F(HostTest, PromptsReadTheQueueAndEscapeCancels) {
-  load();
-  const std::wstring path = drawing(L"a.dxf");
-  host.open(path);
+  const std::wstring path = loadAndOpen();
   run(L"T_NUMBER x 99999 12");
   EXPECT_TRUE(inOrder({L"Requires an integer", L"Requires an integer", L"acedGetInt 5100 12"}));
   host.type(L"T_NUMBER");
@@ -163,9 +133,7 @@ TEST_F(HostTest, PromptsReadTheQueueAndEscapeCancels) {
 }
 
 TEST_F(HostTest, DrawingsAreHeldOnlyWhileTheyAreOpenForWriting) {
-  load();
-  const std::wstring path = drawing(L"a.dxf");
-  host.open(path);
+  const std::wstring path = loadAndOpen();
   const auto canWrite = [&] { return std::ofstream(fs::path(path), std::ios::app).good(); };
   EXPECT_FALSE(canWrite());
   host.open(path);
@@ -200,38 +168,6 @@ TEST_F(HostTest, ADrawingWithoutANameGetsOneWhenItIsSaved) {
                        L"flags=0x40001", L"saved"}));
   EXPECT_TRUE(fs::exists(path));
   EXPECT_TRUE(host.close(path)) << "nothing is unsaved any more\n" << text();
-}
-
-TEST_F(HostTest, FilesAreSelectedThroughTheCallbacksAndLocksCanBeRefused) {
-  load();
-  EXPECT_FALSE(host.openDialog(std::nullopt));
-  EXPECT_TRUE(host.openDialog(drawing(L"a.dxf")));
-  EXPECT_TRUE(inOrder({L"selected with flags 266498", L"flags=0x41102", L"opened"}));
-  run(L"T_LOCK");
-  EXPECT_TRUE(said(L"lock status 0"));
-  host.documents().refuseLocks(1);
-  run(L"T_LOCK");
-  EXPECT_TRUE(inOrder({L"documentLockModeChangeVetoed", L"lock status"}));
-  EXPECT_FALSE(said(L"leak:")) << text();
-}
-
-TEST_F(HostTest, TheLoadRecordIsHonouredAtTheNextStart) {
-  load();
-  host.newDrawing();
-  run(L"T_INSTALL");
-  EXPECT_TRUE(said(L"writeToRegistry 0"));
-  host.stop();
-  const wb::SessionState nextSession;
-  wb::Host& next = wb::Host::instance();
-  next.start();
-  EXPECT_TRUE(said(L"message 1\""));
-  next.newDrawing();
-  for (int time = 0; time < 2; ++time) {
-    next.type(L"T_UNINSTALL");
-    next.runUntilIdle();
-  }
-  EXPECT_TRUE(inOrder({L"unregister 0", L"unregister 3"}));
-  next.stop();
 }
 
 }  // namespace

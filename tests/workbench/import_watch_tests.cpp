@@ -9,7 +9,6 @@
 #include "core/Accounts.h"
 #include "core/Program.h"
 #include "core/Transcript.h"
-#include "dialogs/Answers.h"
 #include "workbench/BareSession.h"
 
 namespace {
@@ -90,17 +89,6 @@ TEST_F(ImportWatchTest, TimersAreKeptAndTheirPeriodIsKnown) {
   SetTimer(window, 1, 60000, nullptr);
   DestroyWindow(window);
   EXPECT_EQ(L"", open()) << "a window takes its timers with it";
-}
-
-TEST_F(ImportWatchTest, ApartmentsAreCountedAndBoxesTold) {
-  const int before = wb::apartmentBalance();
-  CoInitialize(nullptr);
-  EXPECT_EQ(before + 1, wb::apartmentBalance());
-  CoUninitialize();
-  EXPECT_EQ(before, wb::apartmentBalance());
-  wb::Answers::instance().queue(L"ok");
-  EXPECT_EQ(IDOK, MessageBoxW(nullptr, L"Text", nullptr, MB_OK));
-  EXPECT_EQ(L"box: flags=MB_OK title=null text=\"Text\" answer=ok", session.transcript().back());
 }
 
 TEST_F(ImportWatchTest, UnwatchedModuleIsSeenNoMore) {

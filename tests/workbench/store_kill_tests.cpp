@@ -1,8 +1,9 @@
 // The store survives the end of its process at any moment: this program starts itself again as a
-// writer, and ends that writer in the middle of its work.
+// writer, which ends in the middle of its work.
 
 #include <cstdio>
 #include <sstream>
+#include <thread>
 
 #include "core/Program.h"
 #include "workbench/StoreTest.h"
@@ -10,6 +11,9 @@
 namespace {
 
 constexpr wchar_t writerSwitch[] = L"--write-into-store";
+constexpr UINT endedWhileWriting = 99;
+
+fs::path storeFolder() { return fs::temp_directory_path() / L"workbench-tests" / L"store-kill"; }
 
 std::string contentNumber(long number) {
   return std::string(static_cast<size_t>(20000 + number % 7 * 3000),
@@ -18,92 +22,39 @@ std::string contentNumber(long number) {
 }
 
 /// Changes a store without end, and tells each version that is on the disk.
-[[noreturn]] void writeIntoStore(const fs::path& folder) {
+/// @param milliseconds after the first check-in the process ends
+void writeIntoStore(unsigned milliseconds) {
   wb::Store store;
-  store.open(folder / L"store");
-  const std::wstring plan = (folder / L"Plant" / L"Plan.dwg").wstring();
-  for (;;) {
+  store.open(storeFolder() / L"store");
+  const std::wstring plan = (storeFolder() / L"Plant" / L"Plan.dwg").wstring();
+  for (bool first = true;; first = false) {
     if (!store.find(plan)->holder) store.checkOut(plan);
     const long next = store.find(plan)->latest().number + 1;
     write(plan, contentNumber(next));
     store.checkIn(plan, L"", next % 2 == 0);
     std::printf("%ld\n", next);
     std::fflush(stdout);
+    if (!first) continue;
+    std::thread([milliseconds] {
+      Sleep(milliseconds);
+      TerminateProcess(GetCurrentProcess(), endedWhileWriting);
+    }).detach();
   }
 }
 
 /// Runs before main() would run the tests.
 const bool isWriter = [] {
-  int count = 0;
-  wchar_t** arguments = CommandLineToArgvW(GetCommandLineW(), &count);
-  const bool asked = arguments && count == 3 && std::wstring(arguments[1]) == writerSwitch;
-  const fs::path folder = asked ? arguments[2] : L"";
-  LocalFree(arguments);
-  if (asked) {
-    try {
-      writeIntoStore(folder);
-    } catch (const std::exception& failure) {
-      std::printf("failed: %s\n", failure.what());
-      std::fflush(stdout);
-      ExitProcess(1);
-    }
+  const std::wstring line = GetCommandLineW();
+  const size_t at = line.find(writerSwitch);
+  if (at == std::wstring::npos) return false;
+  try {
+    writeIntoStore(std::stoul(line.substr(at + std::size(writerSwitch))));
+  } catch (const std::exception& failure) {
+    std::printf("failed: %s\n", failure.what());
+    std::fflush(stdout);
   }
-  return asked;
+  ExitProcess(1);
 }();
-
-class Pipe {
- public:
-  Pipe() {
-    SECURITY_ATTRIBUTES inherited{sizeof(inherited), nullptr, TRUE};
-    EXPECT_TRUE(CreatePipe(&reading, &writing, &inherited, 0));
-    EXPECT_TRUE(SetHandleInformation(reading, HANDLE_FLAG_INHERIT, 0));
-  }
-  Pipe(const Pipe&) = delete;
-  Pipe& operator=(const Pipe&) = delete;
-  ~Pipe() {
-    closeWriting();
-    CloseHandle(reading);
-  }
-  void closeWriting() {
-    if (writing) CloseHandle(writing);
-    writing = nullptr;
-  }
-  /// Waits for something to read; empty once the writers are gone.
-  std::string read() {
-    char buffer[512];
-    DWORD size = 0;
-    return ReadFile(reading, buffer, sizeof(buffer), &size, nullptr) ? std::string(buffer, size)
-                                                                     : std::string();
-  }
-
-  HANDLE reading = nullptr;
-  HANDLE writing = nullptr;
-};
-
-/// Starts a writer and ends it some time after its first check-in.
-/// @return what it told
-std::string runWriterFor(const fs::path& folder, DWORD milliseconds) {
-  Pipe pipe;
-  STARTUPINFOW startup{};
-  startup.cb = sizeof(startup);
-  startup.dwFlags = STARTF_USESTDHANDLES;
-  startup.hStdOutput = pipe.writing;
-  PROCESS_INFORMATION process{};
-  const std::wstring arguments = std::wstring(writerSwitch) + L" \"" + folder.wstring() + L"\"";
-  if (!wb::startProgram(wb::programFile(), arguments, startup, process)) {
-    ADD_FAILURE() << "the writer doesn't start, Windows error " << GetLastError();
-    return {};
-  }
-  pipe.closeWriting();
-  std::string told = pipe.read();
-  Sleep(milliseconds);
-  EXPECT_TRUE(TerminateProcess(process.hProcess, 99));
-  EXPECT_EQ(WAIT_OBJECT_0, WaitForSingleObject(process.hProcess, 10000));
-  for (std::string more = pipe.read(); !more.empty(); more = pipe.read()) told += more;
-  CloseHandle(process.hThread);
-  CloseHandle(process.hProcess);
-  return told;
-}
 
 long lastNumber(const std::string& told) {
   std::istringstream lines(told);
@@ -136,9 +87,12 @@ TEST(StoreKill, AnEndedWriterLosesNothingThatItTold) {
   }
   long known = 1;
   for (DWORD round = 0; round < 12; ++round) {
-    const std::string told = runWriterFor(folder, round * 7 % 40);
-    const long last = lastNumber(told);
-    ASSERT_GT(last, known) << told;
+    const wb::ChildResult writer =
+        wb::runChild(wb::programFile(), writerSwitch + (L" " + std::to_wstring(round * 7 % 40)), 60,
+                     folder / L"told.txt");
+    EXPECT_EQ(writer.code, endedWhileWriting);
+    const long last = lastNumber(writer.output);
+    ASSERT_GT(last, known) << writer.output;
     wb::Store store;
     ASSERT_NO_THROW(store.open(folder / L"store"));
     known = store.find(plan)->latest().number;

@@ -13,14 +13,6 @@ std::uint64_t writeTimeOf(const std::wstring& file) {
          data.ftLastWriteTime.dwLowDateTime;
 }
 
-TEST_F(StoreTest, TheViewsDesktopIniNamesTheViewAsWindowsReadsIt) {
-  wchar_t id[50] = L"";
-  GetPrivateProfileStringW(L"Tessaro", L"ViewID", nullptr, id, 50, (view / L"desktop.ini").c_str());
-  EXPECT_EQ(store.vaultNamed(L"PLANT")->viewId, id);
-  EXPECT_EQ(38u, std::wstring(id).size());
-  EXPECT_EQ(L'{', id[0]);
-}
-
 TEST_F(StoreTest, AVaultWithAnImpossibleNameOrAnothersViewIsRefused) {
   const std::wstring other = (folder / L"Other").wstring();
   EXPECT_EQ(E_QVT_NAME_ALREADY_EXISTS, refusal([&] { store.createVault(L"plant", other); }));
@@ -200,93 +192,18 @@ TEST_F(StoreTest, EverythingIsThereAgainInTheNextRun) {
   store.addMapping(plan, L"title", {L"FRAME", L"TITLE"});
   store.checkOutFor(plan, L"ben", L"HALL2", L"D:\\Plant\\");
   store.setDate(plan, date);
-  const auto described = store.describe(plan);
+  store.setDenied(plan, true);
   const auto written = writeTimeOf(plan);
   reopen();
-  EXPECT_EQ(described, store.describe(plan));
+  EXPECT_EQ((std::vector<std::wstring>{
+                L"version 1 by anna: First issue", L"checked out by ben in D:\\Plant on HALL2",
+                L"local version 1 in " + view.wstring() + L"\\Site",
+                L"state Freigegeben f\u00FCr \u5DE5\u5382", L"exempt from the date comparison",
+                L"denied", L"card Title in \"\" = null ",
+                L"card Title in \"Model\" = date 2006-03-30", L"card Title goes to FRAME.TITLE"}),
+            store.describe(plan));
   EXPECT_EQ(written, file().latest().date);
   EXPECT_EQ((static_cast<std::uint64_t>(30000000) << 32) | 0x80000000, written);
-  EXPECT_EQ(L"D:\\Plant", file().holder->folder);
-  ASSERT_EQ(1u, file().card.size());
-  ASSERT_EQ(2u, file().card[0].values.size());
-  EXPECT_EQ(L"date", file().card[0].values.at(L"MODEL").type);
-  EXPECT_EQ(L"TITLE", file().card[0].mappings.at(0).tag);
-}
-
-TEST_F(StoreTest, AStoreOfEarlierRunsIsReadAndWrittenInTheSameForm) {
-  store.close();
-  const std::string earlier = R"({
- "format": 1,
- "vaults": [
-  {
-   "files": [
-    {
-     "card": [
-      {
-       "mappings": [
-        {
-         "block": "FRAME",
-         "tag": "TITLE"
-        }
-       ],
-       "name": "Title",
-       "values": {
-        "Model": {
-         "text": "Hall 2",
-         "type": "text"
-        }
-       }
-      }
-     ],
-     "denied": false,
-     "exempt": true,
-     "holder": {
-      "computer": "HALL2",
-      "folder": "D:\\Plant",
-      "folderId": 2,
-      "user": "ben"
-     },
-     "id": 1,
-     "local": [
-      [
-       1,
-       1
-      ]
-     ],
-     "path": "\\Plan.dwg",
-     "state": "Approved",
-     "versions": [
-      {
-       "archive": "1-1.bin",
-       "comment": "First issue",
-       "date": 134399907960000000,
-       "number": 1,
-       "user": "anna"
-      }
-     ]
-    }
-   ],
-   "folders": {
-    "HALL1|C:\\Plant": 1,
-    "HALL2|D:\\Plant": 2
-   },
-   "name": "Plant",
-   "root": "C:\\Plant",
-   "viewId": "{7E51B382-9A9C-4244-B038-E080463F2240}"
-  }
- ]
-})";
-  const fs::path index = folder / L"store" / L"store.json";
-  write(index, earlier);
-  store.open(folder / L"store");
-  EXPECT_EQ(
-      (std::vector<std::wstring>{
-          L"version 1 by anna: First issue", L"checked out by ben in D:\\Plant on HALL2",
-          L"local version 1 in C:\\Plant", L"state Approved", L"exempt from the date comparison",
-          L"card Title in \"Model\" = \"Hall 2\"", L"card Title goes to FRAME.TITLE"}),
-      store.describe(L"C:\\Plant\\Plan.dwg"));
-  store.setExempt(L"C:\\Plant\\Plan.dwg", true);
-  EXPECT_EQ(earlier, bytesOf(index));
 }
 
 TEST_F(StoreTest, AChangeThatCantBeWrittenHasntHappened) {

@@ -101,14 +101,14 @@ TEST_F(XrefTest, ALoadedXrefHoldsItsFileAnUnloadedOneDoesNot) {
 
 TEST_F(XrefTest, AFileInUseIsReadAndNotHeld) {
   write(child, drawingOf(""));
-  const HANDLE editor = CreateFileW(child.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ,
-                                    nullptr, OPEN_EXISTING, 0, nullptr);
-  ASSERT_NE(INVALID_HANDLE_VALUE, editor);
   // A stored folder that isn't there: the file is found beside the drawing.
   write(folder / L"parent.dxf", drawingOf(xrefBlock("Child", "Q:\\gone\\child.dxf")));
-  const auto drawing = open(folder / L"parent.dxf");
-  EXPECT_TRUE(told(L"xref: loaded Child"));
-  CloseHandle(editor);
+  std::unique_ptr<wb::Drawing> drawing;
+  {
+    const HeldOpen editor(child, GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ);
+    drawing = open(folder / L"parent.dxf");
+    EXPECT_TRUE(told(L"xref: loaded Child"));
+  }
   EXPECT_TRUE(canWrite(child));
 }
 
@@ -123,17 +123,6 @@ TEST_F(XrefTest, CirclesNamesakesAndNestedOverlaysAreLeftOut) {
   EXPECT_TRUE(told(L"ignored A, nested in B: it refers back to itself"));
   EXPECT_TRUE(told(L"ignored Plain, nested in B: the drawing has a block of that name"));
   EXPECT_TRUE(told(L"unresolved Self (parent.dxf): it is the drawing itself"));
-}
-
-TEST_F(XrefTest, APlanOfRealFilesResolves) {
-  const auto drawing = open(projectFolder() / L"workbench/drawings/Site/Plan.dxf");
-  EXPECT_EQ(
-      L"root>Grid,Building,Drain,North,NorthDetail,Outside;Grid>;Building>Furniture;Drain>;"
-      L"North>;NorthDetail>;Outside>;Furniture>;",
-      graph(true));
-  for (const wchar_t* name : {L"Grid", L"Furniture", L"Drain", L"NorthDetail"}) {
-    EXPECT_TRUE(told(std::wstring(L"xref: loaded ") + name + L" from "));
-  }
 }
 
 class SelectionTest : public XrefTest {
@@ -175,24 +164,6 @@ TEST_F(SelectionTest, APickSetAnswersTheImpliedAndTheOpenQuestion) {
   selection.commandBegins(ACRX_CMD_MODAL);
   EXPECT_TRUE(selection.picked().empty());
   EXPECT_EQ(RTERROR, acedSSFree(set));
-}
-
-TEST_F(SelectionTest, QueuedAnswersServePromptsInTurn) {
-  selection.answer({L"X", L"#1"});
-  selection.answer({L"none"});
-  selection.answer({L"X"});
-  selection.answer({L"none"});
-  ASSERT_EQ(RTNORM, acedSSGet(nullptr, nullptr, nullptr, nullptr, set));
-  acedSSFree(set);
-  EXPECT_EQ(RTCAN, acedSSGet(nullptr, nullptr, nullptr, nullptr, set));
-  ads_name entity;
-  ads_point point;
-  ASSERT_EQ(RTNORM, acedEntSel(L"Select Xref: ", entity, point));
-  EXPECT_TRUE(told(L"prompt: \"Select Xref: \""));
-  AcDbObjectId id;
-  EXPECT_EQ(Acad::eOk, acdbGetObjectId(id, entity));
-  EXPECT_EQ(RTCAN, acedEntSel(L"", entity, point));
-  EXPECT_TRUE(selection.unused().empty());
 }
 
 }  // namespace
