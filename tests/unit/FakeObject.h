@@ -2,8 +2,6 @@
 
 #include <windows.h>
 
-#include <type_traits>
-
 /// The interfaces of a COM object made for a test. Every object that is alive is counted.
 template <class First, class... Others>
 class FakeObject : public First, public Others... {
@@ -31,14 +29,10 @@ class FakeObject : public First, public Others... {
 
   static inline int alive = 0;
 
- protected:
-  /// Whether the object has an interface at the moment.
-  virtual bool offers(REFIID) const { return true; }
-
  private:
   template <class Interface>
   void find(REFIID id, void** out) {
-    if (id == __uuidof(Interface) && offers(id)) *out = static_cast<Interface*>(this);
+    if (id == __uuidof(Interface)) *out = static_cast<Interface*>(this);
   }
 
   ULONG references = 0;

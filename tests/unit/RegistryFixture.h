@@ -26,9 +26,6 @@ class RegistryFixture : public testing::Test {
     RegDeleteTreeW(HKEY_CURRENT_USER, scratchKey);
   }
 
-  /// Gives HKEY_LOCAL_MACHINE back before the test's end.
-  static void restoreMachine() { RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr); }
-
   static void makeKey(HKEY root, const std::wstring& key) {
     HKEY made = nullptr;
     ASSERT_EQ(RegCreateKeyExW(root, key.c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, &made, nullptr),
@@ -54,9 +51,8 @@ class RegistryFixture : public testing::Test {
     setBytes(root, key, name, type, unended.data(), text.size() * sizeof(wchar_t));
   }
 
-  static void setNumber(HKEY root, const std::wstring& key, const wchar_t* name, DWORD number,
-                        DWORD type = REG_DWORD) {
-    setBytes(root, key, name, type, &number, sizeof(number));
+  static void setNumber(HKEY root, const std::wstring& key, const wchar_t* name, DWORD number) {
+    setBytes(root, key, name, REG_DWORD, &number, sizeof(number));
   }
 
  private:

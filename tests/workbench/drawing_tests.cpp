@@ -4,7 +4,6 @@
 #include <acutmem.h>
 #include <dbents.h>
 #include <dblayout.h>
-#include <dbsymtb.h>
 
 namespace {
 
@@ -20,31 +19,12 @@ const char* const titleBlock =
 
 class DatabaseTest : public DrawingTest {
  protected:
-  // The id of the n-th reference of a block, by the interface.
-  static AcDbObjectId reference(wb::Drawing& drawing, const wchar_t* block, int index) {
-    const AcDbObjectId record = recordId(drawing, block);
-    AcDbBlockTableRecord* opened = nullptr;
-    AcDbBlockReferenceIdIterator* iterator = nullptr;
-    EXPECT_EQ(Acad::eOk, acdbOpenObject(opened, record, AcDb::kForRead));
-    EXPECT_EQ(Acad::eOk, opened->newBlockReferenceIdIterator(iterator));
-    opened->close();
-    AcDbObjectId id;
-    for (iterator->start(); !iterator->done(); iterator->step()) {
-      AcDbBlockReference* found = nullptr;
-      EXPECT_EQ(Acad::eOk, iterator->getBlockReference(found, AcDb::kForRead));
-      if (index-- == 0) id = found->objectId();
-      EXPECT_TRUE(found->blockTableRecord() == record);
-      found->close();
-    }
-    delete iterator;
-    return id;
-  }
-  static AcDbObjectId recordId(wb::Drawing& drawing, const wchar_t* block) {
-    AcDbBlockTable* table = nullptr;
-    EXPECT_EQ(Acad::eOk, drawing.database()->getSymbolTable(table, AcDb::kForRead));
-    AcDbObjectId id;
-    EXPECT_EQ(Acad::eOk, table->getAt(block, id)) << wb::toUtf8(block);
-    table->close();
+  /// The first reference to a block on a tab.
+  static AcDbObjectId reference(wb::Drawing& drawing, const wchar_t* block,
+                                const wchar_t* layout = L"Model") {
+    EXPECT_TRUE(drawing.setCurrentLayout(layout));
+    const AcDbObjectId id = drawing.entities(block).at(0);
+    EXPECT_TRUE(drawing.setCurrentLayout(L"Model"));
     return id;
   }
   // Writes the first attribute with that tag as an application does.
@@ -67,7 +47,7 @@ class DatabaseTest : public DrawingTest {
 TEST_F(DatabaseTest, AChangedAttributeChangesItsGroupAlone) {
   const fs::path plan = projectFolder() / L"workbench/drawings/Site/Plan.dxf";
   const auto drawing = open(plan);
-  const AcDbObjectId sheet = reference(*drawing, L"a1_title", 0);
+  const AcDbObjectId sheet = reference(*drawing, L"a1_title", L"Layout2");
   writeAttribute(sheet, L"DRAWING_NO", L"\u00C4-7\n^");
   EXPECT_NE(0, drawing->dbmod());
 
@@ -90,15 +70,10 @@ TEST_F(DatabaseTest, ReadsR12WithoutHandlesAndClasses) {
   EXPECT_EQ(L"Model", texts[0].layout);
   EXPECT_EQ(L"", texts[1].value);
   EXPECT_EQ(L"Layout1", texts[1].layout);
-  AcDbBlockTableRecord* record = nullptr;
-  ASSERT_EQ(Acad::eOk, acdbOpenObject(record, recordId(*drawing, L"TITLE"), AcDb::kForRead));
-  EXPECT_TRUE(record->hasAttributeDefinitions());
-  EXPECT_FALSE(record->isFromExternalReference());
-  record->close();
   // A text group that the file doesn't have is added; the same text again changes nothing.
-  writeAttribute(reference(*drawing, L"TITLE", 2), L"NO", L"first");
-  writeAttribute(reference(*drawing, L"TITLE", 2), L"NO", L"second");
-  writeAttribute(reference(*drawing, L"TITLE", 1), L"NO", L"A\u00DC");
+  writeAttribute(reference(*drawing, L"TITLE", L"Layout1"), L"NO", L"first");
+  writeAttribute(reference(*drawing, L"TITLE", L"Layout1"), L"NO", L"second");
+  writeAttribute(reference(*drawing, L"TITLE"), L"NO", L"A\u00DC");
   drawing->save(folder / L"new.dxf");
   std::string expected = dxf(titleBlock);
   expected.insert(expected.rfind("0\r\nSEQEND"), "  1\r\nsecond\r\n");
@@ -113,12 +88,12 @@ TEST_F(DatabaseTest, ReadsOtherProgramsDrawings) {
   EXPECT_EQ(L"Flag", grid->attributes(L"FLAG", L"NAME")[0].value);
   const auto blocks = open(projectFolder() / L"tests/drawings/custom_blocks.dxf");
   EXPECT_EQ((std::vector<std::wstring>{L"Model", L"Layout1", L"Layout2"}), blocks->layouts());
-  EXPECT_FALSE(reference(*blocks, L"CUSTOMBLOCK1", 2).isNull());
+  EXPECT_FALSE(reference(*blocks, L"CUSTOMBLOCK1").isNull());
 }
 
 TEST_F(DatabaseTest, ManyReadersOrOneWriter) {
   const auto drawing = openText(dxf(titleBlock));
-  const AcDbObjectId id = reference(*drawing, L"TITLE", 1);
+  const AcDbObjectId id = reference(*drawing, L"TITLE");
   AcDbObject *first = nullptr, *second = nullptr, *third = nullptr;
   EXPECT_EQ(Acad::eOk, acdbOpenAcDbObject(first, id, AcDb::kForRead));
   EXPECT_EQ(Acad::eOk, acdbOpenAcDbObject(second, id, AcDb::kForRead));
@@ -146,7 +121,7 @@ TEST_F(DatabaseTest, ManyReadersOrOneWriter) {
 TEST_F(DatabaseTest, ReadingNeedsAnOpenObjectAndWritingAnOpenWriter) {
   const auto drawing = openText(dxf(titleBlock));
   AcDbBlockReference* block = nullptr;
-  ASSERT_EQ(Acad::eOk, acdbOpenObject(block, reference(*drawing, L"TITLE", 1), AcDb::kForRead));
+  ASSERT_EQ(Acad::eOk, acdbOpenObject(block, reference(*drawing, L"TITLE"), AcDb::kForRead));
   std::unique_ptr<AcDbObjectIterator> iterator(block->attributeIterator());
   AcDbAttribute* attribute = nullptr;
   ASSERT_EQ(Acad::eOk, block->openAttribute(attribute, iterator->objectId(), AcDb::kForRead));
@@ -162,7 +137,7 @@ TEST_F(DatabaseTest, ReadingNeedsAnOpenObjectAndWritingAnOpenWriter) {
 TEST_F(DatabaseTest, AlignedTextWaitsForItsOwnWorkingDatabase) {
   const auto drawing = openText(dxf(titleBlock));
   const auto other = wb::Drawing::blank();
-  const AcDbObjectId id = reference(*drawing, L"TITLE", 1);
+  const AcDbObjectId id = reference(*drawing, L"TITLE");
   const auto aligned = [&](const wchar_t* tag) {
     return drawing->attributes(L"TITLE", tag)[0].aligned;
   };
@@ -190,7 +165,7 @@ TEST_F(DatabaseTest, AlignedTextWaitsForItsOwnWorkingDatabase) {
 
 TEST_F(DatabaseTest, ErasedObjectsOpenOnRequestAndLeaveTheFile) {
   const auto drawing = openText(dxf(titleBlock));
-  const AcDbObjectId id = reference(*drawing, L"TITLE", 1);
+  const AcDbObjectId id = reference(*drawing, L"TITLE");
   ASSERT_TRUE(drawing->erase(id));
   EXPECT_FALSE(drawing->erase(id));
   AcDbBlockReference* block = nullptr;
@@ -213,7 +188,7 @@ TEST_F(DatabaseTest, ErasedObjectsOpenOnRequestAndLeaveTheFile) {
 
 TEST_F(DatabaseTest, AnIdOfAClosedDrawingFindsNothing) {
   auto drawing = openText(dxf(titleBlock));
-  const AcDbObjectId id = recordId(*drawing, L"TITLE");
+  const AcDbObjectId id = reference(*drawing, L"TITLE");
   AcDbDatabase* const database = drawing->database();
   EXPECT_EQ(drawing.get(), wb::Drawing::of(database));
   drawing->close();

@@ -62,18 +62,6 @@ TEST_F(XrefTest, NestedAndUnresolvedXrefsStandInTheGraph) {
   const auto drawing = openParent();
   EXPECT_EQ(L"root>Child,Other;Child>Deep;Other>;Deep>;", graph(true));
   EXPECT_TRUE(told(L"xref: unresolved Other (Q:\\none\\other.dxf): the file doesn't exist"));
-  AcDbXrefGraph xrefs;
-  acedGetCurDwgXrefGraph(xrefs, true);
-  AcDbBlockTableRecord* record = nullptr;
-  ASSERT_EQ(Acad::eOk, acdbOpenObject(record, xrefs.xrefNode(3)->btrId(), AcDb::kForRead));
-  const ACHAR *name = nullptr, *path = nullptr;
-  EXPECT_EQ(Acad::eOk, record->getName(name));
-  EXPECT_EQ(Acad::eOk, record->pathName(path));
-  EXPECT_STREQ(L"Deep", name);
-  EXPECT_STREQ(L"Sub\\Deep.dxf", path);
-  EXPECT_TRUE(record->isFromExternalReference());
-  record->close();
-  EXPECT_EQ(1u, wb::outstanding(firstTicket).size());  // the graph itself
 }
 
 TEST_F(XrefTest, ALoadedXrefHoldsItsFileAnUnloadedOneDoesNot) {
