@@ -14,7 +14,7 @@
 #include "database/Classes.h"
 #include "gate/HostCall.h"
 
-using wb::HostCall;
+using namespace wb;
 
 /// Implements what ACRX_DECLARE_MEMBERS declares. The descriptions are made while the library
 /// loads, so that the "ClassDictionary" is complete before any application can ask it. They belong

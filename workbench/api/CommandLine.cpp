@@ -14,8 +14,7 @@
 #include "editor/Host.h"
 #include "gate/HostCall.h"
 
-using wb::Host;
-using wb::HostCall;
+using namespace wb;
 
 namespace {
 
@@ -27,7 +26,7 @@ std::wstring textArgument(const void* argument) {
   const bool narrow = bytes[1] != 0;
   std::wstring text = narrow ? std::wstring(bytes, bytes + std::strlen(bytes))
                              : static_cast<const wchar_t*>(argument);
-  wb::recordDetail(L"argument", wb::quoted(text) + (narrow ? L" of 8 bits" : L" of 16 bits"));
+  recordDetail(L"argument", wb::quoted(text) + (narrow ? L" of 8 bits" : L" of 16 bits"));
   return text;
 }
 
@@ -41,18 +40,14 @@ bool parseInteger(const std::wstring& text, int& value) {
 
 bool readArguments(int type, va_list list, std::vector<std::wstring>& words) {
   for (; type != 0 && type != RTNONE; type = va_arg(list, int)) {
-    switch (type) {
-      case RTSTR:
-        words.push_back(textArgument(va_arg(list, const void*)));
-        break;
-      case RTSHORT:
-        words.push_back(std::to_wstring(va_arg(list, int)));
-        break;
-      case RTLONG:
-        words.push_back(std::to_wstring(va_arg(list, long)));
-        break;
-      default:
-        return false;
+    if (type == RTSTR) {
+      words.push_back(textArgument(va_arg(list, const void*)));
+    } else if (type == RTSHORT) {
+      words.push_back(std::to_wstring(va_arg(list, int)));
+    } else if (type == RTLONG) {
+      words.push_back(std::to_wstring(va_arg(list, long)));
+    } else {
+      return false;
     }
   }
   return true;
@@ -69,13 +64,14 @@ int text(resbuf& result, const std::wstring& value) {
   return acutNewString(value.c_str(), result.resval.rstring) == Acad::eOk ? RTNORM : RTERROR;
 }
 
-int readVariable(const wb::Document& document, std::wstring_view name, resbuf& result) {
-  const std::wstring title = document.title(), path = document.path();
-  if (wb::sameName(name, L"DBMOD")) return number(result, document.drawing()->dbmod());
-  if (wb::sameName(name, L"DWGNAME")) return text(result, title.substr(title.rfind(L'\\') + 1));
-  if (wb::sameName(name, L"DWGPREFIX")) return text(result, path.substr(0, path.rfind(L'\\') + 1));
-  if (wb::sameName(name, L"DWGTITLED")) return number(result, path.empty() ? 0 : 1);
-  if (wb::sameName(name, L"WRITESTAT")) return number(result, document.readOnly() ? 0 : 1);
+int readVariable(const Document& document, std::wstring_view name, resbuf& result) {
+  const std::wstring title = document.title();
+  const std::wstring& path = document.path();
+  if (sameName(name, L"DBMOD")) return number(result, document.drawing()->dbmod());
+  if (sameName(name, L"DWGNAME")) return text(result, title.substr(title.rfind(L'\\') + 1));
+  if (sameName(name, L"DWGPREFIX")) return text(result, path.substr(0, path.rfind(L'\\') + 1));
+  if (sameName(name, L"DWGTITLED")) return number(result, path.empty() ? 0 : 1);
+  if (sameName(name, L"WRITESTAT")) return number(result, document.readOnly() ? 0 : 1);
   return RTERROR;
 }
 
@@ -86,7 +82,7 @@ extern "C" {
 int acedPrompt(const ACHAR* text) {
   return HostCall(THIS_FUNCTION).run(RTERROR, [&] {
     if (!text) return RTERROR;
-    Host::instance().runner().print(text);
+    CommandRunner::print(text);
     return RTNORM;
   });
 }
@@ -94,14 +90,13 @@ int acedPrompt(const ACHAR* text) {
 int acedGetInt(const ACHAR* prompt, int* result) {
   return HostCall(THIS_FUNCTION, HostCall::swept).run(RTERROR, [&] {
     if (!result) return RTERROR;
-    wb::CommandRunner& runner = Host::instance().runner();
     for (;;) {
-      runner.print(prompt ? prompt : L"");
-      const auto token = runner.requestInput();
+      CommandRunner::print(prompt ? prompt : L"");
+      const auto token = CommandRunner::requestInput();
       if (!token) return RTCAN;
       if (token->empty()) return RTNONE;
       if (parseInteger(*token, *result)) return RTNORM;
-      runner.print(L"\nRequires an integer between -32768 and 32767.");
+      CommandRunner::print(L"\nRequires an integer between -32768 and 32767.");
     }
   });
 }
@@ -114,10 +109,9 @@ int acedCommand(int rtype, ...) {
     if (!readArguments(rtype, list, words)) return RTERROR;
     if (words.empty()) return RTNORM;
     Host& host = Host::instance();
-    wb::Document* document = host.documents().context();
+    Document* document = host.documents().context();
     if (!document || document->gone()) {
-      wb::report(wb::Event::command,
-                 words.front() + L" refused: acedCommand outside a document's context");
+      report(Event::command, words.front() + L" refused: acedCommand outside a document's context");
       return RTERROR;
     }
     const std::wstring name = words.front();
@@ -130,23 +124,22 @@ int acedCommand(int rtype, ...) {
 
 int acedGetVar(const ACHAR* name, resbuf* result) {
   return HostCall(THIS_FUNCTION).run(RTERROR, [&] {
-    const auto* document =
-        static_cast<const wb::Document*>(Host::instance().documents().curDocument());
+    const auto* document = static_cast<const Document*>(Host::instance().documents().curDocument());
     return name && result && document ? readVariable(*document, name, *result) : RTERROR;
   });
 }
 
 int acedDefun(const ACHAR* name, short functionCode) {
   return HostCall(THIS_FUNCTION).run(RTERROR, [&] {
-    return name && *name && Host::instance().modules().define(name, functionCode) ? RTNORM
-                                                                                  : RTERROR;
+    const bool valid = name && *name;
+    return valid && Host::instance().modules().define(name, functionCode) ? RTNORM : RTERROR;
   });
 }
 
 int acedRegFunc(int (*function)(void), int functionCode) {
   return HostCall(THIS_FUNCTION).run(RTERROR, [&] {
-    return function && Host::instance().modules().setFunction(function, functionCode) ? RTNORM
-                                                                                      : RTERROR;
+    if (!function) return RTERROR;
+    return Host::instance().modules().setFunction(function, functionCode) ? RTNORM : RTERROR;
   });
 }
 }

@@ -11,21 +11,17 @@
 #include "gate/HostCall.h"
 
 using ErrorStatus = Acad::ErrorStatus;
-using wb::BlockRecordImp;
-using wb::HostCall;
-using wb::ReferenceImp;
-using wb::Signature;
-using wb::TextImp;
+using namespace wb;
 
 /// The attributes of a reference as they were when the iterator was made.
 class AcDbSpaceIterator {
  public:
-  explicit AcDbSpaceIterator(const wb::ReferenceImp& reference) {
+  explicit AcDbSpaceIterator(const ReferenceImp& reference) {
     for (const AcDbObjectImp* attribute : reference.attributes) ids.push_back(attribute->id);
     start(false);
   }
 
-  static AcDbObjectIterator* make(const wb::ReferenceImp& reference) {
+  static AcDbObjectIterator* make(const ReferenceImp& reference) {
     return new AcDbObjectIterator(new AcDbSpaceIterator(reference));
   }
 
@@ -57,9 +53,9 @@ class AcDbSpaceIterator {
 /// Makes what only the host may make.
 class AcDbBlockReferenceIdIteratorImp {
  public:
-  static AcDbBlockReferenceIdIterator* make(const wb::BlockRecordImp& record) {
+  static AcDbBlockReferenceIdIterator* make(const BlockRecordImp& record) {
     auto* iterator = new AcDbBlockReferenceIdIterator;
-    for (const wb::ReferenceImp* reference : record.references) {
+    for (const ReferenceImp* reference : record.references) {
       iterator->mAry.append(reference->id);
     }
     return iterator;
@@ -157,7 +153,7 @@ ErrorStatus AcDbObject::close() {
 ErrorStatus AcDbDatabase::getSymbolTable(AcDbBlockTable*& pTable, AcDb::OpenMode mode) {
   pTable = nullptr;
   return HostCall(THIS_FUNCTION).run(Acad::eNotOpenForRead, [&] {
-    const wb::Drawing* drawing = wb::Drawing::of(this);
+    const Drawing* drawing = Drawing::of(this);
     if (!drawing) return Acad::ePermanentlyErased;
     return acdbOpenObject(pTable, drawing->blockTable().id, mode);
   });
@@ -198,7 +194,7 @@ ErrorStatus AcDbBlockTableRecord::newBlockReferenceIdIterator(
   pIter = nullptr;
   return read<BlockRecordImp>(this, THIS_FUNCTION, Acad::eNotOpenForRead, [&](auto& imp) {
     pIter = AcDbBlockReferenceIdIteratorImp::make(imp);
-    wb::databaseState().iterators.opened(pIter, L"AcDbBlockReferenceIdIterator of " + imp.label());
+    databaseState().iterators.opened(pIter, L"AcDbBlockReferenceIdIterator of " + imp.label());
     return Acad::eOk;
   });
 }
@@ -220,7 +216,7 @@ ErrorStatus AcDbBlockTable::getAt(const ACHAR* entryName, AcDbObjectId& recordId
 ErrorStatus AcDbBlockTable::getAt(const ACHAR* entryName, AcDbBlockTableRecord*& pRec,
                                   AcDb::OpenMode openMode, bool openErasedRec) const {
   pRec = nullptr;
-  const wb::InStandIn inside;
+  const InStandIn inside;
   AcDbObjectId id;
   // The other getAt is the gate.
   const ErrorStatus status = getAt(entryName, id, openErasedRec);
@@ -239,7 +235,7 @@ AcDbObjectId AcDbBlockReference::blockTableRecord() const {
 AcDbObjectIterator* AcDbBlockReference::attributeIterator() const {
   return read<ReferenceImp, AcDbObjectIterator*>(this, THIS_FUNCTION, nullptr, [](auto& imp) {
     AcDbObjectIterator* iterator = AcDbSpaceIterator::make(imp);
-    wb::databaseState().iterators.opened(iterator, L"AcDbObjectIterator of " + imp.label());
+    databaseState().iterators.opened(iterator, L"AcDbObjectIterator of " + imp.label());
     return iterator;
   });
 }
@@ -287,7 +283,7 @@ AcDbObjectIterator::AcDbObjectIterator(AcDbSpaceIterator* pImpIterator)
 
 AcDbObjectIterator::~AcDbObjectIterator() {
   const HostCall call(THIS_FUNCTION);
-  wb::databaseState().iterators.closed(this);
+  databaseState().iterators.closed(this);
   delete mpImpIterator;
 }
 
@@ -311,7 +307,7 @@ AcDbBlockReferenceIdIterator::AcDbBlockReferenceIdIterator() : mPos(0) {}
 
 AcDbBlockReferenceIdIterator::~AcDbBlockReferenceIdIterator() {
   const HostCall call(THIS_FUNCTION);
-  wb::databaseState().iterators.closed(this);
+  databaseState().iterators.closed(this);
 }
 
 ErrorStatus AcDbBlockReferenceIdIterator::getBlockReference(AcDbBlockReference*& pBlkRef,

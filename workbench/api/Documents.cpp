@@ -8,21 +8,15 @@
 #include "foundation/HostExtras.h"
 #include "gate/HostCall.h"
 
-using wb::HostCall;
+using namespace wb;
 
-namespace {
-
-struct DocumentLocks {
-  wb::HandleLedger<const AcAxDocLock*> held{L"document lock"};
+struct DocumentLocks : HandleLedger<const AcAxDocLock*> {
+  DocumentLocks() : HandleLedger(L"document lock") {}
 };
-
-wb::HandleLedger<const AcAxDocLock*>& locks() { return wb::sessionPart<DocumentLocks>().held; }
-
-}  // namespace
 
 AcApDocManager* acDocManagerPtr() {
   const HostCall call(THIS_FUNCTION);
-  return &wb::Host::instance().documents();
+  return &Host::instance().documents();
 }
 
 AcAxDocLock::AcAxDocLock(AcDbDatabase* pDb, DocLockType)
@@ -32,12 +26,12 @@ AcAxDocLock::AcAxDocLock(AcDbDatabase* pDb, DocLockType)
       m_restoreActivation(false) {
   const HostCall call(THIS_FUNCTION, HostCall::swept);
   m_lockStatus = call.run(Acad::eLockViolation, [&] {
-    wb::DocumentManager& manager = wb::Host::instance().documents();
-    wb::Document* document = manager.find(pDb);
+    DocumentManager& manager = Host::instance().documents();
+    Document* document = manager.find(pDb);
     if (!document) return Acad::eNoDocument;
     if (!manager.lock(document, AcAp::kWrite, {})) return Acad::eLockViolation;
     m_pDocToUnlock = document;
-    locks().opened(this, document->title());
+    sessionPart<DocumentLocks>().opened(this, document->title());
     return Acad::eOk;
   });
 }
@@ -45,9 +39,9 @@ AcAxDocLock::AcAxDocLock(AcDbDatabase* pDb, DocLockType)
 AcAxDocLock::~AcAxDocLock() {
   const HostCall call(THIS_FUNCTION);
   if (m_lockStatus != Acad::eOk) return;
-  locks().closed(this);
-  wb::DocumentManager& manager = wb::Host::instance().documents();
-  auto* document = static_cast<wb::Document*>(m_pDocToUnlock);
+  sessionPart<DocumentLocks>().closed(this);
+  DocumentManager& manager = Host::instance().documents();
+  auto* document = static_cast<Document*>(m_pDocToUnlock);
   // The document may have been closed under its lock.
   if (manager.isOpen(document)) manager.unlock(document, {});
 }
@@ -58,7 +52,7 @@ Acad::ErrorStatus AcAxDocLock::lockStatus() const {
 
 long acdbSetDbmod(AcDbDatabase* database, long newValue) {
   return HostCall(THIS_FUNCTION).run(0L, [&] {
-    wb::Drawing* drawing = wb::Drawing::of(database);
+    Drawing* drawing = Drawing::of(database);
     if (!drawing) return 0L;
     const long before = drawing->dbmod();
     drawing->setDbmod(static_cast<short>(newValue));

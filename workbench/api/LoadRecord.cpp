@@ -7,26 +7,18 @@
 
 #include <string>
 
-#include "core/RegistrySettings.h"
 #include "core/Transcript.h"
 #include "gate/HostCall.h"
 
 using Status = AcadApp::ErrorStatus;
-using wb::HostCall;
+using namespace wb;
 
 namespace {
 
 Status statusOf(LSTATUS error) {
-  switch (error) {
-    case ERROR_SUCCESS:
-      return AcadApp::eOk;
-    case ERROR_FILE_NOT_FOUND:
-      return AcadApp::eKeyNotFound;
-    case ERROR_ACCESS_DENIED:
-      return AcadApp::eRegAccessDenied;
-    default:
-      return AcadApp::eUnknownError;
-  }
+  if (error == ERROR_SUCCESS) return AcadApp::eOk;
+  if (error == ERROR_FILE_NOT_FOUND) return AcadApp::eKeyNotFound;
+  return error == ERROR_ACCESS_DENIED ? AcadApp::eRegAccessDenied : AcadApp::eUnknownError;
 }
 
 // A name is one level of the registry.
@@ -35,7 +27,7 @@ bool isName(const std::wstring& name) {
 }
 
 std::wstring pathOf(const std::wstring& name) {
-  return std::wstring(wb::usersApplicationsKey) + L"\\" + name;
+  return std::wstring(usersApplicationsKey) + L"\\" + name;
 }
 
 }  // namespace
@@ -46,18 +38,11 @@ class AcadAppInfoImp {
   Status write() const {
     if (!isName(name)) return AcadApp::eInvalidKey;
     if (file.empty()) return AcadApp::eInvalidValue;
-    const wb::RegistryKey key(HKEY_CURRENT_USER, pathOf(name), KEY_SET_VALUE, true);
-    LSTATUS status = key.status();
-    const auto set = [&](const wchar_t* value, DWORD type, const void* data, size_t size) {
-      if (status != ERROR_SUCCESS) return;
-      status = RegSetValueExW(key.get(), value, 0, type, static_cast<const BYTE*>(data),
-                              static_cast<DWORD>(size));
-    };
-    set(L"LOADER", REG_SZ, file.c_str(), (file.size() + 1) * sizeof(wchar_t));
-    set(L"LOADCTRLS", REG_DWORD, &reason, sizeof reason);
+    LSTATUS status = set(L"LOADER", REG_SZ, file.c_str(), (file.size() + 1) * sizeof(wchar_t));
+    if (status == ERROR_SUCCESS) status = set(L"LOADCTRLS", REG_DWORD, &reason, sizeof reason);
     if (status == ERROR_SUCCESS) {
-      wb::report(wb::Event::reg,
-                 L"load record " + name + L" = " + file + L", reason " + std::to_wstring(reason));
+      report(Event::reg,
+             L"load record " + name + L" = " + file + L", reason " + std::to_wstring(reason));
     }
     return statusOf(status);
   }
@@ -65,6 +50,12 @@ class AcadAppInfoImp {
   std::wstring name;
   std::wstring file;
   DWORD reason = 0;
+
+ private:
+  LSTATUS set(const wchar_t* value, DWORD type, const void* data, size_t size) const {
+    return RegSetKeyValueW(HKEY_CURRENT_USER, pathOf(name).c_str(), value, type, data,
+                           static_cast<DWORD>(size));
+  }
 };
 
 AcadAppInfo::AcadAppInfo() : mpImp(new AcadAppInfoImp) { const HostCall call(THIS_FUNCTION); }
@@ -88,19 +79,19 @@ void AcadAppInfo::setLoadReason(AcadApp::LoadReasons reason) {
 
 Status AcadAppInfo::writeToRegistry(bool bObjDbx, bool skipHKLM) {
   return HostCall(THIS_FUNCTION).run(AcadApp::eUnknownError, [&] {
-    wb::recordDetail(L"record", std::wstring(L"write") + (bObjDbx ? L" for ObjectDBX" : L"") +
-                                    (skipHKLM ? L" without HKLM" : L""));
+    recordDetail(L"record", std::wstring(L"write") + (bObjDbx ? L" for ObjectDBX" : L"") +
+                                (skipHKLM ? L" without HKLM" : L""));
     return mpImp->write();
   });
 }
 
 Status acrxUnregisterApp(const ACHAR* appName, bool bDwgU) {
   return HostCall(THIS_FUNCTION).run(AcadApp::eUnknownError, [&] {
-    wb::recordDetail(L"record", std::wstring(L"delete") + (bDwgU ? L" of the user" : L""));
+    recordDetail(L"record", std::wstring(L"delete") + (bDwgU ? L" of the user" : L""));
     const std::wstring name = appName ? appName : L"";
     if (!isName(name)) return AcadApp::eInvalidKey;
     const LSTATUS status = RegDeleteTreeW(HKEY_CURRENT_USER, pathOf(name).c_str());
-    if (status == ERROR_SUCCESS) wb::report(wb::Event::reg, L"load record " + name + L" deleted");
+    if (status == ERROR_SUCCESS) report(Event::reg, L"load record " + name + L" deleted");
     return statusOf(status);
   });
 }

@@ -9,23 +9,19 @@
 #include "core/Transcript.h"
 #include "gate/HostCall.h"
 
-using wb::HostCall;
+using namespace wb;
 
-namespace {
-
-/// What the host handed out, by its address.
-struct Buffers {
-  wb::HandleLedger<const void*> open{L"buffer"};
+/// What the host has allocated for applications, by its address.
+struct Buffers : HandleLedger<const void*> {
+  Buffers() : HandleLedger(L"buffer") {}
 };
-
-}  // namespace
 
 bool acutNewBuffer(void*& pBuffer, size_t size) {
   pBuffer = nullptr;
   return HostCall(THIS_FUNCTION).run(false, [&] {
     pBuffer = std::malloc(size ? size : 1);
     if (!pBuffer) return false;
-    wb::sessionPart<Buffers>().open.opened(pBuffer, std::to_wstring(size) + L" bytes");
+    sessionPart<Buffers>().opened(pBuffer, std::to_wstring(size) + L" bytes");
     return true;
   });
 }
@@ -33,10 +29,10 @@ bool acutNewBuffer(void*& pBuffer, size_t size) {
 void acutDelBuffer(void*& pBuffer) {
   HostCall(THIS_FUNCTION).run([&] {
     if (!pBuffer) return;
-    if (wb::sessionPart<Buffers>().open.closed(pBuffer)) {
+    if (sessionPart<Buffers>().closed(pBuffer)) {
       std::free(pBuffer);
     } else {
-      wb::report(wb::Event::error, L"acutDelBuffer of memory that the host didn't hand out");
+      report(Event::error, L"acutDelBuffer of memory that the host didn't hand out");
     }
     pBuffer = nullptr;
   });

@@ -15,9 +15,7 @@
 #include "editor/Commands.h"
 #include "gate/HostCall.h"
 
-using wb::CommandRunner;
-using wb::HostCall;
-using wb::Selection;
+using namespace wb;
 
 namespace {
 
@@ -29,7 +27,7 @@ constexpr size_t mostSets = 128;
 struct Sets {
   struct Set {
     Selection::Ids ids;
-    wb::Ticket ticket;
+    Ticket ticket;
   };
   std::map<long long, Set> sets;
   long long last = 0;
@@ -37,9 +35,9 @@ struct Sets {
 
 /// @throws HostError for the name of something else
 auto findSet(const ads_name name) {
-  auto& sets = wb::sessionPart<Sets>().sets;
+  auto& sets = sessionPart<Sets>().sets;
   const auto found = name[1] == setMark ? sets.find(name[0]) : sets.end();
-  if (found == sets.end()) throw wb::HostError(L"there is no such selection set");
+  if (found == sets.end()) throw HostError(L"there is no such selection set");
   return found;
 }
 
@@ -53,31 +51,20 @@ int useAnswer(const std::vector<std::wstring>& names, Selection::Ids& ids) {
     CommandRunner::print(L"*Cancel*");
     return RTCAN;
   }
-  try {
+  const auto reason = whyFailed([&] {
     for (const std::wstring& name : names) Selection::addNamed(name, ids);
-  } catch (const wb::HostError& error) {
+  });
+  if (reason) {
     // A person who tries anything may miss.
-    if (wb::Answers::instance().answersAny()) {
+    if (Answers::instance().answersAny()) {
       CommandRunner::print(L"0 found");
     } else {
-      wb::report({wb::Event::error,
-                  wb::Event::noSelection,
-                  {},
-                  L"the selection can't be made: " + error.reason});
+      report({Event::error, Event::noSelection, {}, L"the selection can't be made: " + *reason});
     }
     return RTERROR;
   }
   CommandRunner::print(std::to_wstring(ids.size()) + L" found");
   return ids.empty() ? RTERROR : RTNORM;
-}
-
-void addTyped(const std::wstring& name, Selection::Ids& ids) {
-  try {
-    Selection::addNamed(name, ids);
-    CommandRunner::print(std::to_wstring(ids.size()) + L" found");
-  } catch (const wb::HostError& error) {
-    CommandRunner::print(error.reason);
-  }
 }
 
 /// Asks the user for entities: a queued answer first, else what is typed.
@@ -91,7 +78,8 @@ int askForEntities(const ACHAR* prompt, bool many, Selection::Ids& ids) {
     const auto typed = CommandRunner::requestInput();
     if (!typed) return RTCAN;
     if (typed->empty()) break;
-    addTyped(*typed, ids);
+    const auto reason = whyFailed([&] { Selection::addNamed(*typed, ids); });
+    CommandRunner::print(reason ? *reason : std::to_wstring(ids.size()) + L" found");
   } while (many);
   return ids.empty() ? RTERROR : RTNORM;
 }
@@ -106,8 +94,7 @@ int acedSSGet(const ACHAR* mode, const void* point1, const void* point2, const r
     const std::wstring_view wanted = mode ? mode : L"";
     const bool implied = wanted == L"I" || wanted == L"_I";
     if ((!implied && !wanted.empty()) || point1 || point2 || filter) {
-      wb::report(wb::Event::error,
-                 L"acedSSGet with a mode, points or a filter that this host hasn't got");
+      report(Event::error, L"acedSSGet with a mode, points or a filter that this host hasn't got");
       return RTERROR;
     }
     // What the user picked before the command also answers the prompt.
@@ -117,10 +104,10 @@ int acedSSGet(const ACHAR* mode, const void* point1, const void* point2, const r
       const int asked = askForEntities(L"\nSelect objects: ", true, ids);
       if (asked != RTNORM) return asked;
     }
-    auto& [sets, last] = wb::sessionPart<Sets>();
+    auto& [sets, last] = sessionPart<Sets>();
     if (sets.size() >= mostSets) return RTERROR;
     const std::wstring label = std::to_wstring(ids.size()) + L" entities";
-    sets[++last] = {std::move(ids), wb::trackResource(L"selection set", label)};
+    sets[++last] = {std::move(ids), trackResource(L"selection set", label)};
     ss[0] = last;
     ss[1] = setMark;
     return RTNORM;
@@ -148,11 +135,11 @@ int acedSSFree(const ads_name ss) {
   return HostCall(THIS_FUNCTION).run(RTERROR, [&] {
     try {
       const auto found = findSet(ss);
-      wb::releaseResource(found->second.ticket);
-      wb::sessionPart<Sets>().sets.erase(found);
+      releaseResource(found->second.ticket);
+      sessionPart<Sets>().sets.erase(found);
       return RTNORM;
-    } catch (const wb::HostError&) {
-      wb::report(wb::Event::error, L"acedSSFree of a selection set that doesn't exist");
+    } catch (const HostError&) {
+      report(Event::error, L"acedSSFree of a selection set that doesn't exist");
       throw;
     }
   });

@@ -8,22 +8,22 @@
 
 using ErrorStatus = Acad::ErrorStatus;
 using Services = AcDbHostApplicationServices;
-using wb::HostCall;
+using namespace wb;
 
 namespace {
 
 AcDbHostApplicationServices& services() {
-  static wb::NotServedAcDbHostApplicationServices one;
+  static NotServedAcDbHostApplicationServices one;
   return one;
 }
 
-class LayoutManager : public wb::NotServedAcDbLayoutManager {
+class LayoutManager : public NotServedAcDbLayoutManager {
  public:
   const ACHAR* findActiveLayout(bool allowModel) override {
     return HostCall(L"AcDbLayoutManager.findActiveLayout").run<const ACHAR*>(nullptr, [&] {
       const AcDbDatabase* working = acdbHostApplicationServices()->workingDatabase();
-      const wb::Drawing* drawing = wb::Drawing::of(working);
-      std::wstring& found = wb::databaseState().activeLayout;
+      const Drawing* drawing = Drawing::of(working);
+      std::wstring& found = databaseState().activeLayout;
       if (drawing) found = allowModel ? drawing->currentLayout() : drawing->currentSheet();
       return drawing ? found.c_str() : nullptr;
     });
@@ -65,9 +65,9 @@ ErrorStatus Services::selectFile(short* userCancel, ACHAR*& chosenPath, void* hw
                                  bool* pbReadOnly, const ACHAR* pszWSTags, void* pReserved) {
   const HostCall call(THIS_FUNCTION);
   if (call.refused()) return Acad::eOutOfMemory;
-  wb::FileSelection& selection = wb::FileSelection::instance();
-  for (const auto& callback : selection.callbacks.all()) {
-    const wb::InModule outside;
+  FileSelection& selection = FileSelection::instance();
+  for (const auto& callback : selection.callbacks.handles()) {
+    const InModule outside;
     const ErrorStatus status =
         callback.proc(userCancel, chosenPath, hwnd, nFlags, prompt, dir, name, type, pnChoice,
                       pbReadOnly, pszWSTags, pReserved);
@@ -81,9 +81,11 @@ ErrorStatus Services::registerSelectFileCallback(const ACHAR* appName, SELECTFIL
                                                  bool unRegister, bool asPrimary) {
   return HostCall(THIS_FUNCTION).run(Acad::eInvalidInput, [&] {
     if (!appName || !proc) return Acad::eInvalidInput;
-    auto& callbacks = wb::FileSelection::instance().callbacks;
-    const wb::FileSelection::Callback callback{appName, proc};
-    if (unRegister) return callbacks.remove(callback) ? Acad::eOk : Acad::eKeyNotFound;
-    return callbacks.add(callback, appName, asPrimary) ? Acad::eOk : Acad::eDuplicateKey;
+    auto& callbacks = FileSelection::instance().callbacks;
+    const FileSelection::Callback callback{appName, proc};
+    if (unRegister) return callbacks.closed(callback) ? Acad::eOk : Acad::eKeyNotFound;
+    if (callbacks.holds(callback)) return Acad::eDuplicateKey;
+    callbacks.opened(callback, appName, true, asPrimary);
+    return Acad::eOk;
   });
 }

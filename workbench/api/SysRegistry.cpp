@@ -2,9 +2,11 @@
 #include <aced.h>
 #include <rxregsvc.h>
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "core/SessionState.h"
 #include "core/Text.h"
@@ -12,13 +14,18 @@
 #include "editor/Host.h"
 #include "gate/HostCall.h"
 
-using wb::HostCall;
+using namespace wb;
 
 namespace {
 
 /// A dictionary in which applications look for a key.
-class Dictionary : public wb::NotServedAcRxDictionary {
+class Dictionary : public NotServedAcRxDictionary {
  public:
+  using Lookup = std::function<AcRxObject*(const ACHAR* key)>;
+  /// @param take removes an entry; without it the entries are the host's own and stay
+  explicit Dictionary(Lookup find, Lookup take = {})
+      : find(std::move(find)), take(std::move(take)) {}
+
   using NotServedAcRxDictionary::at;
   using NotServedAcRxDictionary::remove;
   AcRxObject* at(const ACHAR* key) const override {
@@ -28,101 +35,83 @@ class Dictionary : public wb::NotServedAcRxDictionary {
   }
   AcRxObject* remove(const ACHAR* key) override {
     return HostCall(L"AcRxDictionary.remove").run<AcRxObject*>(nullptr, [&] {
-      return key ? take(key) : nullptr;
+      return key && take ? take(key) : nullptr;
     });
   }
 
  private:
-  virtual AcRxObject* find(const ACHAR* key) const = 0;
-  /// Classes and services of the host's own can't be taken away.
-  virtual AcRxObject* take(const ACHAR*) { return nullptr; }
+  Lookup find;
+  Lookup take;
 };
 
-/// The services that applications register; they own none of what they take out.
-class ServiceDictionary : public Dictionary {
- public:
-  AcRxObject* add(const ACHAR* key) {
-    return services.emplace(key, std::make_unique<Service>()).first->second.get();
-  }
-
- private:
-  class Service : public AcRxObject {};
-  AcRxObject* find(const ACHAR* key) const override {
-    const auto found = services.find(key);
-    return found == services.end() ? nullptr : found->second.get();
-  }
-  AcRxObject* take(const ACHAR* key) override {
-    auto taken = services.extract(key);
-    return taken ? taken.mapped().release() : nullptr;
-  }
-  std::map<std::wstring, std::unique_ptr<AcRxObject>, wb::LessIgnoringCase> services;
-};
-
-class ClassDictionary : public Dictionary {
-  AcRxObject* find(const ACHAR* key) const override { return AcRxClassImp::find(key); }
-};
-
-class DynamicLinker : public wb::NotServedAcRxDynamicLinker {
+class DynamicLinker : public NotServedAcRxDynamicLinker {
  public:
   bool lockApplication(void* appId) const override {
-    return HostCall(L"AcRxDynamicLinker.lockApplication").run(false, [&] {
-      return modules().setLocked(appId, true);
-    });
+    return set(L"AcRxDynamicLinker.lockApplication", appId, &Module::locked, true);
   }
   bool unlockApplication(void* appId) const override {
-    return HostCall(L"AcRxDynamicLinker.unlockApplication").run(false, [&] {
-      return modules().setLocked(appId, false);
-    });
+    return set(L"AcRxDynamicLinker.unlockApplication", appId, &Module::locked, false);
   }
   bool registerAppMDIAware(void* appId) const override {
-    return HostCall(L"AcRxDynamicLinker.registerAppMDIAware").run(false, [&] {
-      return modules().setAwareOfDocuments(appId, true);
-    });
+    return set(L"AcRxDynamicLinker.registerAppMDIAware", appId, &Module::awareOfDocuments, true);
   }
   bool registerAppNotMDIAware(void* appId) const override {
-    return HostCall(L"AcRxDynamicLinker.registerAppNotMDIAware").run(false, [&] {
-      return modules().setAwareOfDocuments(appId, false);
+    return set(L"AcRxDynamicLinker.registerAppNotMDIAware", appId, &Module::awareOfDocuments,
+               false);
+  }
+
+ private:
+  using Module = ModuleLoader::Module;
+  /// @return false for an unknown application
+  static bool set(const wchar_t* call, const void* appId, bool Module::* flag, bool value) {
+    return HostCall(call).run(false, [&] {
+      Module* module = Host::instance().modules().find(appId);
+      if (module) module->*flag = value;
+      return module != nullptr;
     });
   }
-
- private:
-  static wb::ModuleLoader& modules() { return wb::Host::instance().modules(); }
 };
 
-class SysRegistry : public Dictionary {
- public:
-  ServiceDictionary& services() { return services_; }
+class Service : public AcRxObject {};
 
- private:
-  AcRxObject* find(const ACHAR* key) const override {
-    const struct {
-      const wchar_t* name;
-      AcRxObject* service;
-    } all[] = {{L"ACAD_REGISTERED_COMMANDS", &wb::Host::instance().commands()},
-               {L"AcEditor", &wb::Host::instance().editor()},
-               {L"ClassDictionary", &classes},
-               {L"ServiceDictionary", &services_},
-               {ACRX_DYNAMIC_LINKER, &linker}};
-    for (const auto& one : all) {
-      if (wb::sameName(key, one.name)) return one.service;
-    }
-    return nullptr;
-  }
-
-  mutable ClassDictionary classes;
-  mutable ServiceDictionary services_;
-  mutable DynamicLinker linker;
+/// A session's registry, and what applications find in it.
+struct SysRegistry {
+  DynamicLinker linker;
+  Dictionary classes{[](const ACHAR* key) { return AcRxClassImp::find(key); }};
+  /// What applications register; they own none of what they take out.
+  std::map<std::wstring, std::unique_ptr<AcRxObject>, LessIgnoringCase> services;
+  Dictionary serviceDictionary{[this](const ACHAR* key) {
+                                 const auto found = services.find(key);
+                                 return found == services.end() ? nullptr : found->second.get();
+                               },
+                               [this](const ACHAR* key) {
+                                 auto taken = services.extract(key);
+                                 return taken ? taken.mapped().release() : nullptr;
+                               }};
+  Dictionary root{[this](const ACHAR* key) {
+    const std::map<std::wstring, AcRxObject*, LessIgnoringCase> all{
+        {L"ACAD_REGISTERED_COMMANDS", &Host::instance().commands()},
+        {L"AcEditor", &Host::instance().editor()},
+        {L"ClassDictionary", &classes},
+        {L"ServiceDictionary", &serviceDictionary},
+        {ACRX_DYNAMIC_LINKER, &linker}};
+    const auto found = all.find(key);
+    return found == all.end() ? nullptr : found->second;
+  }};
 };
 
 }  // namespace
 
 extern "C" AcRxDictionary* acrxSysRegistry() {
   const HostCall call(THIS_FUNCTION);
-  return &wb::sessionPart<SysRegistry>();
+  return &sessionPart<SysRegistry>().root;
 }
 
 void* acrxRegisterService(const ACHAR* name) {
-  return HostCall(THIS_FUNCTION).run<void*>(nullptr, [&] {
-    return name && *name ? wb::sessionPart<SysRegistry>().services().add(name) : nullptr;
+  return HostCall(THIS_FUNCTION).run<void*>(nullptr, [&]() -> void* {
+    if (!name || !*name) return nullptr;
+    auto& service = sessionPart<SysRegistry>().services[name];
+    if (!service) service = std::make_unique<Service>();
+    return service.get();
   });
 }

@@ -14,27 +14,16 @@
 #include "database/Xrefs.h"
 #include "gate/HostCall.h"
 
-using wb::HostCall;
+using namespace wb;
 
-namespace {
-
-wb::Drawing& drawingOf(const AcDbDatabase* database) {
-  wb::Drawing* const drawing =
-      wb::Drawing::of(database ? database : acdbHostApplicationServices()->workingDatabase());
-  if (!drawing) throw wb::HostError(L"no drawing is open", Acad::eNoDatabase);
-  return *drawing;
-}
-
-Acad::ErrorStatus changeXref(wb::Signature function, void (wb::Xrefs::*change)(std::wstring_view),
-                             const ACHAR* name, const AcDbDatabase* database) {
+static Acad::ErrorStatus changeXref(Signature function, void (Xrefs::*change)(std::wstring_view),
+                                    const ACHAR* name, const AcDbDatabase* database) {
   return HostCall(function, HostCall::swept).run(Acad::eFilerError, [&] {
     if (!name || !*name) return Acad::eNullBlockName;
-    (drawingOf(database).xrefs().*change)(name);
+    (Drawing::require(database).xrefs().*change)(name);
     return Acad::eOk;
   });
 }
-
-}  // namespace
 
 AcDbGraphNode::AcDbGraphNode(void* pData)
     : mpData(pData), mFlags(0), mpOwner(nullptr), mpCycleOut(nullptr), mpCycleIn(nullptr) {}
@@ -81,21 +70,21 @@ AcDbXrefGraph::AcDbXrefGraph(AcDbXrefGraphNode* pHost) : AcDbGraph(pHost) {
 
 AcDbXrefGraph::~AcDbXrefGraph() {
   const HostCall call(THIS_FUNCTION);
-  wb::databaseState().graphs.closed(this);
+  databaseState().graphs.closed(this);
   reset();
 }
 
 Acad::ErrorStatus acedGetCurDwgXrefGraph(AcDbXrefGraph& graph, Adesk::Boolean includeGhosts) {
   return HostCall(THIS_FUNCTION, HostCall::swept).run(Acad::eOutOfMemory, [&] {
-    drawingOf(nullptr).xrefs().fill(graph, includeGhosts != Adesk::kFalse);
+    Drawing::require(nullptr).xrefs().fill(graph, includeGhosts != Adesk::kFalse);
     return Acad::eOk;
   });
 }
 
 Acad::ErrorStatus acedXrefUnload(const ACHAR* blockName, const bool, AcDbDatabase* pHostDb) {
-  return changeXref(THIS_FUNCTION, &wb::Xrefs::unload, blockName, pHostDb);
+  return changeXref(THIS_FUNCTION, &Xrefs::unload, blockName, pHostDb);
 }
 
 Acad::ErrorStatus acedXrefReload(const ACHAR* blockName, const bool, AcDbDatabase* pHostDb) {
-  return changeXref(THIS_FUNCTION, &wb::Xrefs::reload, blockName, pHostDb);
+  return changeXref(THIS_FUNCTION, &Xrefs::reload, blockName, pHostDb);
 }

@@ -6,12 +6,12 @@
 
 #include <utility>
 
+#include "core/Program.h"
 #include "core/SessionState.h"
 #include "core/StandInTime.h"
 #include "core/Transcript.h"
 
 namespace wb {
-
 namespace {
 
 /// Sees what COM's task allocator frees (IMallocSpy), and reports it to the accounts of the current
@@ -77,9 +77,9 @@ bool switchStringCacheOff() {
   // Pinned: unloaded with the client and loaded again, it would have its cache back.
   HMODULE automation = nullptr;
   GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN, L"oleaut32.dll", &automation);
-  const FARPROC found = automation ? GetProcAddress(automation, "SetOaNoCache") : nullptr;
-  if (!found) return GetEnvironmentVariableW(L"OANOCACHE", nullptr, 0) != 0;
-  reinterpret_cast<void(WINAPI*)()>(reinterpret_cast<void*>(found))();
+  const auto switchOff = exportedFunction<void(WINAPI*)()>(automation, "SetOaNoCache");
+  if (!switchOff) return GetEnvironmentVariableW(L"OANOCACHE", nullptr, 0) != 0;
+  switchOff();
   return true;
 }
 

@@ -1,15 +1,19 @@
 #pragma once
 
+#include <algorithm>
 #include <map>
 #include <mutex>
 #include <optional>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
+
+#include "core/Lists.h"
 
 namespace wb {
 
-/// Names one thing that was handed out; later tickets are larger.
+/// The number of a resource on the accounts; later ones are larger.
 using Ticket = unsigned long long;
 
 struct Outstanding {
@@ -19,12 +23,9 @@ struct Outstanding {
   bool kept = false;  ///< may outlive the command that got it
 };
 
-/// What was handed out in a session and has to be given back.
+/// What was acquired in a session and has to be released.
 class Accounts {
  public:
-  Accounts() = default;
-  Accounts(const Accounts&) = delete;
-  Accounts& operator=(const Accounts&) = delete;
   ~Accounts();
 
   /// The allocator frees a block.
@@ -56,14 +57,14 @@ class Accounts {
 // The accounts of the current session, on any thread; outside a session nothing is entered and a
 // ticket is 0.
 
-/// Enters something that has to be given back: a reference, an open object, a handle.
+/// Enters something that has to be released: a reference, an open object, a handle.
 /// @param label what it is, in words that are the same in two runs
 Ticket trackResource(std::wstring kind, std::wstring label);
 /// A ticket of another session is of no effect.
 void releaseResource(Ticket ticket);
 
 /// Enters memory that the receiver has to free: a BSTR, an item id list, an array. It counts as
-/// given back when COM's task allocator frees it.
+/// released when COM's task allocator frees it.
 /// @return 0 if memory isn't accounted for
 Ticket trackMemory(const void* block, std::wstring kind, std::wstring label);
 
@@ -71,48 +72,60 @@ Ticket trackMemory(const void* block, std::wstring kind, std::wstring label);
 /// back at the end of the run.
 void keepBeyondCommand(Ticket ticket);
 
-/// What hasn't been given back, of the tickets from `since` on, oldest first.
+/// What hasn't been released, of the tickets from `since` on, oldest first.
 std::vector<Outstanding> outstanding(Ticket since = 0);
 
-/// The ticket that the next thing gets.
+/// The ticket of the next resource.
 Ticket nextTicket();
 
-/// The accounts of one kind of thing that is opened and closed by a handle.
+/// The accounts of one kind of thing that is opened and closed by a handle, in order.
 template <typename Handle>
 class HandleLedger {
  public:
   explicit HandleLedger(const wchar_t* kind) : kind(kind) {}
 
-  void opened(const Handle& handle, std::wstring label, bool outlivesCommand = false) {
+  /// @param first before the handles that are open
+  void opened(const Handle& handle, std::wstring label, bool outlivesCommand = false,
+              bool first = false) {
     closed(handle);
     const Ticket ticket = trackResource(kind, std::move(label));
     if (outlivesCommand) keepBeyondCommand(ticket);
-    tickets[handle] = ticket;
+    entries.insert(first ? entries.begin() : entries.end(), {handle, ticket});
   }
 
-  /// False if the handle isn't one of the ledger's.
+  /// @return false if the handle isn't one of the ledger's
   bool closed(const Handle& handle) {
-    const auto at = tickets.find(handle);
-    if (at == tickets.end()) return false;
+    const auto at = find(handle);
+    if (at == entries.end()) return false;
     releaseResource(at->second);
-    tickets.erase(at);
+    entries.erase(at);
     return true;
   }
 
-  template <typename Predicate>
-  void closedWhere(Predicate matches) {
-    for (auto at = tickets.begin(); at != tickets.end();) {
-      const Handle handle = (at++)->first;
-      if (matches(handle)) closed(handle);
-    }
+  bool holds(const Handle& handle) const { return find(handle) != entries.end(); }
+
+  /// A copy: what is done with one handle may open and close others.
+  std::vector<Handle> handles() const {
+    std::vector<Handle> all;
+    all.reserve(entries.size());
+    for (const auto& entry : entries) all.push_back(entry.first);
+    return all;
   }
 
-  /// Forgets the handles; what is open stays on the accounts.
-  void forget() { tickets.clear(); }
+  /// Removes handles that are never closed: they stay on the accounts.
+  template <typename Predicate>
+  void forgetIf(Predicate matches) {
+    eraseIf(entries, [&](const auto& entry) { return matches(entry.first); });
+  }
 
  private:
+  auto find(const Handle& handle) const {
+    return std::find_if(entries.begin(), entries.end(),
+                        [&](const auto& entry) { return entry.first == handle; });
+  }
+
   const wchar_t* kind;
-  std::map<Handle, Ticket> tickets;
+  std::vector<std::pair<Handle, Ticket>> entries;
 };
 
 }  // namespace wb

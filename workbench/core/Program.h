@@ -32,6 +32,13 @@ inline bool startProgram(const std::filesystem::path& program, const std::wstrin
   }
 }
 
+/// A function that a library exports, null if it doesn't.
+template <class Function>
+Function exportedFunction(HMODULE library, const char* name) {
+  const auto address = reinterpret_cast<void*>(GetProcAddress(library, name));
+  return reinterpret_cast<Function>(address);
+}
+
 /// True if `address` lies in the image of `module`.
 inline bool isInModule(HMODULE module, const void* address) {
   HMODULE owner = nullptr;

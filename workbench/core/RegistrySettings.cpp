@@ -6,7 +6,6 @@
 #include "core/Transcript.h"
 
 namespace wb {
-namespace {
 
 constexpr wchar_t suiteKey[] = L"Software\\Halvern\\Applications\\Quillstone Suite";
 constexpr wchar_t addinKey[] = L"Software\\Halvern\\Applications\\Quillstone Suite\\TessaroACAD";
@@ -14,8 +13,6 @@ constexpr wchar_t addinKey[] = L"Software\\Halvern\\Applications\\Quillstone Sui
 /// The tree that belongs to the product, with the client's values in it.
 constexpr wchar_t productKey[] = L"Software\\Halvern";
 constexpr wchar_t policyKey[] = L"Software\\Policies\\Halvern";
-
-}  // namespace
 
 SettingName settingName(const std::wstring& text) {
   SettingName name{HKEY_CURRENT_USER, addinKey, text};
@@ -55,18 +52,15 @@ std::wstring registryDataText(DWORD type, const BYTE* data, DWORD size) {
 
 std::vector<std::wstring> addinSettings() {
   std::vector<std::wstring> lines;
-  const RegistryKey open(HKEY_CURRENT_USER, addinKey, KEY_READ);
-  if (open.status() != ERROR_SUCCESS) return lines;
-  DWORD longestName = 0;
-  DWORD longestData = 0;
+  const RegistryKey open(HKEY_CURRENT_USER, addinKey);
+  if (!open.get()) return lines;
+  DWORD longestName = 0, longestData = 0;
   RegQueryInfoKeyW(open.get(), nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
                    &longestName, &longestData, nullptr, nullptr);
   for (DWORD index = 0;; ++index) {
     std::wstring name(longestName + 1, L'\0');
     std::vector<BYTE> data(longestData + 1);
-    DWORD nameLength = longestName + 1;
-    DWORD size = longestData;
-    DWORD type = 0;
+    DWORD nameLength = longestName + 1, size = longestData, type = 0;
     if (RegEnumValueW(open.get(), index, name.data(), &nameLength, nullptr, &type, data.data(),
                       &size) != ERROR_SUCCESS) {
       break;
@@ -85,10 +79,13 @@ void resetSettings() {
       throw std::runtime_error("the settings of an earlier run can't be deleted, Windows error " +
                                std::to_string(status));
     }
-    const RegistryKey suite(root, suiteKey, KEY_READ, true);
-    if (suite.status() == ERROR_SUCCESS) continue;
-    throw std::runtime_error("the client's key can't be made, Windows error " +
-                             std::to_string(suite.status()));
+    HKEY suite = nullptr;
+    const LSTATUS status = RegCreateKeyW(root, suiteKey, &suite);
+    if (status != ERROR_SUCCESS) {
+      throw std::runtime_error("the client's key can't be made, Windows error " +
+                               std::to_string(status));
+    }
+    RegCloseKey(suite);
   }
 }
 

@@ -7,31 +7,23 @@
 
 namespace wb {
 
-/// An open key of the registry.
+/// A key of the registry that is open for reading.
 class RegistryKey {
  public:
-  /// Opens the key, or makes it.
-  RegistryKey(HKEY root, const std::wstring& path, REGSAM access, bool create = false)
-      : status_(open(root, path, access, create)) {}
+  RegistryKey(HKEY root, const std::wstring& path) {
+    RegOpenKeyExW(root, path.c_str(), 0, KEY_READ, &key);
+  }
   RegistryKey(const RegistryKey&) = delete;
   RegistryKey& operator=(const RegistryKey&) = delete;
   ~RegistryKey() {
     if (key) RegCloseKey(key);
   }
 
-  /// Windows' result of the opening.
-  LSTATUS status() const { return status_; }
-  /// Null if it isn't open.
+  /// Null if there is no such key.
   HKEY get() const { return key; }
 
  private:
-  LSTATUS open(HKEY root, const std::wstring& path, REGSAM access, bool create) {
-    if (!create) return RegOpenKeyExW(root, path.c_str(), 0, access, &key);
-    return RegCreateKeyExW(root, path.c_str(), 0, nullptr, 0, access, nullptr, &key, nullptr);
-  }
-
   HKEY key = nullptr;
-  LSTATUS status_;  // behind the key, which the opening sets
 };
 
 /// A value of the registry as a script names it: bare for the add-in's own key, else a full path

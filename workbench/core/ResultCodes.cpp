@@ -1,8 +1,8 @@
 #include "core/ResultCodes.h"
 
 #include <cwchar>
-#include <iterator>
 
+#include "core/Text.h"
 #include "vault/ResultCodeTable.h"
 
 namespace wb {
@@ -11,9 +11,7 @@ std::wstring resultName(HRESULT result) {
   for (const tessaro::ResultCodeRow& row : tessaro::resultCodeTable) {
     if (row.code == static_cast<std::uint32_t>(result)) return row.name;
   }
-  wchar_t number[11];
-  std::swprintf(number, std::size(number), L"0x%08lX", static_cast<unsigned long>(result));
-  return number;
+  return hexText(static_cast<unsigned long>(result), 8);
 }
 
 std::optional<HRESULT> resultFromName(std::wstring_view name) {

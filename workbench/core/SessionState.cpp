@@ -2,13 +2,9 @@
 
 namespace wb {
 
-namespace {
-
 // The only state outside the session's object, but for what belongs to the process: the classes'
 // descriptions, the allocator's spy, the exported `s_pServices`, the client's DllCanUnloadNow.
-SessionState* theCurrent = nullptr;
-
-}  // namespace
+static SessionState* theCurrent = nullptr;
 
 SessionState::SessionState() : previous(std::exchange(theCurrent, this)) {}
 

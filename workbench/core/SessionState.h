@@ -32,7 +32,6 @@ class SessionState {
   /// Becomes the current one; an older one is current again afterwards.
   SessionState();
   SessionState(const SessionState&) = delete;
-  SessionState& operator=(const SessionState&) = delete;
   ~SessionState();
 
   /// Null outside a session. The one pointer by which the host's exports and the client's objects

@@ -8,14 +8,10 @@
 
 namespace wb {
 
-namespace {
-
-StandInTime* currentTime() {
+static StandInTime* currentTime() {
   SessionState* const session = SessionState::current();
   return session ? &session->standInTime : nullptr;
 }
-
-}  // namespace
 
 void StandInTime::count(bool on) {
   *this = StandInTime();

@@ -29,7 +29,6 @@ class InStandIn {
  public:
   InStandIn();
   InStandIn(const InStandIn&) = delete;
-  InStandIn& operator=(const InStandIn&) = delete;
   ~InStandIn();
 
  private:
@@ -41,7 +40,6 @@ class InModule {
  public:
   InModule();
   InModule(const InModule&) = delete;
-  InModule& operator=(const InModule&) = delete;
   ~InModule();
 
  private:

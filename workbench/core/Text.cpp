@@ -1,25 +1,25 @@
 #include "core/Text.h"
 
-#include <windows.h>
-
+#include <cwchar>
+#include <iterator>
 #include <sstream>
 
 namespace wb {
 
 std::string toUtf8(std::wstring_view text) {
-  const int length = static_cast<int>(text.size());
-  std::string result(
-      WideCharToMultiByte(CP_UTF8, 0, text.data(), length, nullptr, 0, nullptr, nullptr), '\0');
-  WideCharToMultiByte(CP_UTF8, 0, text.data(), length, result.data(),
-                      static_cast<int>(result.size()), nullptr, nullptr);
+  // A character of UTF-16 is at most three bytes of UTF-8.
+  std::string result(text.size() * 3, '\0');
+  result.resize(static_cast<size_t>(
+      WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), result.data(),
+                          static_cast<int>(result.size()), nullptr, nullptr)));
   return result;
 }
 
 std::wstring fromUtf8(std::string_view text) {
-  const int length = static_cast<int>(text.size());
-  std::wstring result(MultiByteToWideChar(CP_UTF8, 0, text.data(), length, nullptr, 0), L'\0');
-  MultiByteToWideChar(CP_UTF8, 0, text.data(), length, result.data(),
-                      static_cast<int>(result.size()));
+  std::wstring result(text.size(), L'\0');
+  result.resize(static_cast<size_t>(
+      MultiByteToWideChar(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), result.data(),
+                          static_cast<int>(result.size()))));
   return result;
 }
 
@@ -32,6 +32,12 @@ std::vector<std::string> linesOf(std::string_view utf8) {
     if (!line.empty() && line.back() == '\r') line.pop_back();
   }
   return lines;
+}
+
+std::wstring hexText(unsigned long number, int digits) {
+  wchar_t text[16];
+  std::swprintf(text, std::size(text), L"0x%0*lX", digits, number);
+  return text;
 }
 
 }  // namespace wb

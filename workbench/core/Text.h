@@ -15,6 +15,10 @@ std::wstring fromUtf8(std::string_view text);
 /// The lines of a UTF-8 text with any line ends, with or without a byte order mark.
 std::vector<std::string> linesOf(std::string_view utf8);
 
+/// "0x" and the number in hexadecimal, in capitals.
+/// @param digits at the least
+std::wstring hexText(unsigned long number, int digits = 1);
+
 /// Compares names and paths as Windows' file systems do: by their characters, ignoring case, and by
 /// no language's rules.
 /// @return CSTR_LESS_THAN, CSTR_EQUAL or CSTR_GREATER_THAN

@@ -10,7 +10,6 @@
 #include "core/Text.h"
 
 namespace wb {
-
 namespace {
 
 constexpr const wchar_t* kindNames[] = {L"try",    L"box",   L"client", L"command", L"dialog",
@@ -45,6 +44,11 @@ void replaceFolder(std::wstring& text, const std::wstring& folder, const std::ws
   }
 }
 
+template <class List>
+auto from(size_t first, const List& list) {
+  return list.begin() + static_cast<std::ptrdiff_t>(std::min(first, list.size()));
+}
+
 void escapeLineEnds(std::wstring& text) {
   for (size_t at = 0; (at = text.find_first_of(L"\r\n", at)) != std::wstring::npos; at += 2) {
     text.replace(at, 1, text[at] == L'\n' ? L"\\n" : L"\\r");
@@ -63,8 +67,7 @@ std::wstring Transcript::lineOf(std::wstring_view kind, std::wstring_view detail
 Transcript& Transcript::instance() { return SessionState::get().transcript; }
 
 bool Transcript::anySince(size_t first, const std::function<bool(const Event&)>& is) const {
-  const auto begin = events_.begin() + static_cast<std::ptrdiff_t>(std::min(first, events_.size()));
-  return std::any_of(begin, events_.end(), is);
+  return std::any_of(from(first, events_), events_.end(), is);
 }
 
 void Transcript::clear() {
@@ -74,10 +77,9 @@ void Transcript::clear() {
 }
 
 int Transcript::count(std::wstring_view text, size_t first) const {
-  const auto begin = lines_.begin() + static_cast<std::ptrdiff_t>(std::min(first, lines_.size()));
-  return static_cast<int>(std::count_if(begin, lines_.end(), [&](const std::wstring& line) {
-    return line.find(text) != std::wstring::npos;
-  }));
+  return static_cast<int>(std::count_if(
+      from(first, lines_), lines_.end(),
+      [&](const std::wstring& line) { return line.find(text) != std::wstring::npos; }));
 }
 
 bool Transcript::holdsSinceMark(std::wstring_view text) const { return count(text, marked) > 0; }

@@ -1,5 +1,7 @@
 #include "database/Drawing.h"
 
+#include <dbapserv.h>
+
 #include <dbmain.h>
 
 #include <algorithm>
@@ -78,6 +80,13 @@ Drawing* Drawing::of(const AcDbDatabase* database) {
     if (drawing->database() == database && !drawing->closed()) return drawing;
   }
   return nullptr;
+}
+
+Drawing& Drawing::require(const AcDbDatabase* database) {
+  Drawing* const drawing =
+      of(database ? database : acdbHostApplicationServices()->workingDatabase());
+  if (!drawing) throw HostError(L"no drawing is open", Acad::eNoDatabase);
+  return *drawing;
 }
 
 BlockRecordImp* Drawing::findRecord(std::wstring_view name) const {

@@ -44,6 +44,9 @@ class Drawing {
   AcDbDatabase* database() const { return database_.get(); }
   /// The drawing of a database, null if it is closed.
   static Drawing* of(const AcDbDatabase* database);
+  /// The drawing of a database, or of the working one if it is null.
+  /// @throws HostError if no drawing is open
+  static Drawing& require(const AcDbDatabase* database);
 
   DxfFile file;  ///< with the changes since it was read
 

@@ -1,4 +1,4 @@
-#include "dialogs/Actions.h"
+#include "dialogs/Answers.h"
 
 #include <commctrl.h>
 
@@ -175,7 +175,7 @@ void pressButton(HWND dialog, const std::wstring& name) {
     }
     // The caption's button of a message box means Cancel, or its only button; else it is off.
     button = findButton(dialog, L"cancel");
-    if (!button && pushButtons(dialog).size() == 1) button = pushButtons(dialog)[0];
+    if (!button) button = onlyButton(dialog);
     if (!button) throw DialogError(L"it can't be closed without a choice");
   } else {
     button = findButton(dialog, name);

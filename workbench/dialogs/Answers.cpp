@@ -1,24 +1,20 @@
 #include "dialogs/Answers.h"
 
-#include <algorithm>
 #include <exception>
 #include <stdexcept>
 
+#include "core/Lists.h"
 #include "core/SessionState.h"
 #include "core/Text.h"
-#include "dialogs/Actions.h"
 #include "dialogs/Reader.h"
 
 namespace wb {
-namespace {
 
 constexpr UINT dialogMade = WM_APP;
 constexpr UINT_PTR lookTimer = 1;
 constexpr UINT lookEvery = USER_TIMER_MINIMUM;  // milliseconds
 constexpr unsigned mostLooks = 200;             // looks at a dialog that doesn't show itself
 constexpr unsigned looksToStay = 3;             // after that many a dialog is taken to stay
-
-}  // namespace
 
 Answers& Answers::instance() { return sessionPart<Answers>(); }
 
@@ -57,6 +53,7 @@ void Answers::queue(std::wstring button, std::vector<AnswerStep> steps) {
 
 std::vector<std::wstring> Answers::unused() const {
   std::vector<std::wstring> texts;
+  texts.reserve(queued.size() + 1);
   for (const Answer& answer : queued) {
     texts.push_back(answer.button.empty() ? L"steps without a button" : answer.button);
   }
@@ -71,15 +68,11 @@ void Answers::clear() {
 }
 
 Answers::OpenDialog* Answers::find(HWND window) {
-  const auto at = std::find_if(dialogs.begin(), dialogs.end(),
-                               [&](const OpenDialog& dialog) { return dialog.window == window; });
-  return at == dialogs.end() ? nullptr : &*at;
+  return findIf(dialogs, [&](const OpenDialog& dialog) { return dialog.window == window; });
 }
 
 void Answers::leaveAlone(HWND window) {
-  dialogs.erase(std::remove_if(dialogs.begin(), dialogs.end(),
-                               [&](const OpenDialog& dialog) { return dialog.window == window; }),
-                dialogs.end());
+  eraseIf(dialogs, [&](const OpenDialog& dialog) { return dialog.window == window; });
   if (!dialogs.empty()) {
     dialogs.back().covered = true;
   } else if (listener) {
@@ -164,18 +157,14 @@ void Answers::answer(OpenDialog& dialog) {
     if (dialog.looks > looksToStay) EndDialog(window, 0);
     return;
   }
-  Answer next;
-  if (!queued.empty()) {
-    next = std::move(queued.front());
-    queued.pop_front();
-  } else if (random) {
-    next = randomAnswer(window, *random, dialog.answered++);
-  } else {
+  std::optional<Answer> next = popFirst(queued);
+  if (!next && random) next = randomAnswer(window, *random, dialog.answered++);
+  if (!next) {
     if (!leaveToPerson && dialog.looks > looksToStay) refuse(window, L"without an answer");
     return;
   }
   dialog.busy = true;
-  perform(window, next);
+  perform(window, *next);
   // The dialog may be closed by now, and the list with it may have moved.
   if (OpenDialog* still = find(window)) {
     still->busy = false;
@@ -199,8 +188,8 @@ void Answers::perform(HWND window, const Answer& answer) {
   recordDetail(L"place", wb::quoted(windowTitle(window)) + L' ' + placeOf(window));
   try {
     for (const AnswerStep& step : answer.steps) {
-      const std::wstring told = step(window);
-      if (!told.empty()) event.text += L' ' + told;
+      const std::wstring done = step(window);
+      if (!done.empty()) event.text += L' ' + done;
     }
     if (!answer.button.empty()) event.text += L" answer=" + answer.button;
     if (!watched) report(event);

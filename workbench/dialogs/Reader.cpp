@@ -7,6 +7,7 @@
 #include <cwchar>
 #include <iterator>
 
+#include "core/Lists.h"
 #include "core/Text.h"
 #include "core/Transcript.h"
 #include "ui/resource.h"
@@ -32,9 +33,8 @@ bool isPushButton(HWND control) {
 
 bool isUsable(HWND control) {
   const std::wstring type = windowClass(control);
-  if (sameName(type, L"Static")) return false;
-  return !sameName(type, L"Button") ||
-         (GetWindowLongPtrW(control, GWL_STYLE) & BS_TYPEMASK) != BS_GROUPBOX;
+  const bool groupBox = (GetWindowLongPtrW(control, GWL_STYLE) & BS_TYPEMASK) == BS_GROUPBOX;
+  return !sameName(type, L"Static") && !(sameName(type, L"Button") && groupBox);
 }
 
 std::wstring cellText(HWND list, int row, int column) {
@@ -111,14 +111,13 @@ std::wstring windowClass(HWND window) {
 }
 
 HWND findStatusWindow() {
-  for (const HWND window : threadWindows()) {
-    if (isDialogWindow(window) && GetDlgItem(window, IDC_XREFS_LATEST) &&
-        GetDlgItem(window, IDC_CHECKED_OUT_HERE) && GetDlgItem(window, IDC_VERSION) &&
-        GetDlgItem(window, IDC_REFRESH)) {
-      return window;
-    }
-  }
-  return nullptr;
+  const std::vector<HWND> windows = threadWindows();
+  const HWND* found = findIf(windows, [](HWND window) {
+    return isDialogWindow(window) && GetDlgItem(window, IDC_XREFS_LATEST) &&
+           GetDlgItem(window, IDC_CHECKED_OUT_HERE) && GetDlgItem(window, IDC_VERSION) &&
+           GetDlgItem(window, IDC_REFRESH);
+  });
+  return found ? *found : nullptr;
 }
 
 bool isDialogWindow(HWND window) {
@@ -198,6 +197,11 @@ std::vector<HWND> pushButtons(HWND dialog) {
   return buttons;
 }
 
+HWND onlyButton(HWND dialog) {
+  const std::vector<HWND> all = pushButtons(dialog);
+  return all.size() == 1 ? all[0] : nullptr;
+}
+
 HWND findControl(HWND dialog, int id) {
   HWND found = GetDlgItem(dialog, id);
   for (const HWND child : children(dialog)) {
@@ -212,9 +216,7 @@ HWND findButton(HWND dialog, std::wstring_view name) {
     const HWND found = GetDlgItem(dialog, button.id);
     if (found && (GetWindowLongPtrW(found, GWL_STYLE) & WS_VISIBLE)) return found;
     // A box with nothing but OK may carry it under IDCANCEL, so that Escape closes it.
-    const std::vector<HWND> all = pushButtons(dialog);
-    if (button.id == IDOK && all.size() == 1 && !messageBoxText(dialog).empty()) return all[0];
-    return nullptr;
+    return button.id == IDOK && !messageBoxText(dialog).empty() ? onlyButton(dialog) : nullptr;
   }
   wchar_t* end = nullptr;
   const std::wstring text(name);
@@ -225,8 +227,7 @@ HWND findButton(HWND dialog, std::wstring_view name) {
 HWND leastButton(HWND dialog) {
   if (const HWND cancel = findButton(dialog, L"cancel")) return cancel;
   if (const HWND no = findButton(dialog, L"no")) return no;
-  const std::vector<HWND> all = pushButtons(dialog);
-  return all.size() == 1 ? all[0] : nullptr;
+  return onlyButton(dialog);
 }
 
 std::wstring buttonName(int id) {
@@ -262,9 +263,7 @@ std::wstring messageBoxFlags(UINT flags) {
     rest &= ~mask;
     add(names[value]);
   }
-  wchar_t number[16] = L"";
-  if (rest) std::swprintf(number, std::size(number), L"0x%X", rest);
-  add(number);
+  if (rest) add(hexText(rest).c_str());
   return text;
 }
 

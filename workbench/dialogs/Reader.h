@@ -58,6 +58,9 @@ std::wstring placeOf(HWND dialog);
 /// The push buttons that can be seen, in tab order.
 std::vector<HWND> pushButtons(HWND dialog);
 
+/// The only push button that can be seen, null if there are none or several.
+HWND onlyButton(HWND dialog);
+
 /// The control with that id anywhere below the dialog, null if there is none.
 HWND findControl(HWND dialog, int id);
 

@@ -8,12 +8,11 @@
 #include <initguid.h>
 #include <wincodec.h>
 
-#include <algorithm>
-#include <cstdio>
-#include <iterator>
 #include <memory>
 #include <type_traits>
 
+#include "core/Lists.h"
+#include "core/Text.h"
 #include "core/Transcript.h"
 #include "dialogs/Reader.h"
 
@@ -28,14 +27,12 @@ namespace {
 
 constexpr DWORD paintingTime = 60;  // milliseconds
 
-struct ContextDeleter {
+struct Deleter {
   void operator()(HDC context) const { DeleteDC(context); }
-};
-struct BitmapDeleter {
   void operator()(HBITMAP bitmap) const { DeleteObject(bitmap); }
 };
-using Context = std::unique_ptr<std::remove_pointer_t<HDC>, ContextDeleter>;
-using Bitmap = std::unique_ptr<std::remove_pointer_t<HBITMAP>, BitmapDeleter>;
+using Context = std::unique_ptr<std::remove_pointer_t<HDC>, Deleter>;
+using Bitmap = std::unique_ptr<std::remove_pointer_t<HBITMAP>, Deleter>;
 
 /// A dialog that has just been shown hasn't painted itself: painting comes last in its loop.
 void paintWindows(const std::vector<HWND>& windows) {
@@ -105,26 +102,22 @@ void writePng(const std::wstring& file, HBITMAP bitmap) {
 
 void savePicture(const std::wstring& file) {
   std::vector<HWND> windows = threadWindows();
-  windows.erase(std::remove_if(windows.begin(), windows.end(),
-                               [](HWND window) { return !IsWindowVisible(window); }),
-                windows.end());
+  eraseIf(windows, [](HWND window) { return !IsWindowVisible(window); });
   paintWindows(windows);
   const Bitmap picture = copyScreen(partOfScreen(windows));
   if (!picture) throw DialogError(L"the screen can't be copied");
   const std::wstring unfinished = file + L".part";
+  const auto fail = [&](const std::wstring& reason) {
+    DeleteFileW(unfinished.c_str());
+    throw DialogError(L"the picture " + wb::quoted(file) + L" can't be written, " + reason);
+  };
   try {
     writePng(unfinished, picture.get());
   } catch (const _com_error& error) {
-    DeleteFileW(unfinished.c_str());
-    wchar_t code[16];
-    std::swprintf(code, std::size(code), L"0x%08lX", static_cast<unsigned long>(error.Error()));
-    throw DialogError(L"the picture " + wb::quoted(file) + L" can't be written, result " + code);
+    fail(L"result " + hexText(static_cast<unsigned long>(error.Error()), 8));
   }
   if (!MoveFileExW(unfinished.c_str(), file.c_str(), MOVEFILE_REPLACE_EXISTING)) {
-    const DWORD error = GetLastError();
-    DeleteFileW(unfinished.c_str());
-    throw DialogError(L"the picture " + wb::quoted(file) + L" can't be written, Windows error " +
-                      std::to_wstring(error));
+    fail(L"Windows error " + std::to_wstring(GetLastError()));
   }
   report(Event::file, L"picture " + wb::quoted(file));
 }

@@ -16,9 +16,7 @@ void reportUncaught(const std::wstring& what) {
     throw;
   } catch (const _com_error& comError) {
     code = comError.Error();
-    wchar_t text[16];
-    wsprintfW(text, L"0x%08X", static_cast<unsigned>(code));
-    error = text;
+    error = hexText(static_cast<unsigned long>(code), 8);
   } catch (const std::exception& exception) {
     error = L"\"" + fromUtf8(exception.what()) + L"\"";
   } catch (int value) {

@@ -1,7 +1,6 @@
 #include "editor/Commands.h"
 
-#include <algorithm>
-
+#include "core/Lists.h"
 #include "core/Program.h"
 #include "core/Text.h"
 #include "core/Transcript.h"
@@ -26,10 +25,9 @@ Acad::ErrorStatus CommandStack::add(Command command) {
   if (command.group.empty() || command.global.empty() || command.local.empty()) {
     return Acad::eInvalidInput;
   }
-  const bool inUse = std::any_of(commands.begin(), commands.end(), [&](const Command& one) {
-    return sameName(one.global, command.global) || sameName(one.local, command.local);
-  });
-  if (inUse) {
+  if (findIf(commands, [&](const Command& one) {
+        return sameName(one.global, command.global) || sameName(one.local, command.local);
+      })) {
     report(Event::command, command.global + L" refused: the name is in use");
     return Acad::eDuplicateKey;
   }
@@ -55,13 +53,12 @@ Acad::ErrorStatus CommandStack::removeGroup(const ACHAR* groupName) {
 const Command* CommandStack::find(std::wstring_view typed) const {
   const bool global = !typed.empty() && typed.front() == L'_';
   if (global) typed.remove_prefix(1);
-  const auto found = std::find_if(commands.begin(), commands.end(), [&](const Command& one) {
+  return findIf(commands, [&](const Command& one) {
     return sameName(global ? one.global : one.local, typed);
   });
-  return found == commands.end() ? nullptr : &*found;
 }
 
-void CommandStack::dropOf(HMODULE module) {
+void CommandStack::forgetModule(HMODULE module) {
   eraseIf(commands, [&](const Command& one) { return isInModule(module, one.address); });
 }
 
@@ -71,16 +68,12 @@ void CommandRunner::runQueued() {
   }
 }
 
-namespace {
-
 // The document of the next piece of input that can run, not newer than `last`.
-std::optional<Document*> nextDocument(InputQueue::Number last) {
+static std::optional<Document*> nextDocument(InputQueue::Number last) {
   const DocumentManager& documents = Host::instance().documents();
   if (!documents.isApplicationContext()) return std::nullopt;
   return Host::instance().input().next(documents.active(), last);
 }
-
-}  // namespace
 
 bool CommandRunner::hasRunnable() {
   return nextDocument(Host::instance().input().lastNumber()).has_value();
@@ -176,7 +169,7 @@ std::optional<std::wstring> CommandRunner::requestInput() {
 void CommandRunner::reportLeaks(Ticket since, bool keptAsWell) {
   for (const Outstanding& one : outstanding(since)) {
     if (one.kept && !keptAsWell) continue;
-    if (told.insert(one.ticket).second) report(Event::leak, one.kind + L" " + one.label);
+    if (reported.insert(one.ticket).second) report(Event::leak, one.kind + L" " + one.label);
   }
 }
 
@@ -193,19 +186,14 @@ void close() {
 void open() {
   bool readOnly = false;
   const auto path = FileSelection::instance().chooseToOpen(readOnly);
-  try {
-    if (path) documents().open(*path, readOnly);
-  } catch (const HostError& error) {
-    CommandRunner::print(*path + L" can't be opened: " + error.reason + L".");
-  }
+  if (!path) return;
+  const auto reason = whyFailed([&] { documents().open(*path, readOnly); });
+  if (reason) CommandRunner::print(*path + L" can't be opened: " + *reason + L".");
 }
 
 void newDrawing() {
-  try {
-    documents().create();
-  } catch (const HostError& error) {
-    CommandRunner::print(L"No new drawing: " + error.reason + L".");
-  }
+  const auto reason = whyFailed([] { documents().create(); });
+  if (reason) CommandRunner::print(L"No new drawing: " + *reason + L".");
 }
 
 void saveAs() {
@@ -227,15 +215,14 @@ void quit() {
 }  // namespace
 
 void CommandStack::addBuiltIn() {
-  const auto addOne = [this](const wchar_t* name, int flags, void (*work)()) {
-    add({L"ACAD", name, name, flags, work});
-  };
-  addOne(L"CLOSE", ACRX_CMD_SESSION, close);
-  addOne(L"NEW", ACRX_CMD_SESSION, newDrawing);
-  addOne(L"OPEN", ACRX_CMD_SESSION, open);
-  addOne(L"QSAVE", ACRX_CMD_MODAL, quickSave);
-  addOne(L"QUIT", ACRX_CMD_SESSION, quit);
-  addOne(L"SAVEAS", ACRX_CMD_MODAL, saveAs);
+  const struct {
+    const wchar_t* name;
+    int flags;
+    void (*work)();
+  } builtIn[] = {{L"CLOSE", ACRX_CMD_SESSION, close}, {L"NEW", ACRX_CMD_SESSION, newDrawing},
+                 {L"OPEN", ACRX_CMD_SESSION, open},   {L"QSAVE", ACRX_CMD_MODAL, quickSave},
+                 {L"QUIT", ACRX_CMD_SESSION, quit},   {L"SAVEAS", ACRX_CMD_MODAL, saveAs}};
+  for (const auto& [name, flags, work] : builtIn) add({L"ACAD", name, name, flags, work});
 }
 
 }  // namespace wb

@@ -88,8 +88,8 @@ class CommandStack : public NotServedAcEdCommandStack {
   /// Finds by what was typed: "_NAME" is the global name, "NAME" the local one. Null if unknown.
   const Command* find(std::wstring_view typed) const;
   const std::vector<Command>& all() const { return commands; }
-  /// Removes what an application left behind, before its code is unloaded.
-  void dropOf(HMODULE module);
+  /// Forgets what an application left behind, before its code is unloaded.
+  void forgetModule(HMODULE module);
 
  private:
   std::vector<Command> commands;
@@ -119,7 +119,8 @@ class CommandRunner {
   /// needInput when none is queued.
   static std::optional<std::wstring> requestInput();
 
-  /// Reports, once, what was handed out since `since` and neither returned nor marked as kept.
+  /// Reports, once, what was acquired since `since` and isn't released.
+  /// @param keptAsWell also what may outlive a command
   void reportLeaks(Ticket since, bool keptAsWell);
 
  private:
@@ -127,7 +128,7 @@ class CommandRunner {
   static void runInDocument(const Command& command, Document* document);
 
   int depth = 0;
-  std::set<Ticket> told;
+  std::set<Ticket> reported;
 };
 
 }  // namespace wb

@@ -2,17 +2,16 @@
 
 #include <rxclass.h>
 
-#include <algorithm>
-
+#include "core/Lists.h"
+#include "core/Program.h"
 #include "database/Objects.h"
 #include "dialogs/MenuPicture.h"
 #include "editor/Host.h"
 
 namespace wb {
-namespace {
 
-void readMenu(HMENU menu, const std::wstring& submenu, AcEdUIContext* context,
-              std::vector<MenuItem>& items) {
+static void readMenu(HMENU menu, const std::wstring& submenu, AcEdUIContext* context,
+                     std::vector<MenuItem>& items) {
   const int count = GetMenuItemCount(menu);
   for (int position = 0; position < count; ++position) {
     MENUITEMINFOW info{};
@@ -24,47 +23,42 @@ void readMenu(HMENU menu, const std::wstring& submenu, AcEdUIContext* context,
     items.push_back({text, submenu, info.hSubMenu ? 0 : info.wID, (info.fState & MFS_GRAYED) != 0,
                      info.hSubMenu != nullptr, context, menu});
     if (info.hSubMenu) {
-      readMenu(info.hSubMenu, submenu.empty() ? text : submenu + L" > " + text, context, items);
+      const std::wstring prefix = submenu.empty() ? submenu : submenu + L" > ";
+      readMenu(info.hSubMenu, prefix + text, context, items);
     }
   }
 }
 
-}  // namespace
-
 bool ContextMenus::add(const AcRxClass* entityClass, AcEdUIContext* context) {
-  return entityClass && context && entries.add({entityClass, context}, entityClass->name());
+  if (!entityClass || !context || entries.holds({entityClass, context})) return false;
+  entries.opened({entityClass, context}, entityClass->name(), true);
+  return true;
 }
 
 bool ContextMenus::remove(const AcRxClass* entityClass, AcEdUIContext* context) {
-  if (!entries.remove({entityClass, context})) return false;
+  if (!entries.closed({entityClass, context})) return false;
   eraseIf(open, [&](const MenuItem& item) { return item.context == context; });
   return true;
 }
 
-void ContextMenus::dropOf(HMODULE module) {
+void ContextMenus::forgetModule(HMODULE module) {
   entries.forgetIf([&](const auto& entry) { return isOfModule(module, entry.second); });
   eraseIf(open, [&](const MenuItem& item) { return isOfModule(module, item.context); });
-}
-
-// The contexts for entities of the class, those of its base classes included.
-std::vector<AcEdUIContext*> ContextMenus::contextsFor(const AcRxClass* entityClass) const {
-  std::vector<AcEdUIContext*> contexts;
-  for (const auto& [ofClass, context] : entries.all()) {
-    if (entityClass->isDerivedFrom(ofClass)) contexts.push_back(context);
-  }
-  return contexts;
 }
 
 std::vector<AcEdUIContext*> ContextMenus::contextsForAll(const Selection::Ids& ids) const {
   std::vector<AcEdUIContext*> common;
   for (const AcDbObjectId id : ids) {
+    // The contexts for the entity's class, those of its base classes included.
+    std::vector<AcEdUIContext*> contexts;
     const AcDbObjectImp* entity = AcDbObjectImp::find(id);
-    const auto contexts =
-        entity ? contextsFor(entity->object()->isA()) : std::vector<AcEdUIContext*>();
+    for (const auto& [entityClass, context] : entries.handles()) {
+      if (entity && entity->object()->isA()->isDerivedFrom(entityClass)) {
+        contexts.push_back(context);
+      }
+    }
     if (id == ids.front()) common = contexts;
-    eraseIf(common, [&](const AcEdUIContext* one) {
-      return std::find(contexts.begin(), contexts.end(), one) == contexts.end();
-    });
+    eraseIf(common, [&](AcEdUIContext* one) { return !contains(contexts, one); });
   }
   return common;
 }
@@ -107,9 +101,9 @@ void ContextMenus::show(POINT place) {
   if (picked.empty() || !Host::instance().documents().isApplicationContext()) return;
   rightClick(picked);
   const UINT id = showMenu(Host::instance().mainWindow(), openMenus(), place);
-  const auto chosen = std::find_if(open.begin(), open.end(),
-                                   [&](const MenuItem& item) { return id != 0 && item.id == id; });
-  if (chosen != open.end()) choose(MenuItem(*chosen));
+  const MenuItem* chosen =
+      findIf(open, [&](const MenuItem& item) { return id != 0 && item.id == id; });
+  if (chosen) choose(MenuItem(*chosen));
 }
 
 void ContextMenus::choose(const MenuItem& item) {

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "editor/Callbacks.h"
+#include "core/Accounts.h"
 #include "editor/Selection.h"
 
 namespace wb {
@@ -30,8 +30,8 @@ class ContextMenus {
   /// False if the context is there already for that class.
   bool add(const AcRxClass* entityClass, AcEdUIContext* context);
   bool remove(const AcRxClass* entityClass, AcEdUIContext* context);
-  /// Removes what an application left behind.
-  void dropOf(HMODULE module);
+  /// Forgets what an application left behind.
+  void forgetModule(HMODULE module);
 
   /// The user right-clicks these entities: each context for all of them is asked for its menu, in
   /// the order they were added, and notified before the menu is shown.
@@ -48,15 +48,14 @@ class ContextMenus {
   /// while a command runs.
   /// @param place where on the screen
   void show(POINT place);
-  /// The user clicks an item: its context gets the command, and the menu closes.
+  /// The user clicks an item: its context runs the command, and the menu closes.
   void choose(const MenuItem& item);
 
  private:
   std::vector<HMENU> openMenus() const;
-  std::vector<AcEdUIContext*> contextsFor(const AcRxClass* entityClass) const;
   std::vector<AcEdUIContext*> contextsForAll(const Selection::Ids& ids) const;
 
-  Registered<std::pair<const AcRxClass*, AcEdUIContext*>> entries{L"context menu"};
+  HandleLedger<std::pair<const AcRxClass*, AcEdUIContext*>> entries{L"context menu"};
   std::vector<MenuItem> open;
   Selection::Ids clicked_;
 };

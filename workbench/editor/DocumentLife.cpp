@@ -8,15 +8,10 @@
 #include "editor/FileSelection.h"
 #include "editor/Host.h"
 #include "gate/HostError.h"
+#include "store/Files.h"
 
 namespace wb {
-
 namespace {
-
-bool isWriteProtected(const std::wstring& path) {
-  const DWORD attributes = GetFileAttributesW(path.c_str());
-  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
-}
 
 bool isCompletePath(const std::filesystem::path& path) {
   return path.has_root_name() && path.has_root_directory();
@@ -39,7 +34,7 @@ void DocumentManager::requireRoomForAnother() const {
   throw HostError(L"an application that isn't registered for several documents is loaded");
 }
 
-// The events of an opening, which is called `what`; `fill` gets the drawing in between.
+// The events of an opening, which is called `what`; `fill` loads the drawing in between.
 void DocumentManager::adopt(std::unique_ptr<Document> document, const std::wstring& what,
                             const std::function<void()>& fill) {
   Document* fresh = document.get();
@@ -72,7 +67,7 @@ std::unique_ptr<Document> DocumentManager::make(const std::wstring& path, bool r
 }
 
 void DocumentManager::open(const std::wstring& path, bool readOnly) {
-  auto document = make(path, readOnly || isWriteProtected(path));
+  auto document = make(path, readOnly || isReadOnly(path));
   Document& fresh = *document;
   adopt(std::move(document), L"opening " + path, [&] {
     if (!isCompletePath(path)) throw HostError(L"the path isn't complete");
@@ -126,7 +121,7 @@ void DocumentManager::save(Document* document, const std::wstring& path) {
   if (target.empty()) throw HostError(L"the drawing has no name");
   if (!isCompletePath(target)) throw HostError(L"the path isn't complete");
   if (path.empty() && document->readOnly_) throw HostError(L"the drawing is read-only");
-  if (isWriteProtected(target)) throw HostError(L"the file is write-protected");
+  if (isReadOnly(target)) throw HostError(L"the file is write-protected");
   Host::instance().modules().sendToAll(AcRx::kSaveMsg);
   Host::instance().editor().beginSave(document->databaseOf(), target.c_str());
   document->hold_.reset();
@@ -159,13 +154,9 @@ bool DocumentManager::saveForUser(Document* document) {
 }
 
 bool DocumentManager::saveForUserAs(Document* document, const std::wstring& path) {
-  try {
-    save(document, path);
-    return true;
-  } catch (const HostError& error) {
-    CommandRunner::print(document->title() + L" was not saved: " + error.reason + L".");
-    return false;
-  }
+  const auto reason = whyFailed([&] { save(document, path); });
+  if (reason) CommandRunner::print(document->title() + L" was not saved: " + *reason + L".");
+  return !reason;
 }
 
 // Asks what to do with unsaved changes. False if the drawing has to stay open.

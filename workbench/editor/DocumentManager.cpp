@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/Lists.h"
 #include "core/Text.h"
 #include "core/Transcript.h"
 #include "database/Drawing.h"
@@ -97,9 +98,6 @@ class DocumentManager::Iterator : public AcApDocumentIterator {
   Ticket ticket_;
 };
 
-DocumentManager::DocumentManager() = default;
-DocumentManager::~DocumentManager() = default;
-
 AcApDocument* DocumentManager::curDocument() const {
   return HostCall(L"AcApDocManager.curDocument").run<AcApDocument*>(nullptr, [&] {
     return context_ && !context_->gone() ? context_ : active_;
@@ -145,18 +143,6 @@ Acad::ErrorStatus DocumentManager::sendStringToExecute(AcApDocument* pAcTargetDo
                               (bWrapUpInactiveDoc ? L", wrap up" : L"") +
                               (bEchoString ? L", echo" : L""));
     Host::instance().input().add(target, pszExecute, bActivate, InputQueue::Origin::Sent);
-    return Acad::eOk;
-  });
-}
-
-Acad::ErrorStatus DocumentManager::appContextNewDocument(const ACHAR*) {
-  return HostCall(L"AcApDocManager.appContextNewDocument").run(Acad::eFilerError, [&] {
-    if (!isApplicationContext()) {
-      report(Event::doc, L"refused: a new drawing from a document's context");
-      return Acad::eInvalidContext;
-    }
-    Host::instance().runner().runQueued();
-    create();
     return Acad::eOk;
   });
 }
@@ -216,27 +202,27 @@ bool DocumentManager::isApplicationContext() const {
   });
 }
 
+template <class Predicate>
+Document* DocumentManager::findWhere(Predicate is) const {
+  const auto* found = findIf(open_, is);
+  return found ? found->get() : nullptr;
+}
+
 Document* DocumentManager::find(std::wstring_view path) const {
-  for (const auto& one : open_) {
-    if (sameName(one->title(), path)) return one.get();
-  }
-  return nullptr;
+  return findWhere([&](const auto& one) { return sameName(one->title(), path); });
 }
 
 Document* DocumentManager::find(const AcDbDatabase* database) const {
-  for (const auto& one : open_) {
-    if (database && one->databaseOf() == database) return one.get();
-  }
-  return nullptr;
+  return findWhere([&](const auto& one) { return database && one->databaseOf() == database; });
 }
 
 bool DocumentManager::isOpen(const AcApDocument* document) const {
-  return std::any_of(open_.begin(), open_.end(),
-                     [&](const auto& one) { return one.get() == document; });
+  return findIf(open_, [&](const auto& one) { return one.get() == document; }) != nullptr;
 }
 
 std::vector<Document*> DocumentManager::all() const {
   std::vector<Document*> documents;
+  documents.reserve(open_.size());
   for (const auto& one : open_) documents.push_back(one.get());
   return documents;
 }

@@ -66,9 +66,6 @@ class Document : public NotServedAcApDocument {
 /// The open documents, their life and its events.
 class DocumentManager : public NotServedAcApDocManager {
  public:
-  DocumentManager();
-  ~DocumentManager() override;
-
   AcApDocument* curDocument() const override;
   AcApDocument* mdiActiveDocument() const override;
   AcApDocument* document(const AcDbDatabase* pDb) const override;
@@ -78,7 +75,6 @@ class DocumentManager : public NotServedAcApDocManager {
   Acad::ErrorStatus sendStringToExecute(AcApDocument* pAcTargetDocument, const ACHAR* pszExecute,
                                         bool bActivate, bool bWrapUpInactiveDoc,
                                         bool bEchoString) override;
-  Acad::ErrorStatus appContextNewDocument(const ACHAR* pszTemplateName) override;
   Acad::ErrorStatus appContextOpenDocument(const ACHAR* pszDrawingName) override;
   Acad::ErrorStatus closeDocument(AcApDocument* pAcTargetDocument) override;
   void executeInApplicationContext(void (*procAddr)(void*), void* pData) const override;
@@ -122,7 +118,6 @@ class DocumentManager : public NotServedAcApDocManager {
         : manager_(manager), previous_(std::exchange(manager.context_, context)) {}
     ~ContextScope() { manager_.context_ = previous_; }
     ContextScope(const ContextScope&) = delete;
-    ContextScope& operator=(const ContextScope&) = delete;
 
    private:
     DocumentManager& manager_;
@@ -138,8 +133,8 @@ class DocumentManager : public NotServedAcApDocManager {
   bool hasDeferred() const { return !deferred_.empty(); }
   void runDeferred();
 
-  /// Removes the reactors that an application left behind.
-  void dropOf(HMODULE module) { reactors_.dropOf(module); }
+  /// Forgets the reactors that an application left behind.
+  void forgetModule(HMODULE module) { reactors_.forgetModule(module); }
 
  private:
   class Iterator;
@@ -156,6 +151,8 @@ class DocumentManager : public NotServedAcApDocManager {
              const std::function<void()>& fill);
   void bringToTop(Document* document, bool fresh);
   void holdAgain(Document* document);
+  template <class Predicate>
+  Document* findWhere(Predicate is) const;
   void requireRoomForAnother() const;
   bool disposeOfChanges(Document* document);
   void destroy(Document* document);

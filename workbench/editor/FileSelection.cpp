@@ -2,6 +2,7 @@
 
 #include <acutmem.h>
 
+#include "core/Lists.h"
 #include "core/Program.h"
 #include "core/SessionState.h"
 #include "core/Text.h"
@@ -11,9 +12,7 @@
 
 namespace wb {
 
-namespace {
-
-std::optional<std::wstring> choose(int flags, const wchar_t* prompt, bool& readOnly) {
+static std::optional<std::wstring> choose(int flags, const wchar_t* prompt, bool& readOnly) {
   short cancel = 0;
   int choice = 0;
   ACHAR* path = nullptr;
@@ -29,8 +28,6 @@ std::optional<std::wstring> choose(int flags, const wchar_t* prompt, bool& readO
   return chosen;
 }
 
-}  // namespace
-
 FileSelection& FileSelection::instance() { return sessionPart<FileSelection>(); }
 
 std::optional<std::wstring> FileSelection::chooseToOpen(bool& readOnly) {
@@ -42,7 +39,7 @@ std::optional<std::wstring> FileSelection::chooseToSave() {
   return choose(saveFlags, L"Save Drawing As", readOnly);
 }
 
-void FileSelection::dropOf(HMODULE module) {
+void FileSelection::forgetModule(HMODULE module) {
   callbacks.forgetIf([&](const Callback& one) {
     return isInModule(module, reinterpret_cast<const void*>(one.proc));
   });
@@ -56,12 +53,10 @@ Acad::ErrorStatus FileSelection::pick(short* userCancel, ACHAR*& chosenPath, int
   } else if (picks.empty()) {
     if (!Answers::instance().answersAny()) report(Event::error, L"the file dialog has no answer");
   } else {
-    picked = std::move(picks.front());
-    picks.pop_front();
+    picked = *popFirst(picks);
   }
-  wchar_t what[40];
-  wsprintfW(what, L"select file flags=0x%X: ", static_cast<unsigned>(flags));
-  report(Event::dialog, what + picked.value_or(L"cancelled"));
+  report(Event::dialog, L"select file flags=" + hexText(static_cast<unsigned long>(flags)) + L": " +
+                            picked.value_or(L"cancelled"));
   if (userCancel) *userCancel = picked ? 0 : 1;
   return picked ? acutNewString(picked->c_str(), chosenPath) : Acad::eOk;
 }

@@ -9,8 +9,8 @@
 #include <optional>
 #include <string>
 
+#include "core/Accounts.h"
 #include "core/Text.h"
-#include "editor/Callbacks.h"
 
 namespace wb {
 
@@ -39,9 +39,9 @@ class FileSelection {
       return sameName(name, other.name) && proc == other.proc;
     }
   };
-  Registered<Callback> callbacks{L"select-file callback"};
-  /// Removes what an application left behind.
-  void dropOf(HMODULE module);
+  HandleLedger<Callback> callbacks{L"select-file callback"};
+  /// Forgets what an application left behind.
+  void forgetModule(HMODULE module);
 
   /// Shows a person the dialog when no answer is queued; null if there is no person.
   std::function<std::optional<std::wstring>(int flags)> ask;

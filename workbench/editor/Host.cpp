@@ -2,6 +2,8 @@
 
 #include <ole2.h>
 
+#include <adscodes.h>
+
 #include <stdexcept>
 
 #include "core/SessionState.h"
@@ -44,27 +46,32 @@ void Host::stop() {
 }
 
 bool Host::loadModule(const std::wstring& file) {
-  try {
-    modules_.load(file);
-    return true;
-  } catch (const HostError& error) {
-    report(Event::error, file + L" can't be loaded: " + error.reason);
-    return false;
-  }
+  const auto reason = whyFailed([&] { modules_.load(file); });
+  if (reason) report(Event::error, file + L" can't be loaded: " + *reason);
+  return !reason;
 }
 
 bool Host::unloadModule(const std::wstring& file) {
-  try {
-    modules_.unload(file);
-    return true;
-  } catch (const HostError& error) {
-    report(Event::doc, L"refused: unloading " + file + L": " + error.reason);
-    return false;
-  }
+  const auto reason = whyFailed([&] { modules_.unload(file); });
+  if (reason) report(Event::doc, L"refused: unloading " + file + L": " + *reason);
+  return !reason;
 }
 
 void Host::type(std::wstring_view text) {
   input_.add(documents_.active(), std::wstring(text) + L"\n", false, InputQueue::Origin::Typed);
+}
+
+/// Dispatches a message as the editor's own loop does: before a key goes to a modeless window that
+/// belongs to the editor, that window is asked whether it keeps the focus.
+static void dispatchMessage(HWND mainWindow, MSG& message) {
+  const bool isKey = message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST;
+  const HWND top = message.hwnd ? GetAncestor(message.hwnd, GA_ROOT) : nullptr;
+  if (isKey && top && top != mainWindow && GetWindow(top, GW_OWNER) == mainWindow) {
+    if (!SendMessageW(top, WM_ACAD_KEEPFOCUS, 0, 0)) SetFocus(mainWindow);
+    if (IsDialogMessageW(top, &message)) return;
+  }
+  TranslateMessage(&message);
+  DispatchMessageW(&message);
 }
 
 void Host::pumpMessages() {
@@ -79,20 +86,14 @@ void Host::runUntilIdle() {
     pumpMessages();
     documents_.runDeferred();
     runner_.runNext(input_.lastNumber());
-  } while (documents_.hasDeferred() || runner_.hasRunnable());
+  } while (documents_.hasDeferred() || CommandRunner::hasRunnable());
   window_.refresh();
   pumpMessages();
 }
 
-// Runs what the user wants, and what follows from it. False if it can't be, which is reported.
+// Runs what the user wants, and what follows from it. False if it can't be; that was reported.
 bool Host::userDoes(const std::function<void()>& work) {
-  bool done = false;
-  try {
-    work();
-    done = true;
-  } catch (const HostError&) {
-    // It has been reported.
-  }
+  const bool done = !whyFailed(work);
   runUntilIdle();
   return done;
 }
@@ -130,16 +131,9 @@ bool Host::close(const std::wstring& path) {
 bool Host::save(const std::wstring& path) {
   Document* document = path.empty() ? documents_.active() : documents_.find(path);
   if (!document) return false;
-  std::wstring reason;
-  bool saved = false;
-  const auto work = [&] {
-    try {
-      documents_.save(document, {});
-      saved = true;
-    } catch (const HostError& error) {
-      reason = error.reason;
-    }
-  };
+  // What stays if the command can't run.
+  std::optional<std::wstring> reason = L"";
+  const auto work = [&] { reason = whyFailed([&] { documents_.save(document, {}); }); };
   if (document == documents_.active()) {
     runner_.run({{}, L"QSAVE", {}, 0, work}, document);
   } else {
@@ -147,9 +141,9 @@ bool Host::save(const std::wstring& path) {
     // on top stays current.
     work();
   }
-  if (!saved) report(Event::doc, L"refused: saving " + document->title() + L": " + reason);
+  if (reason) report(Event::doc, L"refused: saving " + document->title() + L": " + *reason);
   runUntilIdle();
-  return saved;
+  return !reason;
 }
 
 bool Host::edit() {

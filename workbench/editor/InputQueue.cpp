@@ -1,10 +1,9 @@
 #include <algorithm>
 
-#include "editor/Callbacks.h"
+#include "core/Lists.h"
 #include "editor/Commands.h"
 
 namespace wb {
-
 namespace {
 
 constexpr wchar_t escape = 0x1B;

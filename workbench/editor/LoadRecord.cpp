@@ -17,7 +17,7 @@ std::vector<std::wstring> filesToLoadAtStart() {
   std::set<std::wstring, LessIgnoringCase> seen;
   for (const auto& [root, path] : {std::pair(HKEY_CURRENT_USER, usersApplicationsKey),
                                    std::pair(HKEY_LOCAL_MACHINE, computersApplicationsKey)}) {
-    const RegistryKey list(root, path, KEY_READ);
+    const RegistryKey list(root, path);
     wchar_t name[256], file[MAX_PATH];
     DWORD length = 256;
     for (DWORD index = 0; list.get() && RegEnumKeyExW(list.get(), index, name, &length, nullptr,

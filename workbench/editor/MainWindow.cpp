@@ -1,7 +1,6 @@
 #include "editor/MainWindow.h"
 
 #include <aced.h>
-#include <adscodes.h>
 
 #include <string>
 
@@ -12,15 +11,13 @@
 
 namespace wb {
 
-namespace {
-
 constexpr wchar_t windowClass[] = L"WorkbenchMainWindow";
 constexpr wchar_t product[] = L"Workbench (a stand-in, not AutoCAD)";
 constexpr int commandLineHeight = 68;
 constexpr int statusBarHeight = 20;
 constexpr UINT raiseOwnedMessage = WM_APP;
 
-BOOL CALLBACK raiseIfOwned(HWND window, LPARAM owner) {
+static BOOL CALLBACK raiseIfOwned(HWND window, LPARAM owner) {
   if (IsWindowVisible(window) && GetWindow(window, GW_OWNER) == reinterpret_cast<HWND>(owner)) {
     // Wine only restacks what moves in its own order, hence the detour.
     constexpr UINT orderOnly = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE;
@@ -29,8 +26,6 @@ BOOL CALLBACK raiseIfOwned(HWND window, LPARAM owner) {
   }
   return TRUE;
 }
-
-}  // namespace
 
 bool MainWindow::create() {
   const HINSTANCE instance = GetModuleHandleW(nullptr);
@@ -45,15 +40,16 @@ bool MainWindow::create() {
   window = CreateWindowExW(0, windowClass, product, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, 40, 40,
                            960, 640, nullptr, nullptr, instance, this);
   if (!window) return false;
-  commandLine = CreateWindowExW(
-      WS_EX_CLIENTEDGE, L"EDIT", L"",
-      WS_CHILD | WS_VISIBLE | WS_VSCROLL | ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL, 0, 0, 0, 0,
-      window, nullptr, instance, nullptr);
-  statusBar =
-      CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE | SS_NOPREFIX | SS_CENTERIMAGE, 0, 0,
-                      0, 0, window, nullptr, instance, nullptr);
-  const auto font = reinterpret_cast<WPARAM>(GetStockObject(DEFAULT_GUI_FONT));
-  for (const HWND control : {commandLine, statusBar}) SendMessageW(control, WM_SETFONT, font, TRUE);
+  const auto make = [&](const wchar_t* type, DWORD style, DWORD extendedStyle) {
+    const HWND control = CreateWindowExW(extendedStyle, type, L"", WS_CHILD | WS_VISIBLE | style, 0,
+                                         0, 0, 0, window, nullptr, instance, nullptr);
+    const auto font = reinterpret_cast<WPARAM>(GetStockObject(DEFAULT_GUI_FONT));
+    SendMessageW(control, WM_SETFONT, font, TRUE);
+    return control;
+  };
+  constexpr DWORD readOnlyText = WS_VSCROLL | ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL;
+  commandLine = make(L"EDIT", readOnlyText, WS_EX_CLIENTEDGE);
+  statusBar = make(L"STATIC", SS_NOPREFIX | SS_CENTERIMAGE, 0);
   if (!commandLine || !statusBar || !drawingView.create(window)) return false;
   drawingView.onClick = [](AcDbObjectId id) { Selection::instance().click(id); };
   drawingView.onMenu = [](POINT place) { Host::instance().menus().show(place); };
@@ -152,17 +148,6 @@ LRESULT CALLBACK MainWindow::procedure(HWND handle, UINT message, WPARAM wParam,
     default:
       return DefWindowProcW(handle, message, wParam, lParam);
   }
-}
-
-void dispatchMessage(HWND mainWindow, MSG& message) {
-  const bool isKey = message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST;
-  const HWND top = message.hwnd ? GetAncestor(message.hwnd, GA_ROOT) : nullptr;
-  if (isKey && top && top != mainWindow && GetWindow(top, GW_OWNER) == mainWindow) {
-    if (!SendMessageW(top, WM_ACAD_KEEPFOCUS, 0, 0)) SetFocus(mainWindow);
-    if (IsDialogMessageW(top, &message)) return;
-  }
-  TranslateMessage(&message);
-  DispatchMessageW(&message);
 }
 
 }  // namespace wb

@@ -53,8 +53,4 @@ class MainWindow {
   std::vector<Row> rows;
 };
 
-/// Dispatches a message as the editor's own loop does: before a key goes to a modeless window that
-/// belongs to the editor, that window is asked whether it keeps the focus.
-void dispatchMessage(HWND mainWindow, MSG& message);
-
 }  // namespace wb

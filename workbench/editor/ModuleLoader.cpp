@@ -3,8 +3,10 @@
 #include <adscodes.h>
 
 #include <algorithm>
+#include <map>
 #include <utility>
 
+#include "core/Lists.h"
 #include "core/Program.h"
 #include "core/Text.h"
 #include "core/Transcript.h"
@@ -18,67 +20,28 @@ namespace wb {
 // What `acrxGetApiVersion` has to answer in its high word.
 static constexpr int apiLevel = 17;
 
-struct ModuleLoader::Function {
-  Document* document;
-  std::wstring name;
-  int code;
-  int (*call)(void);
-};
-
-struct ModuleLoader::Module {
-  std::wstring file;
-  HMODULE handle = nullptr;
-  AcRx::AppRetCode (*entry)(AcRx::AppMsgCode, void*) = nullptr;
-  bool locked = true;  // until the application unlocks itself
-  bool awareOfDocuments = false;
-  Ticket since = nextTicket();
-  std::vector<Function> functions;
-
-  std::wstring name() const { return file.substr(file.find_last_of(L"\\/") + 1); }
-};
-
-namespace {
-
-std::wstring whyNotMapped(DWORD error) {
-  switch (error) {
-    case ERROR_FILE_NOT_FOUND:
-    case ERROR_PATH_NOT_FOUND:
-      return L"the file doesn't exist";
-    case ERROR_MOD_NOT_FOUND:
-      return L"a library that it needs is missing";
-    case ERROR_BAD_EXE_FORMAT:
-      return L"the file is damaged or no 64-bit library";
-    case ERROR_PROC_NOT_FOUND:
-      return L"it needs a function that this editor doesn't have";
-    case ERROR_DLL_INIT_FAILED:
-      return L"its own start failed";
-    default:
-      return L"Windows error " + std::to_wstring(error);
-  }
+static std::wstring whyNotMapped(DWORD error) {
+  static const std::map<DWORD, std::wstring> reasons{
+      {ERROR_FILE_NOT_FOUND, L"the file doesn't exist"},
+      {ERROR_PATH_NOT_FOUND, L"the file doesn't exist"},
+      {ERROR_MOD_NOT_FOUND, L"a library that it needs is missing"},
+      {ERROR_BAD_EXE_FORMAT, L"the file is damaged or no 64-bit library"},
+      {ERROR_PROC_NOT_FOUND, L"it needs a function that this editor doesn't have"},
+      {ERROR_DLL_INIT_FAILED, L"its own start failed"}};
+  const auto found = reasons.find(error);
+  return found == reasons.end() ? L"Windows error " + std::to_wstring(error) : found->second;
 }
-
-template <class Function>
-Function exported(HMODULE module, const char* name) {
-  return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module, name)));
-}
-
-}  // namespace
-
-ModuleLoader::ModuleLoader() = default;
-ModuleLoader::~ModuleLoader() = default;
 
 ModuleLoader::Module* ModuleLoader::find(const void* packet) const {
-  for (const auto& one : modules) {
-    if (one.get() == packet) return one.get();
-  }
-  return nullptr;
+  const auto* found = findIf(modules, [&](const auto& one) { return one.get() == packet; });
+  return found ? found->get() : nullptr;
 }
 
 ModuleLoader::Module* ModuleLoader::findFile(const std::wstring& file) const {
-  for (const auto& one : modules) {
-    if (sameName(one->file, file) || sameName(one->name(), file)) return one.get();
-  }
-  return nullptr;
+  const auto* found = findIf(modules, [&](const auto& one) {
+    return sameName(one->file, file) || sameName(one->name(), file);
+  });
+  return found ? found->get() : nullptr;
 }
 
 /// In the host its own files are there before any application, wherever that lies. A test program
@@ -96,8 +59,8 @@ void ModuleLoader::map(Module& module) {
   }
   module.handle = LoadLibraryExW(module.file.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
   if (!module.handle) throw HostError(whyNotMapped(GetLastError()));
-  const auto version = exported<int (*)()>(module.handle, "acrxGetApiVersion");
-  module.entry = exported<decltype(module.entry)>(module.handle, "acrxEntryPoint");
+  const auto version = exportedFunction<int (*)()>(module.handle, "acrxGetApiVersion");
+  module.entry = exportedFunction<decltype(module.entry)>(module.handle, "acrxEntryPoint");
   std::wstring reason;
   if (!module.entry || !version) {
     reason = std::wstring(L"it doesn't export ") +
@@ -143,19 +106,18 @@ void ModuleLoader::end(Module& module, bool force) {
     for (Document* one : host.documents().all()) send(module, AcRx::kLoadDwgMsg, one);
     throw HostError(L"it refuses");
   }
-  host.commands().dropOf(module.handle);
-  host.documents().dropOf(module.handle);
-  host.editor().dropOf(module.handle);
-  host.menus().dropOf(module.handle);
-  FileSelection::instance().dropOf(module.handle);
+  host.commands().forgetModule(module.handle);
+  host.documents().forgetModule(module.handle);
+  host.editor().forgetModule(module.handle);
+  host.menus().forgetModule(module.handle);
+  FileSelection::instance().forgetModule(module.handle);
   if (host.onModuleLeaving) host.onModuleLeaving(module.handle);
   const std::wstring name = module.name();
   const Ticket since = module.since;
   const HMODULE handle = module.handle;
   FreeLibrary(handle);
   afterUnmapping();
-  modules.erase(std::find_if(modules.begin(), modules.end(),
-                             [&](const auto& one) { return one.get() == &module; }));
+  eraseIf(modules, [&](const auto& one) { return one.get() == &module; });
   report(Event::doc, L"application unloaded " + name);
   host.runner().reportLeaks(since, true);
 }
@@ -235,18 +197,6 @@ bool ModuleLoader::runFunction(const std::wstring& token, Document* document) {
     }
   }
   return false;
-}
-
-bool ModuleLoader::setLocked(const void* packet, bool locked) {
-  Module* module = find(packet);
-  if (module) module->locked = locked;
-  return module != nullptr;
-}
-
-bool ModuleLoader::setAwareOfDocuments(const void* packet, bool aware) {
-  Module* module = find(packet);
-  if (module) module->awareOfDocuments = aware;
-  return module != nullptr;
 }
 
 }  // namespace wb

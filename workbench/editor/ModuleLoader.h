@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "core/Accounts.h"
+
 namespace wb {
 
 class Document;
@@ -20,9 +22,6 @@ class Document;
 /// that name returns; here it is the project's own convention.
 class ModuleLoader {
  public:
-  ModuleLoader();
-  ~ModuleLoader();
-
   /// Loads by full path: kInitAppMsg, then kLoadDwgMsg for each open document.
   /// @throws HostError if it can't be loaded; nothing of it stays then
   void load(const std::wstring& file);
@@ -46,14 +45,29 @@ class ModuleLoader {
   /// Runs "(NAME)", or NAME if "C:NAME" is defined. False if it is neither.
   bool runFunction(const std::wstring& token, Document* document);
 
-  /// For the dynamic linker, by the packet of kInitAppMsg. False for an unknown packet.
-  bool setLocked(const void* packet, bool locked);
-  bool setAwareOfDocuments(const void* packet, bool aware);
+  /// A function of LISP's.
+  struct Function {
+    Document* document;
+    std::wstring name;
+    int code;
+    int (*call)(void);
+  };
+  /// A loaded application.
+  struct Module {
+    std::wstring name() const { return file.substr(file.find_last_of(L"\\/") + 1); }
+
+    std::wstring file;
+    HMODULE handle = nullptr;
+    AcRx::AppRetCode (*entry)(AcRx::AppMsgCode, void*) = nullptr;
+    bool locked = true;  ///< until the application unlocks itself with the dynamic linker
+    bool awareOfDocuments = false;
+    Ticket since = nextTicket();
+    std::vector<Function> functions;
+  };
+  /// By the packet of kInitAppMsg; null for an unknown one.
+  Module* find(const void* packet) const;
 
  private:
-  struct Function;
-  struct Module;
-  Module* find(const void* packet) const;
   Module* findFile(const std::wstring& file) const;
   AcRx::AppRetCode send(Module& module, AcRx::AppMsgCode message, Document* about = nullptr);
   static void map(Module& module);
@@ -62,7 +76,7 @@ class ModuleLoader {
   void forget(Predicate is);
 
   std::vector<std::unique_ptr<Module>> modules;
-  Module* current = nullptr;  ///< who gets a message at the moment
+  Module* current = nullptr;  ///< the receiver of the message that is being sent
   Document* currentDocument = nullptr;
 };
 

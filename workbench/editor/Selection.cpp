@@ -3,7 +3,6 @@
 #include <accmd.h>
 #include <dbapserv.h>
 
-#include <algorithm>
 #include <cwchar>
 
 #include "core/SessionState.h"
@@ -13,28 +12,21 @@
 
 namespace wb {
 
-namespace {
-
 /// Begins the name of an entity that was clicked; no block's name has this sign.
 constexpr wchar_t clickMark = L'|';
-
-}  // namespace
 
 void Selection::addNamed(const std::wstring& name, Ids& ids) {
   if (name[0] == clickMark) {
     const AcDbObjectId id =
         AcDbObjectId().setFromOldId(std::wcstoll(name.c_str() + 1, nullptr, 10));
-    if (std::find(ids.begin(), ids.end(), id) == ids.end()) ids.push_back(id);
+    if (!contains(ids, id)) ids.push_back(id);
     return;
   }
-  const Drawing* drawing = Drawing::of(acdbHostApplicationServices()->workingDatabase());
-  if (!drawing) throw HostError(L"no drawing is open", Acad::eNoDatabase);
-  for (const AcDbObjectId id : drawing->entities(name)) {
-    if (std::find(ids.begin(), ids.end(), id) != ids.end()) continue;
-    ids.push_back(id);
-    return;
+  const Drawing& drawing = Drawing::require(nullptr);
+  for (const AcDbObjectId id : drawing.entities(name)) {
+    if (!contains(ids, id)) return ids.push_back(id);
   }
-  throw HostError(L"nothing more of that name on " + drawing->currentLayout() + L": " + name,
+  throw HostError(L"nothing more of that name on " + drawing.currentLayout() + L": " + name,
                   Acad::eKeyNotFound);
 }
 
@@ -51,7 +43,7 @@ void Selection::click(AcDbObjectId id) {
   AcDbDatabase* working = acdbHostApplicationServices()->workingDatabase();
   if (id.isNull() || database != working) picks.clear();
   database = working;
-  if (!id.isNull() && std::find(picks.begin(), picks.end(), id) == picks.end()) picks.push_back(id);
+  if (!id.isNull() && !contains(picks, id)) picks.push_back(id);
 }
 
 std::wstring Selection::nameOf(AcDbObjectId id) {
@@ -80,13 +72,6 @@ std::vector<std::wstring> Selection::unused() const {
     texts.push_back(text);
   }
   return texts;
-}
-
-std::optional<std::vector<std::wstring>> Selection::takeAnswer() {
-  if (answers.empty()) return std::nullopt;
-  auto first = std::move(answers.front());
-  answers.pop_front();
-  return first;
 }
 
 void Selection::clear() {

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "core/Lists.h"
+
 class AcDbDatabase;
 
 namespace wb {
@@ -37,7 +39,7 @@ class Selection {
   /// The entities picked in the working drawing that are still there.
   Ids picked() const;
   /// The answer to a prompt, nothing if the user is to be asked.
-  std::optional<std::vector<std::wstring>> takeAnswer();
+  std::optional<std::vector<std::wstring>> takeAnswer() { return popFirst(answers); }
   /// A command with these flags begins: the pick set is emptied unless it can use it.
   void commandBegins(int flags);
   /// Forgets picks and answers.

@@ -9,7 +9,6 @@
 #include "store/Store.h"
 
 namespace wb {
-
 namespace {
 
 struct Fault {

@@ -7,9 +7,7 @@
 
 namespace wb {
 
-namespace {
-
-std::wstring countedName(Signature function) {
+static std::wstring countedName(Signature function) {
   std::wstring name = function.name();
   const size_t colons = name.find(L"::");
   if (colons == std::wstring::npos) return L"host." + name;
@@ -18,8 +16,6 @@ std::wstring countedName(Signature function) {
   name.replace(colons, 2, L".");
   return name;
 }
-
-}  // namespace
 
 std::wstring Signature::name() const {
   constexpr std::string_view convention = "__cdecl ";

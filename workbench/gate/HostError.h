@@ -3,6 +3,7 @@
 #include <acadstrc.h>
 
 #include <exception>
+#include <optional>
 #include <string>
 
 namespace wb {
@@ -19,5 +20,17 @@ class HostError : public std::exception {
   std::wstring reason;
   Acad::ErrorStatus code;
 };
+
+/// Runs work that may raise a HostError.
+/// @return its reason, nothing if the work succeeded
+template <class Work>
+std::optional<std::wstring> whyFailed(const Work& work) {
+  try {
+    work();
+    return std::nullopt;
+  } catch (const HostError& error) {
+    return error.reason;
+  }
+}
 
 }  // namespace wb

@@ -211,8 +211,9 @@ std::vector<WatchedCall> windowCalls() {
                [](BOOL destroyed, HWND window) {
                  if (!destroyed) return;
                  watched().dialogs.closed(window);
-                 watched().timers.closedWhere(
-                     [&](const TimerKey& timer) { return timer.first == window; });
+                 for (const TimerKey& timer : watched().timers.handles()) {
+                   if (timer.first == window) watched().timers.closed(timer);
+                 }
                }),
       observed("CoInitialize", CoInitialize, countApartment),
       observed("CoInitializeEx", CoInitializeEx, countApartment),
