@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include <iterator>
+#include <utility>
 
 #include "core/Transcript.h"
 #include "dialogs/Reader.h"
@@ -96,7 +97,7 @@ std::wstring idOf(HWND button) { return std::to_wstring(GetDlgCtrlID(button)); }
 }  // namespace
 
 AnswerStep fillControl(int id, std::wstring text) {
-  return [=](HWND dialog) {
+  return [id, text = std::move(text)](HWND dialog) {
     const HWND control = enabledControl(dialog, id);
     const std::wstring number = std::to_wstring(id);
     if (windowClass(control) == L"ComboBox" &&
@@ -118,9 +119,10 @@ AnswerStep checkControl(int id, bool on) {
   return [=](HWND dialog) {
     const HWND control = enabledControl(dialog, id);
     const std::wstring number = std::to_wstring(id), state = on ? L"on" : L"off";
+    std::wstring done = number + L"=" + state;
     for (int clicks = 0; clicks < 3; ++clicks) {
       const LRESULT checked = SendMessageW(control, BM_GETCHECK, 0, 0);
-      if (checked == (on ? BST_CHECKED : BST_UNCHECKED)) return number + L"=" + state;
+      if (checked == (on ? BST_CHECKED : BST_UNCHECKED)) return done;
       click(dialog, control);
     }
     throw DialogError(L"its box " + number + L" can't be turned " + state);
@@ -153,7 +155,7 @@ AnswerStep clickControl(int id) {
 }
 
 AnswerStep takePicture(std::wstring file) {
-  return [=](HWND) {
+  return [file = std::move(file)](HWND) {
     savePicture(file);
     return std::wstring();
   };

@@ -157,8 +157,8 @@ std::wstring menuItemText(HMENU menu, UINT position) {
   const std::wstring text = storedText(menu, position);
   std::wstring shown;
   for (size_t at = 0; at < text.size(); ++at) {
-    if (text[at] == L'&' && ++at == text.size()) break;
-    shown += text[at];
+    if (text[at] == L'&') ++at;
+    if (at < text.size()) shown += text[at];
   }
   return shown;
 }

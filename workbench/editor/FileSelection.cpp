@@ -48,12 +48,12 @@ void FileSelection::forgetModule(HMODULE module) {
 Acad::ErrorStatus FileSelection::pick(short* userCancel, ACHAR*& chosenPath, int flags) {
   chosenPath = nullptr;
   std::optional<std::wstring> picked;
-  if (picks.empty() && ask) {
+  if (auto queued = popFirst(picks)) {
+    picked = std::move(*queued);
+  } else if (ask) {
     picked = ask(flags);
-  } else if (picks.empty()) {
-    if (!Answers::instance().answersAny()) report(Event::error, L"the file dialog has no answer");
-  } else {
-    picked = *popFirst(picks);
+  } else if (!Answers::instance().answersAny()) {
+    report(Event::error, L"the file dialog has no answer");
   }
   report(Event::dialog, L"select file flags=" + hexText(static_cast<unsigned long>(flags)) + L": " +
                             picked.value_or(L"cancelled"));

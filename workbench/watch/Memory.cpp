@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <map>
 
+#include "core/Program.h"
 #include "core/SessionState.h"
 #include "core/Transcript.h"
 #include "watch/WatchedCalls.h"
@@ -83,9 +84,8 @@ std::vector<WatchedCall> memoryCalls() {
 }
 
 bool heapsAreWatched() {
-  const HMODULE library = GetModuleHandleW(L"ntdll.dll");
-  const auto globalFlags = reinterpret_cast<ULONG(WINAPI*)()>(
-      reinterpret_cast<void*>(GetProcAddress(library, "RtlGetNtGlobalFlags")));
+  const auto globalFlags =
+      exportedFunction<ULONG(WINAPI*)()>(GetModuleHandleW(L"ntdll.dll"), "RtlGetNtGlobalFlags");
   return globalFlags && (globalFlags() & heapCheckFlags) == heapCheckFlags;
 }
 
