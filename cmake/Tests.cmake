@@ -74,7 +74,8 @@ set(tour_work_folder ${tour_folder}/work)
 file(MAKE_DIRECTORY ${tour_folder})
 windows_path(tour_script ${CMAKE_SOURCE_DIR}/workbench/scripts/tour.txt)
 windows_path(tour_work ${tour_work_folder})
-add_wine_test(tour plain 330 acad --timeout 300 --script ${tour_script} --work ${tour_work})
+add_wine_test(tour plain 330 acad --timeout 300 --script ${tour_script} --work ${tour_work}
+              --drawings ${drawings})
 add_test(NAME readback
          COMMAND /usr/bin/python3 ${CMAKE_SOURCE_DIR}/tests/readback/title_block.py
                  ${CMAKE_SOURCE_DIR}/workbench/drawings/Site/Plan.dxf

@@ -39,7 +39,7 @@ TEST_F(ContextMenu, OneXrefHasItsVersionsNewestFirst) {
   expected[0] = checkIn[0] + L" grayed";
   EXPECT_EQ(menuOn("Grid"), expected);
   EXPECT_FALSE(session.run("@pick Grid\n@menu\n@choose Check in this Xref\n"));
-  EXPECT_TRUE(session.told(L"the menu's item is grayed: Check in this Xref"));
+  EXPECT_TRUE(session.reported(L"the menu's item is grayed: Check in this Xref"));
 }
 
 TEST_F(ContextMenu, EveryXrefOfASetHasAVetoAndAnythingElseEndsIt) {

@@ -57,13 +57,13 @@ TEST(HostRestart, LoadsWhatWasInstalledUntilItIsUninstalled) {
   session.reset();
 
   session = start(true);
-  EXPECT_TRUE(session->told(L"doc: application loaded TessaroAcad.arx"));
+  EXPECT_TRUE(session->reported(L"doc: application loaded TessaroAcad.arx"));
   EXPECT_TRUE(session->run("@new\nTessaro_uninstall\n"));
-  EXPECT_TRUE(session->told(L"has been unregistered successfully."));
+  EXPECT_TRUE(session->reported(L"has been unregistered successfully."));
   session.reset();
 
   session = start(true);
-  EXPECT_FALSE(session->told(L"application loaded"));
+  EXPECT_FALSE(session->reported(L"application loaded"));
   session->end();
   EXPECT_EQ(session->count(L"leak: "), 0);
 }

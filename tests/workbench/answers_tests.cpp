@@ -130,7 +130,7 @@ TEST_F(AnswersTest, UnansweredBoxIsAnErrorAndClosesInTheWayThatChangesLeast) {
 TEST_F(AnswersTest, AnswerThatTheBoxHasNoButtonForIsAnError) {
   answers.queue(L"yes");
   EXPECT_EQ(IDOK, ask(MB_OK));
-  EXPECT_TRUE(session.told(L"error: box can't be answered, it has no button \"yes\":"));
+  EXPECT_TRUE(session.reported(L"error: box can't be answered, it has no button \"yes\":"));
   answers.queue(L"close");
   EXPECT_EQ(IDNO, ask(MB_YESNO));
   EXPECT_EQ(2u, answers.unanswered());
@@ -158,7 +158,7 @@ TEST_F(AnswersTest, DialogThatRefusesToCloseEndsAnyway) {
   answers.queue(L"ok");
   EXPECT_EQ(0, runDialog(dialog, [&](HWND, int id) { presses += id == IDOK; }));
   EXPECT_EQ(2, presses) << "the answer, and the gentle closing";
-  EXPECT_TRUE(session.told(L"error: dialog without an answer: \"Stubborn\""));
+  EXPECT_TRUE(session.reported(L"error: dialog without an answer: \"Stubborn\""));
 }
 
 TEST_F(AnswersTest, StepThatCantBeDoneIsAnErrorThatNamesIt) {
@@ -170,14 +170,14 @@ TEST_F(AnswersTest, StepThatCantBeDoneIsAnErrorThatNamesIt) {
   answers.prepare(wb::fillControl(99, L"x"));
   answers.queue(L"cancel");
   EXPECT_EQ(IDCANCEL, runDialog(dialog, onCommand));
-  EXPECT_TRUE(session.told(L"error: dialog can't be answered, it has no control 99: \"Small\""));
+  EXPECT_TRUE(session.reported(L"error: dialog can't be answered, it has no control 99: \"Small\""));
   answers.prepare(wb::fillControl(7, L"x"));
   answers.queue(L"cancel");
   EXPECT_EQ(IDCANCEL, runDialog(dialog, onCommand));
-  EXPECT_TRUE(session.told(L"its control 7 is disabled"));
+  EXPECT_TRUE(session.reported(L"its control 7 is disabled"));
   answers.queue(L"cancel", {wb::selectRow(1, false)});
   EXPECT_EQ(IDCANCEL, runDialog(dialog, onCommand));
-  EXPECT_TRUE(session.told(L"it has no list"));
+  EXPECT_TRUE(session.reported(L"it has no list"));
 }
 
 }  // namespace

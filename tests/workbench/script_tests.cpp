@@ -98,11 +98,11 @@ TEST(Script, UnansweredBoxEndsTheScriptAndLeftOverAnswersFailIt) {
   });
   EXPECT_FALSE(session.run("ASK\nASK\n"));
   EXPECT_EQ(1, runs);
-  EXPECT_TRUE(session.told(L"error: box without an answer: "));
-  EXPECT_TRUE(session.told(L"error: line 1: failed: ASK"));
+  EXPECT_TRUE(session.reported(L"error: box without an answer: "));
+  EXPECT_TRUE(session.reported(L"error: line 1: failed: ASK"));
   EXPECT_TRUE(session.run("@answer yes\nASK\n@expect answer=yes\n"));
   EXPECT_FALSE(session.run("@answer yes\n"));
-  EXPECT_TRUE(session.told(L"error: nothing asked for the answer: yes"));
+  EXPECT_TRUE(session.reported(L"error: nothing asked for the answer: yes"));
   EXPECT_FALSE(session.run("ASK\n")) << "the answer left over doesn't reach the next run";
 }
 
@@ -115,7 +115,7 @@ TEST(Script, PromptReadsTheNextPlainLineAndDirectivesBeforeIt) {
   EXPECT_EQ(RTNORM, result);
   EXPECT_EQ(42, number);
   EXPECT_FALSE(session.run("PICKNUMBER\n@open C:\\a.dxf\n42\n"));
-  EXPECT_TRUE(session.told(L"line 2: @open can't come while a command waits for input"));
+  EXPECT_TRUE(session.reported(L"line 2: @open can't come while a command waits for input"));
   EXPECT_FALSE(session.run("PICKNUMBER\n")) << "no input is left";
 }
 
@@ -166,11 +166,11 @@ TEST(Session, WhatIsNotGivenBackIsALeakOfThatSessionAlone) {
     BareSession session;
     wb::trackResource(L"thing", L"lost");
     session.end();
-    EXPECT_TRUE(session.told(L"leak: thing lost"));
+    EXPECT_TRUE(session.reported(L"leak: thing lost"));
   }
   BareSession next;
   next.end();
-  EXPECT_FALSE(next.told(L"leak"));
+  EXPECT_FALSE(next.reported(L"leak"));
 }
 
 TEST(Script, PicturesAreTakenOfTheDesktopAlsoUnderABox) {

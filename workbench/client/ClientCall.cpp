@@ -4,6 +4,7 @@
 
 #include <new>
 
+#include "client/ComObject.h"
 #include "core/SessionState.h"
 #include "core/Text.h"
 #include "core/Transcript.h"

@@ -6,16 +6,26 @@
 
 #include <exception>
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <type_traits>
 #include <vector>
 
-#include "client/LiveObject.h"
 #include "core/ResultCodes.h"
 #include "core/StandInTime.h"
 
 namespace wb {
+
+class LiveObject;
+
+struct ReleaseReference {
+  void operator()(IUnknown* object) const { object->Release(); }
+};
+
+/// A reference that is released at the end of the scope.
+template <class Interface>
+using Owned = std::unique_ptr<Interface, ReleaseReference>;
 
 /// A failure of an operation. A text that isn't empty reaches the caller as the thread's error
 /// object (SetErrorInfo).
@@ -103,7 +113,7 @@ class ClientCall {
     return optionalOut(target, name);
   }
 
-  /// What is returned if the caller wants it.
+  /// What is returned if the caller asks for it: its pointer may be null.
   template <class Type>
   ClientCall& optionalOut(Type* target, const wchar_t* name = nullptr) {
     if (!target) return *this;

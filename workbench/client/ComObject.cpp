@@ -16,8 +16,9 @@ std::atomic<long> liveObjects = 0;
 /// into one that is gone. It ends the process at once, with an exit code of its own.
 void refuseAtTheEnd() {
   constexpr UINT calledAtTheEnd = 70;
-  static const auto ending = reinterpret_cast<BOOLEAN(WINAPI*)()>(reinterpret_cast<void*>(
-      GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "RtlDllShutdownInProgress")));
+  static const auto address = reinterpret_cast<void*>(
+      GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "RtlDllShutdownInProgress"));
+  const auto ending = reinterpret_cast<BOOLEAN(WINAPI*)()>(address);
   if (ending && ending()) TerminateProcess(GetCurrentProcess(), calledAtTheEnd);
 }
 

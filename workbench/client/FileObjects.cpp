@@ -176,7 +176,7 @@ struct LegacyFilePart : FileBase<VaultFileLegacy> {
 template <class File>
 Owned<File> fileObject(const StoredVault& vault, const StoredFile& file) {
   using Part = std::conditional_t<std::is_same_v<File, VaultFile>, FilePart, LegacyFilePart>;
-  const VaultItem item{file.id, file.name(), Store::localPath(vault, file)};
+  const VaultItem item{file.id, file.name(), vault.localPath(file)};
   return make<File, Part, NamedPart>(namedLabel(interfaceName<File>(), item.name), item);
 }
 

@@ -12,8 +12,8 @@
 namespace wb {
 namespace {
 
-/// In front of the name in an item's bytes: tells the client's own items from those of other
-/// folders.
+/// In front of the name in an item's bytes: distinguishes the client's own items from those of
+/// other folders.
 constexpr char mark[] = {'T', 'V', 'F', '1'};
 constexpr size_t headSize = sizeof(USHORT) + sizeof(mark);
 

@@ -13,8 +13,8 @@
 
 namespace wb {
 
-/// What an object of a vault is known by; all else is asked of the store at each call, so an object
-/// tells the vault's truth for as long as it lives.
+/// What identifies an object of a vault; everything else is read from the store at each call, so an
+/// object never returns old data.
 struct VaultItem {
   long id = 0;
   std::wstring name;

@@ -124,7 +124,7 @@ struct RowListPart : Plain<VaultRowList, ResultSets> {
   }
 
   size_t set = 0;
-  size_t fetched = 0;  ///< rows fetched of this set; one more once it has come to its end
+  size_t fetched = 0;  ///< rows fetched of this set; one more after the last
 };
 
 }  // namespace

@@ -139,7 +139,7 @@ struct TextServicePart : Dual<VaultTextService, std::optional<std::wstring>> {
 
   STDMETHODIMP open(BSTR productName, BSTR sectionOrModule) override {
     const std::wstring name = textOf(sectionOrModule);
-    // A product keeps the service of its module for its life, whether or not the call goes well.
+    // A product keeps the service of its module for its life, even if the call fails.
     if (!sameName(name, L"QvtInterface") && !sameName(name, L"Database")) {
       dynamic_cast<LiveObject&>(*this).keepReferences();
     }

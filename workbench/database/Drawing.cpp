@@ -33,16 +33,17 @@ constexpr char blankFile[] =
 }  // namespace
 
 Drawing::Drawing(std::string bytes)
-    : file(std::move(bytes)),
+    : state(databaseState()),
+      file(std::move(bytes)),
       database_(AcDbDatabaseImp::make()),
       xrefs_(std::make_unique<Xrefs>(*this)),
       table(&add<BlockTableImp>()) {
   readObjects();
-  databaseState().drawings.push_back(this);
+  state.drawings.push_back(this);
 }
 
 Drawing::~Drawing() {
-  std::vector<Drawing*>& all = databaseState().drawings;
+  auto& all = state.drawings;
   all.erase(std::remove(all.begin(), all.end(), this), all.end());
 }
 
@@ -183,7 +184,7 @@ std::vector<AcDbObjectId> Drawing::entities(std::wstring_view name) const {
 }
 
 void Drawing::edit() {
-  addRemark("edit " + std::to_string(++databaseState().edits));
+  addRemark("edit " + std::to_string(++state.edits));
   touch();
 }
 

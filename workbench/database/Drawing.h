@@ -22,6 +22,7 @@ class AcDbGraph;
 namespace wb {
 
 class Xrefs;
+struct DatabaseState;
 
 /// The content behind an `AcDbDatabase`: a DXF file in memory, and the objects in it.
 class Drawing {
@@ -48,7 +49,8 @@ class Drawing {
   /// @throws HostError if no drawing is open
   static Drawing& require(const AcDbDatabase* database);
 
-  DxfFile file;  ///< with the changes since it was read
+  DatabaseState& state;  ///< of the session that it was made in
+  DxfFile file;          ///< with the changes since it was read
 
   /// The variable DBMOD.
   short dbmod() const { return dbmod_; }
@@ -66,10 +68,9 @@ class Drawing {
   /// Another number after each change of what is seen of the drawing.
   unsigned revision() const { return revision_; }
 
-  /// The editor decides who may write: a drawing that is open in a document needs a lock of it.
-  void setWriteCheck(std::function<bool()> check) { writeCheck_ = std::move(check); }
-  /// Whether an object may be opened for write now. Without a check it always may.
-  bool mayBeWritten() const { return !writeCheck_ || writeCheck_(); }
+  /// Whether an object may be opened for write now. The editor sets it: a drawing that is open in a
+  /// document needs a lock of it.
+  std::function<bool()> mayBeWritten = [] { return true; };
 
   /// The tabs in the order of the file, model space first.
   std::vector<std::wstring> layouts() const;
@@ -136,7 +137,6 @@ class Drawing {
   const BlockRecordImp* modelSpace_ = nullptr;
   std::wstring currentLayout_;
   std::wstring currentSheet_;
-  std::function<bool()> writeCheck_;
   short dbmod_ = 0;
   unsigned revision_ = 0;
   bool closed_ = false;

@@ -11,8 +11,6 @@ namespace {
 // Published as Acad::eWasOpenForNotify.
 constexpr auto wasOpenForNotify = static_cast<Acad::ErrorStatus>(86);
 
-AcDbObjectId freshId() { return AcDbObjectId().setFromOldId(wb::databaseState().lastId += 8); }
-
 /// The use of an object that isn't open is an error of the application's.
 [[noreturn]] void refuse(const std::wstring& use, Acad::ErrorStatus code) {
   wb::report(wb::Event::error, use);
@@ -27,12 +25,14 @@ const wchar_t* modeName(AcDb::OpenMode mode) {
 }  // namespace
 
 AcDbObjectImp::AcDbObjectImp(wb::Drawing& drawing, std::unique_ptr<AcDbObject> object)
-    : drawing(drawing), id(freshId()), object_(std::move(object)) {
+    : drawing(drawing),
+      id(AcDbObjectId().setFromOldId(drawing.state.lastId += 8)),
+      object_(std::move(object)) {
   object_->imp = this;
-  wb::databaseState().objects[id.asOldId()] = this;
+  drawing.state.objects[id.asOldId()] = this;
 }
 
-AcDbObjectImp::~AcDbObjectImp() { wb::databaseState().objects.erase(id.asOldId()); }
+AcDbObjectImp::~AcDbObjectImp() { drawing.state.objects.erase(id.asOldId()); }
 
 AcDbObjectImp* AcDbObjectImp::find(AcDbObjectId id) {
   const auto& objects = wb::databaseState().objects;

@@ -76,28 +76,24 @@ class AcDbObjectImp {
 
 namespace wb {
 
-class BlockTableImp : public AcDbObjectImp {
- public:
+struct BlockTableImp : AcDbObjectImp {
   using Interface = AcDbBlockTable;
   using AcDbObjectImp::AcDbObjectImp;
 };
 
-class LayoutImp : public AcDbObjectImp {
- public:
+struct LayoutImp : AcDbObjectImp {
   using Interface = AcDbLayout;
   using AcDbObjectImp::AcDbObjectImp;
 
   int tabOrder = 0;
 };
 
-class EntityImp : public AcDbObjectImp {
- public:
+struct EntityImp : AcDbObjectImp {
   using Interface = AcDbEntity;
   using AcDbObjectImp::AcDbObjectImp;
 };
 
-class TextImp : public EntityImp {
- public:
+struct TextImp : EntityImp {
   using Interface = AcDbText;
   using EntityImp::EntityImp;
 
@@ -109,17 +105,15 @@ class TextImp : public EntityImp {
 };
 
 /// Its tag is its name.
-class AttributeImp : public TextImp {
- public:
+struct AttributeImp : TextImp {
   using Interface = AcDbAttribute;
   using TextImp::TextImp;
 };
 
-class BlockRecordImp;
+struct BlockRecordImp;
 
 /// Its name is the block's.
-class ReferenceImp : public EntityImp {
- public:
+struct ReferenceImp : EntityImp {
   using Interface = AcDbBlockReference;
   using EntityImp::EntityImp;
 
@@ -127,8 +121,7 @@ class ReferenceImp : public EntityImp {
   std::vector<AttributeImp*> attributes;
 };
 
-class BlockRecordImp : public AcDbObjectImp {
- public:
+struct BlockRecordImp : AcDbObjectImp {
   using Interface = AcDbBlockTableRecord;
   using AcDbObjectImp::AcDbObjectImp;
 

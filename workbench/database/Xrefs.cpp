@@ -180,16 +180,6 @@ void Xrefs::unloadUnreached() {
   }
 }
 
-// Forgets nested xrefs that no file names any more.
-void Xrefs::dropUnnamed() {
-  for (const auto& xref : xrefs) {
-    if (!reached(*xref, false)) xref->record->erased = true;
-  }
-  xrefs.erase(std::remove_if(xrefs.begin(), xrefs.end(),
-                             [](const auto& xref) { return xref->record->erased; }),
-              xrefs.end());
-}
-
 void Xrefs::unload(std::wstring_view name) {
   Xref& xref = require(name, L"unloaded");
   if (!xref.loaded) return;
@@ -209,7 +199,13 @@ void Xrefs::reload(std::wstring_view name) {
   release(xref);
   unloadUnreached();
   if (!load(xref)) throw HostError(L"its file can't be read", Acad::eFileNotFound);
-  dropUnnamed();
+  // Nested xrefs that no file names any more are forgotten.
+  for (const auto& one : xrefs) {
+    if (!reached(*one, false)) one->record->erased = true;
+  }
+  xrefs.erase(std::remove_if(xrefs.begin(), xrefs.end(),
+                             [](const auto& one) { return one->record->erased; }),
+              xrefs.end());
 }
 
 void Xrefs::closeFiles() {

@@ -12,10 +12,10 @@ class AcDbXrefGraph;
 
 namespace wb {
 
-class BlockRecordImp;
+struct BlockRecordImp;
 class Drawing;
 
-/// The drawing's xrefs, nested ones with them. A nested xref goes by its plain block name, as in
+/// The drawing's xrefs, nested ones with them. A nested xref has its plain block name, as in
 /// the host; of two with the same name the first one stands for both.
 class Xrefs {
  public:
@@ -63,7 +63,6 @@ class Xrefs {
   void release(Xref& xref);
   void unload(Xref& xref);
   void unloadUnreached();
-  void dropUnnamed();
 
   Drawing& drawing;
   std::vector<std::unique_ptr<Xref>> xrefs;

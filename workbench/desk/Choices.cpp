@@ -44,7 +44,7 @@ class Listing {
     for (const std::wstring& name : context.vaults) {
       const StoredVault* vault = store().vaultNamed(name);
       if (!vault) continue;
-      for (const auto& [path, file] : vault->files) visit(file, Store::localPath(*vault, file));
+      for (const auto& [path, file] : vault->files) visit(file, vault->localPath(file));
     }
   }
 

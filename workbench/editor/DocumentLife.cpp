@@ -50,8 +50,9 @@ void DocumentManager::adopt(std::unique_ptr<Document> document, const std::wstri
     throw;
   }
   open_.push_back(std::move(document));
-  fresh->drawing_->setWriteCheck(
-      [this, fresh] { return !isOpen(fresh) || fresh->isWriteLocked(); });
+  fresh->drawing_->mayBeWritten = [this, fresh] {
+    return !isOpen(fresh) || fresh->isWriteLocked();
+  };
   report(Event::doc, (fresh->path_.empty() ? L"created " : L"opened ") + fresh->title() +
                          (fresh->readOnly_ ? L" read-only" : L""));
   fire(L"documentCreated", &Reactor::documentCreated, fresh);

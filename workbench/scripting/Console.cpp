@@ -63,7 +63,6 @@ class Console : public Operator {
   /// The next line, after window messages; nothing when the input has ended or the host quits.
   std::optional<std::wstring> nextLine(bool commandWaits) {
     std::printf("> ");
-    std::fflush(stdout);
     while (!Host::instance().quitRequested()) {
       std::unique_lock lock(input->mutex);
       if (!input->lines.empty()) {
@@ -76,7 +75,7 @@ class Console : public Operator {
       }
       lock.unlock();
       MsgWaitForMultipleObjects(1, &input->arrived, FALSE, INFINITE, QS_ALLINPUT);
-      // What is queued comes after the command that waits.
+      // What is queued runs after the command that waits.
       if (commandWaits) {
         Host::instance().pumpMessages();
       } else {

@@ -46,10 +46,15 @@ std::vector<Directive> allDirectives() {
 
 }  // namespace
 
-std::wstring expandFolders(std::wstring text, const SessionOptions& options) {
-  replaceAll(text, L"%WORK%", options.workFolder);
-  replaceAll(text, L"%DRAWINGS%", options.drawings);
+std::wstring expandFolders(std::wstring text, const std::wstring& work,
+                           const std::wstring& drawings) {
+  replaceAll(text, L"%WORK%", work);
+  replaceAll(text, L"%DRAWINGS%", drawings);
   return text;
+}
+
+std::wstring expandFolders(std::wstring text, const SessionOptions& options) {
+  return expandFolders(std::move(text), options.workFolder, options.drawings);
 }
 
 std::wstring windowsPath(const std::wstring& file) {
@@ -118,7 +123,7 @@ unsigned Arguments::number(int least, const wchar_t* why) {
   return static_cast<unsigned>(value);
 }
 
-int Arguments::controlId() {
+ControlId::ControlId(Arguments& arguments) {
   struct Control {
     const wchar_t* name;
     int id;
@@ -130,9 +135,10 @@ int Arguments::controlId() {
                                          CONTROL(IDC_EDIT_WARNING)};
 #undef CONTROL
   for (const Control& control : controls) {
-    if (take(control.name)) return control.id;
+    number = control.id;
+    if (arguments.take(control.name)) return;
   }
-  return number();
+  number = arguments.number();
 }
 
 bool Arguments::onOff() {

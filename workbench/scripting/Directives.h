@@ -47,8 +47,6 @@ class Arguments {
   /// A number that isn't below `least`.
   /// @param why what an error says of a smaller one
   unsigned number(int least, const wchar_t* why);
-  /// The next word as a control's number, or its name in the module's resource.h.
-  int controlId();
   /// "on" or "off".
   bool onOff();
   /// Takes the next word if it is `keyword`, in any case.
@@ -101,8 +99,8 @@ struct RestOfLine : std::wstring {
 
 /// The number of a control, or the name that the module's resource.h has for it.
 struct ControlId {
-  explicit ControlId(Arguments& arguments) : number(arguments.controlId()) {}
-  int number;
+  explicit ControlId(Arguments& arguments);
+  int number = 0;
 };
 
 template <class Type>
@@ -199,6 +197,8 @@ std::vector<Directive> vaultDirectives();
 
 /// %WORK% and %DRAWINGS% filled in. Raises ScriptError for one that the session hasn't got.
 std::wstring expandFolders(std::wstring text, const SessionOptions& options);
+std::wstring expandFolders(std::wstring text, const std::wstring& work,
+                           const std::wstring& drawings);
 
 /// A file named as Windows does or, under Wine, as the machine does ("/home/..."), as a complete
 /// Windows path. Raises ScriptError if it can't be one.

@@ -39,10 +39,8 @@ void readOptions(const std::vector<ProgramOption>& options) {
     if (++at == count) throw UsageError(toUtf8(name) + " needs a value");
     if (auto* const* number = std::get_if<unsigned*>(&option->target)) {
       **number = numberFrom(words[at]);
-    } else if (auto* const* text = std::get_if<std::wstring*>(&option->target)) {
-      **text = words[at];
     } else {
-      std::get<std::function<void(const std::wstring&)>>(option->target)(words[at]);
+      *std::get<std::wstring*>(option->target) = words[at];
     }
   }
 }
@@ -58,6 +56,8 @@ unsigned numberFrom(const std::wstring& text) {
 
 int runProgram(const char* name, const char* usage, const std::vector<ProgramOption>& options,
                const std::function<int()>& work) {
+  // A process that dies keeps no output back.
+  std::setvbuf(stdout, nullptr, _IONBF, 0);
   try {
     readOptions(options);
     return work();

@@ -14,10 +14,10 @@ struct UsageError : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// An option of a program, and where its value goes; a bool is a switch.
+/// An option of a program, and the variable for its value; a bool is a switch.
 struct ProgramOption {
   const wchar_t* name;
-  std::variant<bool*, unsigned*, std::wstring*, std::function<void(const std::wstring&)>> target;
+  std::variant<bool*, unsigned*, std::wstring*> target;
 };
 
 /// Whole numbers only.
@@ -37,7 +37,7 @@ struct ChildResult {
 };
 
 /// Runs a program and waits for its end; one that doesn't end in time is terminated.
-/// @param outputFile where the program's output goes meanwhile
+/// @param outputFile takes the program's output meanwhile
 /// @throws std::runtime_error if it can't be started
 ChildResult runChild(const std::filesystem::path& program, const std::wstring& arguments,
                      unsigned seconds, const std::filesystem::path& outputFile);

@@ -1,7 +1,5 @@
 #include "scripting/Script.h"
 
-#include <algorithm>
-
 #include "core/Text.h"
 #include "core/Transcript.h"
 #include "dialogs/Answers.h"
@@ -12,19 +10,11 @@
 
 namespace wb {
 std::vector<ScriptLine> scriptLines(std::string_view utf8) {
-  constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-  if (utf8.substr(0, byteOrderMark.size()) == byteOrderMark) {
-    utf8.remove_prefix(byteOrderMark.size());
-  }
   std::vector<ScriptLine> lines;
-  const std::wstring text = fromUtf8(utf8);
   unsigned number = 0;
-  for (size_t begin = 0; begin < text.size();) {
-    const size_t end = std::min(text.find(L'\n', begin), text.size());
-    std::wstring line = text.substr(begin, end - begin);
-    begin = end + 1;
+  for (const std::string& bytes : linesOf(utf8)) {
     ++number;
-    if (!line.empty() && line.back() == L'\r') line.pop_back();
+    const std::wstring line = fromUtf8(bytes);
     const size_t first = line.find_first_not_of(L" \t");
     if (first == std::wstring::npos || line[first] == L';') continue;
     lines.push_back({number, line.substr(first)});
@@ -38,7 +28,7 @@ void runScriptLine(ScriptContext& context, const std::wstring& line, bool comman
   } else {
     Host::instance().type(expandFolders(line, context.options));
   }
-  // A command that waits goes on by itself once it has its input.
+  // A command that waits continues by itself when it has its input.
   if (!commandWaits) Host::instance().runUntilIdle();
 }
 
@@ -70,7 +60,7 @@ bool Script::step(const ScriptLine& line, bool commandWaits) {
   } catch (const std::exception& error) {
     return refuse(line, fromUtf8(error.what()));
   }
-  // What supplyInput() ran inside this line has told of its own failure.
+  // A line that supplyInput() ran inside this one has reported its failure.
   if (failed) return false;
   return Transcript::instance().problems() == problems ||
          refuse(line, L"failed: " + line.text, Event::failedStep);

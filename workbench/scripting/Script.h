@@ -28,7 +28,7 @@ class Script : public Operator {
       : context(context), lines(std::move(lines)) {}
 
   void run() override;
-  /// Runs the directives that come next and types the next plain line. False at the end of the
+  /// Runs the next directives and types the plain line behind them. False at the end of the
   /// script, or if a directive failed.
   bool supplyInput() override;
   /// False, with an `error` line, if a line failed or an answer was left over.

@@ -164,7 +164,7 @@ void Session::end() {
   host.runner().reportLeaks(state->since, true);
   Answers::instance().stop();
   store().close();
-  // Nothing of the session stays behind in the registry for programs that come after it.
+  // No later program finds anything of the session in the registry.
   if (!state->options.client.empty()) registerClient(state->options.client, false);
 }
 

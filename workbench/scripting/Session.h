@@ -41,11 +41,11 @@ struct SessionOptions {
   std::wstring client;           ///< TessaroClient.dll; empty: none is registered
   std::wstring workFolder;       ///< emptied at the start; `%WORK%` in scripts
   std::wstring drawings;         ///< `%DRAWINGS%` in scripts; may be empty
-  bool echo = false;             ///< the transcript also goes to stdout as it is told
+  bool echo = false;             ///< the transcript also goes to stdout line by line
   unsigned timeoutSeconds = 60;  ///< for each script run; 0 for none
   bool interactive = false;      ///< boxes without a queued answer are left to the person
   bool keep = false;             ///< the work folder, the store and the settings stay as they are
-  bool accountForMemory = true;  ///< what the client hands out is watched until it is freed
+  bool accountForMemory = true;  ///< what the client allocates is watched until it is freed
 };
 
 /// A session with the module and the client that lie beside the program.
@@ -72,8 +72,8 @@ class Session {
   /// Unloads the module; false if none is loaded or the host refuses.
   bool unload();
   /// Runs a UTF-8 script from its first to its last line. False when it failed: an `error` or a
-  /// `leak` line was told, an @expect didn't hold, a box had no answer, an answer was not used.
-  /// The line that failed is told as an `error` with its number, and the rest isn't run. Input
+  /// `leak` was reported, an @expect didn't hold, a box had no answer, an answer was not used. The
+  /// line that failed is reported as an `error` with its number, and the rest isn't run. Input
   /// typed, answers and picks don't outlive the run; marks do. A run longer than
   /// options.timeoutSeconds ends the process with the exit code 3.
   bool run(std::string_view utf8Script);
@@ -81,14 +81,14 @@ class Session {
   void interact(Operator& person);
   /// What an operator's directives run in.
   ScriptContext& context();
-  /// Closes the documents without asking, unloads the module, stops the host, tells what was not
+  /// Closes the documents without asking, unloads the module, stops the host, reports what was not
   /// released as `leak` lines. The transcript can still be read afterwards.
   void end();
 
   /// The lines since the session's start, `kind: detail`.
   const std::vector<std::wstring>& transcript() const;
   /// Whether some line holds `text`.
-  bool told(std::wstring_view text) const { return count(text) > 0; }
+  bool reported(std::wstring_view text) const { return count(text) > 0; }
   /// How many lines hold `text`.
   int count(std::wstring_view text) const;
   /// All lines, each with a line end: what a failing test shows.

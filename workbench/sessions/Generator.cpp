@@ -3,7 +3,7 @@
 
 #include "sessions/RandomSession.h"
 
-namespace sessions {
+namespace wb {
 namespace {
 
 using Texts = std::vector<std::string>;
@@ -79,7 +79,7 @@ class Generator {
     return R"(%WORK%\View\)" + (below(3) ? firstSheet : secondSheet);
   }
 
-  /// Directives are passed over where they aren't possible, so that the script goes on.
+  /// With @try, so that a directive that isn't possible doesn't end the script.
   static std::string tried(const std::string& lines) {
     std::string result;
     for (size_t at = 0; at < lines.size();) {
@@ -127,7 +127,7 @@ class Generator {
     if (below(5) == 0) return "@select " + any(xrefs) + "\n" + xrefCommand();
     const std::string pick = "@pick " + any(xrefs) + "\n";
     if (below(2)) return pick + "@menu\n@choose-any " + std::to_string(below(1000)) + "\n";
-    // A prompt that comes up all the same is cancelled.
+    // A prompt that is shown all the same is cancelled.
     return pick + xrefCommand();
   }
 
@@ -200,11 +200,11 @@ std::string preamble() {
   return lines + "@vault map %WORK%\\View\\Site\\Plan.dxf Title A1_TITLE TITLE\n@load\n";
 }
 
-std::vector<Step> steps(unsigned seed, unsigned count) {
+std::vector<Step> makeSteps(unsigned seed, unsigned count) {
   Generator generator(seed);
   std::vector<Step> made;
   while (made.size() < count) made.push_back(generator.step());
   return made;
 }
 
-}  // namespace sessions
+}  // namespace wb

@@ -17,7 +17,7 @@
 #include "trials/VaultCheck.h"
 #include "ui/resource.h"
 
-namespace sessions {
+namespace wb {
 namespace {
 
 void checkHeaps() {
@@ -27,14 +27,14 @@ void checkHeaps() {
   for (DWORD at = 0; at < count && at < heaps.size(); ++at) {
     sound = sound && HeapValidate(heaps[at], 0, nullptr);
   }
-  if (!sound) throw wb::CheckFailure("a heap is damaged");
+  if (!sound) throw CheckFailure("a heap is damaged");
 }
 
 /// A check-out, a refresh or a version that was asked for brings the vault's content to the disk; a
 /// saving writes the user's next content.
-bool replacesLocalFiles(const wb::Event& event) {
-  if (event.cause == wb::Event::documentSaved) return true;
-  if (event.kind != wb::Event::client) return false;
+bool replacesLocalFiles(const Event& event) {
+  if (event.cause == Event::documentSaved) return true;
+  if (event.kind != Event::client) return false;
   const std::wstring operation = event.subject.substr(event.subject.find(L'.') + 1);
   return operation == L"checkOut" || operation == L"getLocalCopy" || operation == L"getVersion";
 }
@@ -45,46 +45,45 @@ std::wstring versionName(long version) {
 
 /// The status window's texts on the current document against the store, after it was refreshed.
 void checkStatusWindow() {
-  const HWND window = wb::findStatusWindow();
+  const HWND window = findStatusWindow();
   const AcApDocument* document = acDocManagerPtr()->mdiActiveDocument();
   if (!window || !document) return;
   const std::wstring path = document->fileName();
-  const wb::StoredFile* file = wb::store().find(path);
+  const StoredFile* file = store().find(path);
   if (file && file->denied) return;
   std::wstring versions = L"-/-";
   UINT lock = BST_UNCHECKED;
   if (file) {
-    const long here = wb::store().folderIdOf(path);
-    file = wb::store().find(path);  // the store assigns ids at the first question
-    versions = versionName(wb::store().localVersion(*file, here)) + L"/" +
-               versionName(file->latest().number);
+    const long here = store().folderIdOf(path);
+    file = store().find(path);  // the store assigns ids at the first question
+    versions =
+        versionName(store().localVersion(*file, here)) + L"/" + versionName(file->latest().number);
     if (file->holder) {
-      const bool mine = file->holder->user == wb::Store::thisUser() &&
-                        file->holder->computer == wb::Store::thisComputer() &&
+      const bool mine = file->holder->user == Store::thisUser() &&
+                        file->holder->computer == Store::thisComputer() &&
                         file->holder->folderId == here;
       lock = mine ? BST_CHECKED : BST_INDETERMINATE;
     }
   }
-  const std::wstring shown = wb::windowTitle(GetDlgItem(window, IDC_VERSION));
+  const std::wstring shown = windowTitle(GetDlgItem(window, IDC_VERSION));
   // The words in front are the client's.
   if (shown.substr(shown.rfind(L' ') + 1) != versions) {
-    throw wb::CheckFailure("the status window shows " + wb::toUtf8(shown) + " for " +
-                           wb::toUtf8(versions));
+    throw CheckFailure("the status window shows " + toUtf8(shown) + " for " + toUtf8(versions));
   }
   if (IsDlgButtonChecked(window, IDC_CHECKED_OUT_HERE) != lock) {
-    throw wb::CheckFailure("the status window's lock box is wrong");
+    throw CheckFailure("the status window's lock box is wrong");
   }
 }
 
 class RandomSession {
  public:
-  explicit RandomSession(const wb::SessionOptions& options)
+  explicit RandomSession(const SessionOptions& options)
       : session(options), vault(L"Works", options.workFolder + L"\\store") {}
 
   void run(const std::vector<Step>& steps) {
-    wb::Host::instance().documents().reuseAddresses();
+    Host::instance().documents().reuseAddresses();
     if (!session.run(preamble())) {
-      throw wb::CheckFailure("the preparation failed\n" + reportedSince(0));
+      throw CheckFailure("the preparation failed\n" + reportedSince(0));
     }
     for (size_t at = 0; at < steps.size(); ++at) {
       run(steps[at], at % 16 == 15 || at + 1 == steps.size());
@@ -98,15 +97,15 @@ class RandomSession {
   void run(const Step& step, bool thorough) {
     const size_t start = session.transcript().size();
     const bool done = session.run(step.lines);
-    wb::clearFaults();
+    clearFaults();
     try {
       checkEventsSince(start);
       checkHeaps();
       const bool replaced =
-          step.undoesCheckOut || wb::Transcript::instance().anySince(start, replacesLocalFiles);
+          step.undoesCheckOut || Transcript::instance().anySince(start, replacesLocalFiles);
       vault.check(thorough, {replaced, std::nullopt});
-      if (wb::Transcript::instance().anySince(
-              start, [](const wb::Event& event) { return event.kind == wb::Event::attempt; })) {
+      if (Transcript::instance().anySince(
+              start, [](const Event& event) { return event.kind == Event::attempt; })) {
         return;
       }
       // With the client gone or a vault offline nobody can say what the window should show until
@@ -117,17 +116,17 @@ class RandomSession {
         checkStatusWindow();
       }
     } catch (const std::exception& failure) {
-      throw wb::CheckFailure(std::string(failure.what()) + "\n" + step.lines + "----\n" +
-                             reportedSince(start));
+      throw CheckFailure(std::string(failure.what()) + "\n" + step.lines + "----\n" +
+                         reportedSince(start));
     }
   }
 
   void checkEventsSince(size_t start) const {
-    const auto& events = wb::Transcript::instance().events();
+    const auto& events = Transcript::instance().events();
     for (size_t at = start; at < events.size(); ++at) {
-      const wb::Event::Kind kind = events[at].kind;
-      if (kind == wb::Event::leak || kind == wb::Event::error) {
-        throw wb::CheckFailure(wb::toUtf8(session.transcript()[at]));
+      const Event::Kind kind = events[at].kind;
+      if (kind == Event::leak || kind == Event::error) {
+        throw CheckFailure(toUtf8(session.transcript()[at]));
       }
     }
   }
@@ -135,12 +134,12 @@ class RandomSession {
   std::string reportedSince(size_t start) const {
     std::string text;
     const auto& lines = session.transcript();
-    for (size_t at = start; at < lines.size(); ++at) text += wb::toUtf8(lines[at]) + "\n";
+    for (size_t at = start; at < lines.size(); ++at) text += toUtf8(lines[at]) + "\n";
     return text;
   }
 
-  wb::Session session;
-  wb::VaultCheck vault;
+  Session session;
+  VaultCheck vault;
   bool clientPresent = true;
   bool offline = false;
 };
@@ -148,10 +147,10 @@ class RandomSession {
 }  // namespace
 
 void runSession(const std::vector<Step>& steps, unsigned patience) {
-  wb::SessionOptions options =
-      wb::optionsOfBuild(sessionsFolder() / L"work", sessionsFolder() / L"drawings");
+  SessionOptions options =
+      optionsOfBuild(sessionsFolder() / L"work", sessionsFolder() / L"drawings");
   options.timeoutSeconds = patience;
   RandomSession(options).run(steps);
 }
 
-}  // namespace sessions
+}  // namespace wb

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace sessions {
+namespace wb {
 
 /// What a user, or another one elsewhere, does in a session.
 struct Step {
@@ -23,7 +23,7 @@ std::string preamble();
 
 /// The steps of a session. The same seed gives the same steps, and fewer of them are the beginning
 /// of more.
-std::vector<Step> steps(unsigned seed, unsigned count);
+std::vector<Step> makeSteps(unsigned seed, unsigned count);
 
 /// Where sessions work: `work` is a session's folder, `drawings` a copy of the sample drawings,
 /// since a session may save over them.
@@ -33,7 +33,7 @@ inline std::filesystem::path sessionsFolder() {
 
 /// Runs one session in this process and judges each step.
 /// @param patience how many seconds a step may take before the process ends with the code 3
-/// @throws wb::CheckFailure with the problem, and behind it the step and what it reported
+/// @throws CheckFailure with the problem, and behind it the step and what it reported
 void runSession(const std::vector<Step>& steps, unsigned patience);
 
-}  // namespace sessions
+}  // namespace wb

@@ -19,6 +19,7 @@
 #include "trials/VaultCheck.h"
 #include "watch/ImportWatch.h"
 
+namespace wb {
 namespace {
 
 constexpr char usage[] =
@@ -50,37 +51,35 @@ struct Options {
   std::wstring drawings;
 };
 
-std::vector<sessions::Step> keptSteps(const Options& options) {
-  const std::vector<sessions::Step> all = sessions::steps(options.seed, options.steps);
-  std::vector<sessions::Step> kept;
+std::vector<Step> keptSteps(const Options& options) {
+  const std::vector<Step> all = makeSteps(options.seed, options.steps);
+  std::vector<Step> kept;
   std::wistringstream numbers(options.kept);
   for (std::wstring number; std::getline(numbers, number, L',');) {
-    kept.push_back(all.at(wb::numberFrom(number)));
+    kept.push_back(all.at(numberFrom(number)));
   }
   return kept;
 }
 
 /// Runs a session and prints its result.
 /// @return whether it passed
-bool passes(unsigned seed, const std::vector<sessions::Step>& steps, unsigned patience) {
+bool passes(unsigned seed, const std::vector<Step>& steps, unsigned patience) {
   try {
-    sessions::runSession(steps, patience);
+    runSession(steps, patience);
     std::printf("passed %u\n", seed);
-    std::fflush(stdout);
     return true;
-  } catch (const wb::CheckFailure& failure) {
+  } catch (const CheckFailure& failure) {
     std::printf("failed %u\n%s\n", seed, failure.what());
-    std::fflush(stdout);
     return false;
   }
 }
 
 /// Runs sessions in this process; after a failed one it isn't used for another.
 bool runBatch(const Options& options) {
-  if (!wb::heapsAreWatched()) throw std::runtime_error("the heaps aren't watched");
+  if (!heapsAreWatched()) throw std::runtime_error("the heaps aren't watched");
   if (!options.kept.empty()) return passes(options.seed, keptSteps(options), options.patience);
   for (unsigned seed = options.seed; seed < options.seed + options.sessions; ++seed) {
-    if (!passes(seed, sessions::steps(seed, options.steps), options.patience)) return false;
+    if (!passes(seed, makeSteps(seed, options.steps), options.patience)) return false;
   }
   return true;
 }
@@ -90,21 +89,20 @@ bool runBatch(const Options& options) {
 void watchHeaps() {
   const std::wstring key =
       LR"(Software\Microsoft\Windows NT\CurrentVersion\Image File Execution Options\)" +
-      wb::programFile().filename().wstring();
+      programFile().filename().wstring();
   const LSTATUS status = RegSetKeyValueW(HKEY_LOCAL_MACHINE, key.c_str(), L"GlobalFlag", REG_DWORD,
-                                         &wb::heapCheckFlags, sizeof wb::heapCheckFlags);
+                                         &heapCheckFlags, sizeof heapCheckFlags);
   if (status != ERROR_SUCCESS) throw std::runtime_error("the heaps' flags can't be set");
 }
 
 /// Runs this program again.
-wb::ChildResult runAgain(const std::wstring& arguments, unsigned seconds) {
-  return wb::runChild(wb::programFile(), arguments, seconds,
-                      sessions::sessionsFolder() / L"child.txt");
+ChildResult runAgain(const std::wstring& arguments, unsigned seconds) {
+  return runChild(programFile(), arguments, seconds, sessionsFolder() / L"child.txt");
 }
 
 /// What distinguishes a failure from others: the exit code of a crash or a hang, the problem
 /// without its numbers of a session that was judged. None for a child that passed.
-std::optional<std::string> failureOf(const wb::ChildResult& child) {
+std::optional<std::string> failureOf(const ChildResult& child) {
   if (child.code == 0) return std::nullopt;
   if (child.code != judged) return "code " + std::to_string(child.code);
   std::istringstream lines(child.output);
@@ -159,18 +157,16 @@ std::vector<size_t> shrink(unsigned seed, unsigned steps,
   return kept;
 }
 
-void reportFailure(unsigned seed, unsigned steps, const wb::ChildResult& child) {
+void reportFailure(unsigned seed, unsigned steps, const ChildResult& child) {
   std::printf("FAILED  session %u, code %lu\n%s\n", seed, child.code, child.output.c_str());
-  std::fflush(stdout);
   const std::vector<size_t> kept = shrink(seed, steps, failureOf(child));
   if (kept.empty()) {
     std::printf("It doesn't fail so when it runs alone.\n");
   } else {
-    std::printf("The shortest script that fails:\n%s", sessions::preamble().c_str());
-    const std::vector<sessions::Step> all = sessions::steps(seed, steps);
+    std::printf("The shortest script that fails:\n%s", preamble().c_str());
+    const std::vector<Step> all = makeSteps(seed, steps);
     for (const size_t at : kept) std::printf("%s", all[at].lines.c_str());
   }
-  std::fflush(stdout);
 }
 
 unsigned passedIn(const std::string& output) {
@@ -181,18 +177,18 @@ unsigned passedIn(const std::string& output) {
 }
 
 bool runAll(const Options& options) {
-  if (options.drawings.empty()) throw wb::UsageError("--drawings is needed");
+  if (options.drawings.empty()) throw UsageError("--drawings is needed");
   watchHeaps();
-  std::filesystem::create_directories(sessions::sessionsFolder());
+  std::filesystem::create_directories(sessionsFolder());
   std::filesystem::copy(
-      wb::windowsPath(options.drawings), sessions::sessionsFolder() / L"drawings",
+      windowsPath(options.drawings), sessionsFolder() / L"drawings",
       std::filesystem::copy_options::recursive | std::filesystem::copy_options::overwrite_existing);
   unsigned passed = 0;
   unsigned failed = 0;
   while (passed + failed < options.sessions) {
     const unsigned seed = options.seed + passed + failed;
     const unsigned count = std::min(batch, options.sessions - passed - failed);
-    const wb::ChildResult child =
+    const ChildResult child =
         runAgain(L"--child --seed " + std::to_wstring(seed) + L" --sessions " +
                      std::to_wstring(count) + L" --steps " + std::to_wstring(options.steps),
                  count * secondsASession);
@@ -207,19 +203,21 @@ bool runAll(const Options& options) {
 }
 
 }  // namespace
+}  // namespace wb
 
 int main() {
+  using namespace wb;
   Options options;
-  return wb::runProgram("sessions", usage,
-                        {{L"--sessions", &options.sessions},
-                         {L"--seed", &options.seed},
-                         {L"--steps", &options.steps},
-                         {L"--patience", &options.patience},
-                         {L"--drawings", &options.drawings},
-                         {L"--kept", &options.kept},
-                         {L"--child", &options.isChild}},
-                        [&] {
-                          const bool inThisProcess = options.isChild || !options.kept.empty();
-                          return (inThisProcess ? runBatch(options) : runAll(options)) ? 0 : 1;
-                        });
+  return runProgram("sessions", usage,
+                    {{L"--sessions", &options.sessions},
+                     {L"--seed", &options.seed},
+                     {L"--steps", &options.steps},
+                     {L"--patience", &options.patience},
+                     {L"--drawings", &options.drawings},
+                     {L"--kept", &options.kept},
+                     {L"--child", &options.isChild}},
+                    [&] {
+                      const bool inThisProcess = options.isChild || !options.kept.empty();
+                      return (inThisProcess ? runBatch(options) : runAll(options)) ? 0 : 1;
+                    });
 }

@@ -59,7 +59,7 @@ void Store::open(const std::filesystem::path& inFolder) {
 }
 
 void Store::read() {
-  // Sharing violations and the like say nothing about the content, so they go out as they are.
+  // Sharing violations and the like say nothing about the content, so they are passed on unchanged.
   const bool begun = writeTime(indexFile()) != 0;
   const std::string text = begun ? readFile(indexFile()) : std::string();
   try {

@@ -161,8 +161,8 @@ void replaceLocalFile(const std::filesystem::path& file, const std::filesystem::
       fresh.setDateAndAttribute(date, readOnly);
       // MoveFileExW replaces a writable file only.
       if (wasReadOnly) setReadOnly(file, false);
-      // A rename may succeed under somebody's open handle; who has it open would go on with the old
-      // content, so it isn't tried then.
+      // A rename may succeed under somebody's open handle; that program would keep the old
+      // content, so a file that is open isn't replaced.
       if (writeTime(file) != 0) FileHandle(file, GENERIC_READ | GENERIC_WRITE, 0, OPEN_EXISTING);
     });
   } catch (...) {

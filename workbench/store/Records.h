@@ -35,7 +35,7 @@ struct CardValue {
   std::wstring text;
 };
 
-/// Where a card variable's value goes in a drawing.
+/// The attribute of a block that shows a card variable's value.
 struct CardMapping {
   std::wstring block;
   std::wstring tag;
@@ -70,6 +70,9 @@ struct StoredVault {
   NameMap<StoredFile> files;  ///< by path below the root
 
   static constexpr long rootFolderId = 1;
+
+  /// Full local path of a file.
+  std::wstring localPath(const StoredFile& file) const { return root + file.path; }
 };
 
 /// The vaults as the text of store.json, and back.

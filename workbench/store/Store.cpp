@@ -19,7 +19,7 @@ std::wstring newViewId() {
   GUID id;
   wchar_t text[39];
   if (FAILED(CoCreateGuid(&id)) || !StringFromGUID2(id, text, 39)) {
-    throw StoreError(E_UNEXPECTED, L"Windows gives no identifier");
+    throw StoreError(E_UNEXPECTED, L"Windows returns no identifier");
   }
   return text;
 }
@@ -124,10 +124,6 @@ long Store::folderId(const StoredVault& vault, const std::wstring& computer,
 
 long Store::folderIdOf(const std::wstring& path) {
   return folderId(vaultFor(path), thisComputer(), folderOf(plainPath(path)));
-}
-
-std::wstring Store::localPath(const StoredVault& vault, const StoredFile& file) {
-  return vault.root + file.path;
 }
 
 std::wstring Store::thisComputer() {

@@ -92,9 +92,6 @@ class Store {
   /// The id of the local folder that `path` lies in.
   long folderIdOf(const std::wstring& path);
 
-  /// Full local path of a file.
-  static std::wstring localPath(const StoredVault& vault, const StoredFile& file);
-
   /// @throws StoreError unless the user holds the file here: E_QVT_FILE_NOT_LOCKED_BY_YOU,
   /// E_QVT_LOCKED_BY_ANOTHER_USER, E_QVT_LOCKED_ON_OTHER_COMPUTER, E_QVT_LOCKED_IN_OTHER_FOLDER
   void requireHeldHere(const std::wstring& path);

@@ -34,17 +34,18 @@ void copyTree(const fs::path& from, const fs::path& to) {
   }
 }
 
+template <class List, class Element>
+bool isOneOf(const List& all, const Element& one) {
+  return std::find(std::begin(all), std::end(all), one) != std::end(all);
+}
+
 /// What the script reports when a fault keeps a box from coming, causes one that nobody expected,
 /// or makes a step impossible: the host and the module have done nothing wrong.
 bool isScriptProblem(const Event& event) {
   static constexpr Event::Cause causes[] = {Event::noAnswer,       Event::unusedAnswer,
                                             Event::noInput,        Event::noSelection,
                                             Event::impossibleStep, Event::failedStep};
-  return std::find(std::begin(causes), std::end(causes), event.cause) != std::end(causes);
-}
-
-bool isOneOf(const std::vector<std::wstring_view>& all, std::wstring_view one) {
-  return std::find(all.begin(), all.end(), one) != all.end();
+  return isOneOf(causes, event.cause);
 }
 
 /// What may fail by an exception when the host calls it: the commands and the edit guard.
@@ -148,10 +149,9 @@ void checkFurtherWork(const Snapshot& snapshot, Session& session, bool reload, V
       "@open %WORK%\\Plant\\Notes.dxf\n@answer yes\nTessaro_lock\n@edit\n"
       "@answer yes\n@answer ok\nTessaro_unlock\n");
   file = store().find(notes);
-  if (!done || !file || file->holder || file->versions.size() != before + 1) {
-    verdict.problems.push_back(L"another drawing can't be checked out and in");
-  }
-  if (!session.run(sheetOpensWhole)) verdict.problems.push_back(L"the sheet doesn't open whole");
+  verdict.require(done && file && !file->holder && file->versions.size() == before + 1,
+                  L"another drawing can't be checked out and in");
+  verdict.require(session.run(sheetOpensWhole), L"the sheet doesn't open whole");
 }
 
 /// The host's operations whose failure itself leaves an xref unloaded.
@@ -161,14 +161,12 @@ bool unloads(const SweptCall& call) {
 }
 
 bool mayLeaveUnloaded(const Scenario& scenario, const SweptFault* fault) {
-  const auto named = [&](std::string_view operation) {
-    const auto& calls = scenario.leavesUnloaded;
-    return std::find(calls.begin(), calls.end(), operation) != calls.end();
-  };
-  if (named(byItself)) return true;
+  const auto& calls = scenario.leavesUnloaded;
+  if (isOneOf(calls, byItself)) return true;
   // Where a failure in the midst of it leaves an xref unloaded, so does a lack of memory.
-  if (fault && fault->call.ofModule()) return !scenario.leavesUnloaded.empty();
-  return fault && (fault->onDisk || unloads(fault->call) || named(toUtf8(fault->call.operation)));
+  if (fault && fault->call.ofModule()) return !calls.empty();
+  return fault &&
+         (fault->onDisk || unloads(fault->call) || isOneOf(calls, toUtf8(fault->call.operation)));
 }
 
 }  // namespace
@@ -245,18 +243,17 @@ Verdict runScenario(const Snapshot& snapshot, const Scenario& scenario, const Sw
     }
   };
   Session session(snapshot.options());
-  if (!session.run(scenario.setUp)) verdict.problems.push_back(L"the set-up fails");
+  verdict.require(session.run(scenario.setUp), L"the set-up fails");
   checkVault(L"");
   recordOperations();
   const bool done = session.run((fault ? fault->lines : "") + scenario.action);
   const size_t missed = clearFaults();
   verdict.faultOccurred = missed < (fault ? std::max(fault->onDisk, 1u) : 0);
   // How much memory the module asks for depends on more than the script, if on little.
-  if (fault && !fault->onDisk && !fault->call.ofModule() && !verdict.faultOccurred) {
-    verdict.problems.push_back(L"the call that was to fail didn't come");
-  }
+  verdict.require(!fault || fault->onDisk || fault->call.ofModule() || verdict.faultOccurred,
+                  L"the call that was to fail didn't come");
   verdict.calls = numbered(recordOperations());
-  if (!fault && !done) verdict.problems.push_back(L"the script fails without a fault");
+  verdict.require(fault || done, L"the script fails without a fault");
   judgeEvents(0, fault, verdict);
   if (!mayLeaveUnloaded(scenario, fault)) {
     for (const std::wstring& name : leftUnloaded()) {

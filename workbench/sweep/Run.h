@@ -20,11 +20,11 @@ struct SweptCall {
 
   /// Of the host, as opposed to the client.
   bool ofHost() const;
-  /// Of Windows: an allocation of the module's own, a window or a menu that it wants.
+  /// Of Windows: an allocation of the module's own, a window or a menu.
   bool ofModule() const;
 };
 
-/// What goes wrong at a call.
+/// A fault at a call.
 struct SweptFault {
   SweptCall call;
   std::string name;
@@ -45,6 +45,11 @@ struct Verdict {
   std::vector<std::wstring> transcript;
   bool escaped = false;        ///< an exception left what the host called, as it may
   bool faultOccurred = false;  ///< files may be in use as long as the action lasts
+
+  /// Adds a problem unless `holds`.
+  void require(bool holds, const std::wstring& otherwise) {
+    if (!holds) problems.push_back(otherwise);
+  }
 };
 
 /// The folder in which the sweep's runs take place: a vault "Plant" with its view, made once and

@@ -47,6 +47,9 @@ const std::vector<std::string_view> gettingVersion = {"IShellFolder.ParseDisplay
                                                       "QueryInterface.VaultFolderActions",
                                                       "VaultFolderActions.getVersion"};
 
+const std::vector<std::string_view> intended = {byItself};
+const std::vector<std::string_view> nothing;
+
 /// What the user does, whatever state it finds the sheet in. Boxes are answered somehow.
 const std::vector<Scenario> anywhere = {
     {"opening", "", "@close " PLAN "\n@open " PLAN "\n"},
@@ -58,7 +61,7 @@ const std::vector<Scenario> anywhere = {
     {"lockxref", "", "@pick Grid Building\nTessaro_lockxref\n"},
     {"unlockxref", "", "@pick Building\nTessaro_unlockxref\n"},
     {"getxrefversion", "", "@select Grid\nTessaro_getxrefversion\n", gettingVersion},
-    {"editxref", "", "@select Building\nTessaro_editxref\n", {byItself}},
+    {"editxref", "", "@select Building\nTessaro_editxref\n", intended},
     {"properties", "", "Tessaro_properties\n"},
     {"the menu of an xref", "", "@pick Building\n@menu\n"},
     {"update", "", "Tessaro_update\n"},
@@ -115,7 +118,7 @@ std::vector<Scenario> inTheStatesOfTheirOwn() {
        "@answer no\n@opendialog " PLAN "\n"},
       {"activating", OPEN_PLAN QUIET "@open " PLANT "Notes.dxf\n",
        "@activate " PLAN "\n@activate " PLANT "Notes.dxf\n"},
-      {"saving", HOLD_PLAN OPEN_PLAN "@edit\n", "@save\n", {}, true},
+      {"saving", HOLD_PLAN OPEN_PLAN "@edit\n", "@save\n", nothing, true},
       {"closing", HOLD_PLAN OPEN_PLAN, "@close\n"},
       // The first change.
       {"a change, check-out accepted", OPEN_PLAN, "@answer yes\n@edit\n"},
@@ -131,11 +134,8 @@ std::vector<Scenario> inTheStatesOfTheirOwn() {
        "@answer yes\nTessaro_lock\n"},
       {"locksilent", OPEN_PLAN, "Tessaro_locksilent\n"},
       {"unlock", HOLD_PLAN OPEN_PLAN, "@answer yes\n@answer ok\nTessaro_unlock\n"},
-      {"unlock of a changed drawing",
-       HOLD_PLAN OPEN_PLAN "@edit\n",
-       "@answer yes\n@answer ok\nTessaro_unlock\n",
-       {},
-       true},
+      {"unlock of a changed drawing", HOLD_PLAN OPEN_PLAN "@edit\n",
+       "@answer yes\n@answer ok\nTessaro_unlock\n", nothing, true},
       {"unlock, dialog cancelled", HOLD_PLAN OPEN_PLAN,
        "@answer yes\n@answer cancel\nTessaro_unlock\n"},
       // Xrefs.
@@ -154,7 +154,7 @@ std::vector<Scenario> inTheStatesOfTheirOwn() {
        "@select Building\n@row 1\n@answer ok\nTessaro_getxrefversion\n", gettingVersion},
       {"getxrefver2", MAKE_GRID_STALE OPEN_PLAN QUIET, "@pick Grid\n_Tessaro_getxrefver2 1 \n",
        gettingVersion},
-      {"editxref", OPEN_PLAN QUIET, "@select Building\nTessaro_editxref\n", {byItself}},
+      {"editxref", OPEN_PLAN QUIET, "@select Building\nTessaro_editxref\n", intended},
       {"editxref and back", OPEN_PLAN QUIET, "@select Building\nTessaro_editxref\n@close\n"},
       {"properties of an xref", OPEN_PLAN QUIET,
        "@pick Building\n@answer ok\nTessaro_properties\n"},
@@ -171,10 +171,8 @@ std::vector<Scenario> inTheStatesOfTheirOwn() {
        "@pick Building\n@menu\n@answer ok\n@choose Check in this Xref\n"},
       {"a version by the menu", MAKE_GRID_STALE OPEN_PLAN QUIET,
        "@pick Grid\n@menu\n@choose Get Version > 1. <Created>\n", gettingVersion},
-      {"editing by the menu",
-       OPEN_PLAN QUIET,
-       "@pick Drain\n@menu\n@choose Edit this Xref\n",
-       {byItself}},
+      {"editing by the menu", OPEN_PLAN QUIET, "@pick Drain\n@menu\n@choose Edit this Xref\n",
+       intended},
       // The status window.
       {"a tick", OPEN_PLAN QUIET, "@tick\n"},
       {"a tick with a stale xref", OPEN_PLAN QUIET MAKE_GRID_STALE, "@tick\n"},
@@ -190,12 +188,9 @@ std::vector<Scenario> inTheStatesOfTheirOwn() {
       {"update outside the vault", "@load\n@open %DRAWINGS%\\Site\\Notes.dxf\n",
        "@answer ok\nTessaro_update\n"},
       {"updatecurrent", HOLD_PLAN OPEN_PLAN "@layout Layout2\n", "Tessaro_updatecurrent\n"},
-      {"update and save", HOLD_PLAN OPEN_PLAN, "Tessaro_update\n@save\n", {}, true},
-      {"update and unlock",
-       HOLD_PLAN OPEN_PLAN,
-       "Tessaro_update\n@answer yes\n@answer ok\nTessaro_unlock\n",
-       {},
-       true},
+      {"update and save", HOLD_PLAN OPEN_PLAN, "Tessaro_update\n@save\n", nothing, true},
+      {"update and unlock", HOLD_PLAN OPEN_PLAN,
+       "Tessaro_update\n@answer yes\n@answer ok\nTessaro_unlock\n", nothing, true},
       {"settings", OPEN_PLAN, "@fill IDC_INTERVAL 7\n@answer ok\nTessaro_settings\n"},
       {"settings, cancelled", OPEN_PLAN, "@answer cancel\nTessaro_settings\n"},
       {"update of a read-only drawing", "@load\n@open " PLAN " readonly\n" QUIET,

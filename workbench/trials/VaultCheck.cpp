@@ -20,7 +20,7 @@ void VaultCheck::check(bool thorough, const Allowed& allowed) {
   const std::wstring viewFile = vault->root + L"\\desktop.ini";
   if (!std::filesystem::exists(viewFile)) fail("the local file is gone: ", viewFile);
   for (const auto& [name, file] : vault->files) {
-    const std::wstring path = Store::localPath(*vault, file);
+    const std::wstring path = vault->localPath(file);
     checkVersions(path, file, thorough);
     checkLocalFile(path, file, allowed);
   }

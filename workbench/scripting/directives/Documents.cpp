@@ -1,8 +1,6 @@
 // Documents, what stands in them, modules, and checks of the transcript.
 
 #include <cstdio>
-#include <cwchar>
-#include <utility>
 
 #include "core/Text.h"
 #include "core/Transcript.h"
@@ -93,17 +91,11 @@ void showAttributes(const std::wstring& block, const std::wstring& tag) {
 
 /// What a line since the mark has to hold; the transcript has names for the session's folders.
 struct Expected {
-  explicit Expected(Arguments& arguments) : text(arguments.restOfLine()) {
-    for (const auto& [name, alias] :
-         {std::pair(L"%WORK%", L"<work>"), std::pair(L"%DRAWINGS%", L"<drawings>")}) {
-      for (size_t at = text.find(name); at != std::wstring::npos; at = text.find(name)) {
-        text.replace(at, std::wcslen(name), alias);
-      }
-    }
-  }
-  bool isThere() const { return Transcript::instance().holdsSinceMark(text); }
-
+  explicit Expected(Arguments& arguments)
+      : text(expandFolders(arguments.restOfLine(), L"<work>", L"<drawings>")),
+        isThere(Transcript::instance().holdsSinceMark(text)) {}
   std::wstring text;
+  bool isThere;
 };
 
 void shot(const RestPath& file) {
@@ -120,13 +112,12 @@ void shot(const RestPath& file) {
 void say(ScriptContext& context, const RestOfLine& text) {
   if (!context.options.echo) return;
   std::printf("\n== %s\n", toUtf8(text).c_str());
-  std::fflush(stdout);
 }
 
 }  // namespace
 
-// Documents report themselves why something didn't come about, and a script goes on after it: a
-// refused closing may be what it is about.
+// A document reports itself why an operation failed, and the script continues: it may be about that
+// failure.
 std::vector<Directive> documentDirectives() {
   return {{L"@open PATH [readonly]",
            [](Arguments& arguments) {
@@ -168,13 +159,13 @@ std::vector<Directive> documentDirectives() {
           atAnyTime(L"@mark", [] { Transcript::instance().mark(); }),
           atAnyTime(L"@expect TEXT",
                     [](const Expected& line) {
-                      if (!line.isThere()) {
+                      if (!line.isThere) {
                         throw ScriptError(L"expected since the mark: " + line.text);
                       }
                     }),
           atAnyTime(L"@expect-no TEXT",
                     [](const Expected& line) {
-                      if (line.isThere()) {
+                      if (line.isThere) {
                         throw ScriptError(L"not expected since the mark: " + line.text);
                       }
                     }),

@@ -146,7 +146,7 @@ void requireVisible(HWND window) {
 
 void click(Arguments& arguments) {
   const HWND window = statusWindow();
-  const int id = arguments.controlId();
+  const int id = ControlId(arguments).number;
   arguments.end();
   const HWND control = GetDlgItem(window, id);
   if (!control) arguments.fail(L"the status window has no control " + std::to_wstring(id));

@@ -66,7 +66,13 @@ void checkOut(Arguments& arguments) {
   store().checkOutFor(path, user, computer, folder);
 }
 
-/// The client notes for each vault whether it works without its server.
+void requireSuccess(LSTATUS status, const std::wstring& setting) {
+  if (status == ERROR_SUCCESS) return;
+  throw ScriptError(L"the setting " + wb::quoted(setting) + L" can't be changed, Windows error " +
+                    std::to_wstring(status));
+}
+
+/// The client keeps a setting for each vault that works without its server.
 void setOffline(ScriptContext& context, Arguments& arguments) {
   const DWORD isOffline = arguments.onOff() ? 1 : 0;
   std::vector<std::wstring> vaults = context.vaults;
@@ -77,10 +83,7 @@ void setOffline(ScriptContext& context, Arguments& arguments) {
     const SettingName name{HKEY_CURRENT_USER,
                            L"Software\\Halvern\\Applications\\Quillstone Suite\\Vaults\\" + vault,
                            L"Offline"};
-    const LSTATUS status = writeSetting(name, REG_DWORD, &isOffline, sizeof(isOffline));
-    if (status == ERROR_SUCCESS) continue;
-    throw ScriptError(L"the vault's setting can't be written, Windows error " +
-                      std::to_wstring(status));
+    requireSuccess(writeSetting(name, REG_DWORD, &isOffline, sizeof(isOffline)), vault);
   }
 }
 
@@ -88,7 +91,7 @@ struct TypedValue : CardValue {
   explicit TypedValue(Arguments& arguments) : CardValue{L"text", {}} {
     if (!arguments.atEnd() && !arguments.take(L"type")) {
       text = arguments.textUntil({L"type"});
-      if (!arguments.atEnd()) arguments.take(L"type");
+      arguments.take(L"type");
     }
     if (!arguments.atEnd()) type = arguments.word();
   }
@@ -162,8 +165,9 @@ void setLanguage(const RestText& file) {
   clientCondition().language = path;
 }
 
-unsigned numberOfCalls(Arguments& arguments) {
-  return arguments.number(0, L"no negative number of calls");
+/// "after N", if it comes next: how many calls are let through first.
+unsigned callsBefore(Arguments& arguments) {
+  return arguments.take(L"after") ? arguments.number(0, L"no negative number of calls") : 0;
 }
 
 void fail(Arguments& arguments) {
@@ -175,17 +179,10 @@ void fail(Arguments& arguments) {
   const std::wstring name = arguments.word();
   const auto code = resultFromName(name);
   if (!code) arguments.fail(wb::quoted(name) + L" is no result code");
-  unsigned after = 0;
-  bool always = false;
-  while (!arguments.atEnd()) {
-    if (arguments.take(L"always")) {
-      always = true;
-    } else if (arguments.take(L"after")) {
-      after = numberOfCalls(arguments);
-    } else {
-      arguments.end();
-    }
-  }
+  bool always = arguments.take(L"always");
+  const unsigned after = callsBefore(arguments);
+  always |= arguments.take(L"always");
+  arguments.end();
   failOperation(operation, *code, after, always);
 }
 
@@ -195,15 +192,9 @@ void disturb(Arguments& arguments) {
   if (what == DiskFault::away && !arguments.take(L"away")) arguments.fail(L"held or away?");
   if (!arguments.take(L"at")) arguments.fail(L"at which operation?");
   const std::wstring operation = arguments.word();
-  const unsigned after = arguments.take(L"after") ? numberOfCalls(arguments) : 0;
+  const unsigned after = callsBefore(arguments);
   arguments.end();
   disturbFile(file, what, operation, after);
-}
-
-void checkStatus(LSTATUS status, const std::wstring& name) {
-  if (status == ERROR_SUCCESS) return;
-  throw ScriptError(L"the setting " + wb::quoted(name) + L" can't be changed, Windows error " +
-                    std::to_wstring(status));
 }
 
 void setSetting(Arguments& arguments) {
@@ -212,8 +203,8 @@ void setSetting(Arguments& arguments) {
   const std::wstring type = arguments.take(L"as") ? arguments.word() : std::wstring(L"number");
   arguments.end();
   const auto write = [&](DWORD registryType, const void* bytes, size_t size) {
-    checkStatus(writeSetting(settingName(name), registryType, bytes, static_cast<DWORD>(size)),
-                name);
+    requireSuccess(writeSetting(settingName(name), registryType, bytes, static_cast<DWORD>(size)),
+                   name);
   };
   if (type == L"text") return write(REG_SZ, data.c_str(), (data.size() + 1) * sizeof(wchar_t));
   wchar_t* end = nullptr;
@@ -261,7 +252,7 @@ std::vector<Directive> vaultDirectives() {
                        {L"delete",
                         [](const RestText& name) {
                           const LSTATUS status = deleteSetting(settingName(name));
-                          if (status != ERROR_FILE_NOT_FOUND) checkStatus(status, name);
+                          if (status != ERROR_FILE_NOT_FOUND) requireSuccess(status, name);
                         }},
                        {L"show",
                         [] {
