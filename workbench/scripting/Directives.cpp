@@ -187,13 +187,12 @@ void Arguments::fail(const std::wstring& why) const {
   throw ScriptError(why + L"; usage: " + usage);
 }
 
-DirectiveBody oneOf(std::vector<Subcommand> subcommands, std::wstring unknown) {
+DirectiveBody oneOf(std::vector<Directive> subcommands, std::wstring unknown) {
   return [subcommands = std::move(subcommands), unknown = std::move(unknown)](
              ScriptContext& context, Arguments& arguments) {
     const std::wstring name = arguments.word();
-    const auto found =
-        std::find_if(subcommands.begin(), subcommands.end(),
-                     [&](const Subcommand& subcommand) { return name == subcommand.name; });
+    const auto found = std::find_if(subcommands.begin(), subcommands.end(),
+                                    [&](const Directive& one) { return name == one.usage; });
     if (found == subcommands.end()) arguments.fail(wb::quoted(name) + unknown);
     found->run(context, arguments);
   };

@@ -150,21 +150,11 @@ DirectiveBody withParameters(std::function<void(Parameters...)> body) {
   };
 }
 
-/// What is done for a word of a script.
-struct Subcommand {
+/// A directive, or the subcommand of one: how it is written, and what it does.
+struct Directive {
+  /// @param usage begins with "@" and the name; of a subcommand the name
   /// @param body a lambda; its parameters are read from the line, and nothing may be left of it.
   /// With a parameter Arguments& it reads the line itself.
-  template <class Body>
-  Subcommand(const wchar_t* name, Body body)
-      : name(name), run(withParameters(std::function(std::move(body)))) {}
-
-  const wchar_t* name;
-  DirectiveBody run;
-};
-
-/// A directive: how it is written, and what it does.
-struct Directive {
-  /// @param usage begins with "@" and the name
   template <class Body>
   Directive(const wchar_t* usage, Body body, bool whileWaiting = false)
       : usage(usage),
@@ -184,7 +174,7 @@ Directive atAnyTime(const wchar_t* usage, Body body) {
 
 /// The body of a directive that has subcommands.
 /// @param unknown what an error says of another word
-DirectiveBody oneOf(std::vector<Subcommand> subcommands, std::wstring unknown);
+DirectiveBody oneOf(std::vector<Directive> subcommands, std::wstring unknown);
 
 /// Runs a line that begins with "@".
 /// @param commandWaits whether a command waits for input

@@ -6,6 +6,7 @@
 #include <optional>
 #include <set>
 #include <stdexcept>
+#include <utility>
 
 #include "core/RegistrySettings.h"
 #include "core/ResultCodes.h"
@@ -188,20 +189,18 @@ SweptFault failing(const SweptCall& call, HRESULT code) {
 }
 
 std::vector<SweptFault> disturbing(const SweptCall& call) {
+  const std::pair<const char*, std::vector<const char*>> targets[] = {
+      {"sheet", {sheet}}, {"xrefs", {std::begin(xrefsOfSheet), std::end(xrefsOfSheet)}}};
   std::vector<SweptFault> all;
-  const auto disturb = [&](const char* name, const char* what,
-                           const std::vector<const char*>& files) {
-    std::string lines = answerAll;
-    for (const char* file : files) {
-      lines += std::string("@disturb ") + file + " " + what + " at " + toUtf8(call.operation) +
-               " after " + std::to_string(call.after) + "\n";
+  for (const auto& [name, files] : targets) {
+    for (const char* what : {" held", " away"}) {
+      std::string lines = answerAll;
+      for (const char* file : files) {
+        lines += std::string("@disturb ") + file + what + " at " + toUtf8(call.operation) +
+                 " after " + std::to_string(call.after) + "\n";
+      }
+      all.push_back({call, name + std::string(what), lines, static_cast<unsigned>(files.size())});
     }
-    all.push_back(
-        {call, name + std::string(" ") + what, lines, static_cast<unsigned>(files.size())});
-  };
-  for (const char* what : {"held", "away"}) disturb("sheet", what, {sheet});
-  for (const char* what : {"held", "away"}) {
-    disturb("xrefs", what, {std::begin(xrefsOfSheet), std::end(xrefsOfSheet)});
   }
   return all;
 }

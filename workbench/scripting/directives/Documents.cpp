@@ -98,6 +98,14 @@ struct Expected {
   bool isThere;
 };
 
+void expect(const Expected& line) {
+  if (!line.isThere) throw ScriptError(L"expected since the mark: " + line.text);
+}
+
+void expectNot(const Expected& line) {
+  if (line.isThere) throw ScriptError(L"not expected since the mark: " + line.text);
+}
+
 void shot(const RestPath& file) {
   // What waits to be drawn or raised is drawn first.
   Host::instance().pumpMessages();
@@ -157,18 +165,8 @@ std::vector<Directive> documentDirectives() {
           {L"@layout NAME", makeLayoutCurrent},
           atAnyTime(L"@attr BLOCK TAG", showAttributes),
           atAnyTime(L"@mark", [] { Transcript::instance().mark(); }),
-          atAnyTime(L"@expect TEXT",
-                    [](const Expected& line) {
-                      if (!line.isThere) {
-                        throw ScriptError(L"expected since the mark: " + line.text);
-                      }
-                    }),
-          atAnyTime(L"@expect-no TEXT",
-                    [](const Expected& line) {
-                      if (line.isThere) {
-                        throw ScriptError(L"not expected since the mark: " + line.text);
-                      }
-                    }),
+          atAnyTime(L"@expect TEXT", expect),
+          atAnyTime(L"@expect-no TEXT", expectNot),
           atAnyTime(L"@shot FILE", shot),
           atAnyTime(L"@say TEXT", say)};
 }

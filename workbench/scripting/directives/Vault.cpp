@@ -113,7 +113,7 @@ void setDate(Arguments& arguments) {
   store().setDate(path, stamp);
 }
 
-std::vector<Subcommand> subcommands() {
+std::vector<Directive> subcommands() {
   return {
       {L"create",
        [](ScriptContext& context, const std::wstring& name, const RestPath& root) {
