@@ -26,15 +26,6 @@ FILETIME fileTimeOf(std::uint64_t value) {
   return {static_cast<DWORD>(value), static_cast<DWORD>(value >> 32)};
 }
 
-DATE dateOf(const FILETIME& time) {
-  SYSTEMTIME parts = {};
-  DATE date = 0;
-  if (!FileTimeToSystemTime(&time, &parts) || !SystemTimeToVariantTime(&parts, &date)) {
-    throw ClientFailure(E_INVALIDARG);
-  }
-  return date;
-}
-
 }  // namespace
 
 long idOfName(const std::wstring& name) {
@@ -79,13 +70,21 @@ const StoredFile& storedFile(const std::wstring& path) {
   return *found;
 }
 
-DATE utcDate(std::uint64_t fileTime) { return dateOf(fileTimeOf(fileTime)); }
+DATE utcDate(std::uint64_t fileTime) {
+  const FILETIME time = fileTimeOf(fileTime);
+  SYSTEMTIME parts = {};
+  DATE date = 0;
+  if (!FileTimeToSystemTime(&time, &parts) || !SystemTimeToVariantTime(&parts, &date)) {
+    throw ClientFailure(E_INVALIDARG);
+  }
+  return date;
+}
 
 DATE localDate(std::uint64_t fileTime) {
   const FILETIME utc = fileTimeOf(fileTime);
   FILETIME local = {};
   if (!FileTimeToLocalFileTime(&utc, &local)) throw ClientFailure(E_INVALIDARG);
-  return dateOf(local);
+  return utcDate(whole(local));
 }
 
 }  // namespace wb

@@ -59,9 +59,7 @@ void checkStatusWindow() {
     versions =
         versionName(store().localVersion(*file, here)) + L"/" + versionName(file->latest().number);
     if (file->holder) {
-      const bool mine = file->holder->user == Store::thisUser() &&
-                        file->holder->computer == Store::thisComputer() &&
-                        file->holder->folderId == here;
+      const bool mine = Store::isHeldByUsHere(*file) && file->holder->folderId == here;
       lock = mine ? BST_CHECKED : BST_INDETERMINATE;
     }
   }
