@@ -170,7 +170,8 @@ TEST_F(AnswersTest, StepThatCantBeDoneIsAnErrorThatNamesIt) {
   answers.prepare(wb::fillControl(99, L"x"));
   answers.queue(L"cancel");
   EXPECT_EQ(IDCANCEL, runDialog(dialog, onCommand));
-  EXPECT_TRUE(session.reported(L"error: dialog can't be answered, it has no control 99: \"Small\""));
+  EXPECT_TRUE(
+      session.reported(L"error: dialog can't be answered, it has no control 99: \"Small\""));
   answers.prepare(wb::fillControl(7, L"x"));
   answers.queue(L"cancel");
   EXPECT_EQ(IDCANCEL, runDialog(dialog, onCommand));
