@@ -192,7 +192,8 @@ TEST_F(StatusWindow, ErrorOfTheVaultStopsTheTimerUntilTheNextRefresh) {
   // A lock that is refused is no error: the display stays and the period starts anew.
   makePartStale();
   for (const char* action : {"@tick\n", "@click IDC_XREFS_LATEST\n"}) {
-    run("@refuse-locks 1\n" + std::string(action));
+    step("@refuse-locks 1\n" + std::string(action));
+    EXPECT_EQ(count(L"doc: refused: a lock of"), 1) << recent();
     expectShown({"checked enabled", "unchecked", "1/1"});
   }
 }
