@@ -44,7 +44,8 @@ std::vector<Row> allRows() {
 
 int measure(const std::vector<Row>& rows, const std::wstring& drawings) {
   if (drawings.empty()) throw wb::UsageError("--drawings is needed");
-  const bool all = std::none_of(rows.begin(), rows.end(), [](const Row& row) { return row.wanted; });
+  const bool all =
+      std::none_of(rows.begin(), rows.end(), [](const Row& row) { return row.wanted; });
   bench::printHead();
   std::optional<bench::BenchSession> session;
   for (const Row& row : rows) {

@@ -52,7 +52,7 @@ UINT run(MSIHANDLE install, const wchar_t* failure, Operation operation) {
   }
   if (records.changed() != 0) {
     report(install, INSTALLMESSAGE_INFO,
-         Text(L"AutoCAD products whose load record was changed: ", records.changed()));
+           Text(L"AutoCAD products whose load record was changed: ", records.changed()));
   }
   return ERROR_SUCCESS;
 }
@@ -84,9 +84,10 @@ extern "C" UINT WINAPI EnterLoadRecord(MSIHANDLE install) {
              [&](LoadRecords& records, const wchar_t* file) {
                const LSTATUS status = records.enter(file);
                if (status == ERROR_SUCCESS && records.changed() == 0) {
-                 report(install, INSTALLMESSAGE_WARNING,
-                      Text(L"There is no 64-bit AutoCAD 2008 or 2009 on this computer. Repair this "
-                           L"installation when there is one."));
+                 report(
+                     install, INSTALLMESSAGE_WARNING,
+                     Text(L"There is no 64-bit AutoCAD 2008 or 2009 on this computer. Repair this "
+                          L"installation when there is one."));
                }
                return status;
              });

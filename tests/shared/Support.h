@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "core/Text.h"
-#include "scripting/Programs.h"
+#include "scripting/SessionFiles.h"
 
 namespace fs = std::filesystem;
 using wb::bytesOf;

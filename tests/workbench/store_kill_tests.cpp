@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "core/Program.h"
+#include "scripting/Programs.h"
 #include "workbench/StoreTest.h"
 
 namespace {

@@ -7,6 +7,7 @@
 #include "scripting/Directives.h"
 #include "scripting/Programs.h"
 #include "scripting/Session.h"
+#include "scripting/SessionFiles.h"
 
 namespace wb {
 namespace {

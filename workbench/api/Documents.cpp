@@ -10,9 +10,13 @@
 
 using namespace wb;
 
+namespace {
+
 struct DocumentLocks : HandleLedger<const AcAxDocLock*> {
   DocumentLocks() : HandleLedger(L"document lock") {}
 };
+
+}  // namespace
 
 AcApDocManager* acDocManagerPtr() {
   const HostCall call(THIS_FUNCTION);

@@ -12,9 +12,13 @@
 using namespace wb;
 
 /// What the host has allocated for applications, by its address.
+namespace {
+
 struct Buffers : HandleLedger<const void*> {
   Buffers() : HandleLedger(L"buffer") {}
 };
+
+}  // namespace
 
 bool acutNewBuffer(void*& pBuffer, size_t size) {
   pBuffer = nullptr;

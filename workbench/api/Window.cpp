@@ -13,11 +13,15 @@
 
 using namespace wb;
 
+namespace {
+
 /// The progress meter in the status bar.
 struct Meter {
   Ticket ticket = 0;
   int min = 0, max = 0;
 };
+
+}  // namespace
 
 static Meter& meter() { return sessionPart<Meter>(); }
 

@@ -15,25 +15,8 @@ namespace {
 // A dialog may stay open whatever is pressed, such as one that rejects what its fields hold.
 constexpr unsigned mostAnswers = 6;
 
-/// A dialog's list: a list view or a list box; both null if it has none.
-struct DialogList {
-  explicit DialogList(HWND dialog)
-      : view(FindWindowExW(dialog, nullptr, WC_LISTVIEWW, nullptr)),
-        box(FindWindowExW(dialog, nullptr, L"ListBox", nullptr)) {}
-
-  int rows() const {
-    return view ? ListView_GetItemCount(view)
-                : static_cast<int>(SendMessageW(box, LB_GETCOUNT, 0, 0));
-  }
-
-  const HWND view;
-  const HWND box;
-};
-
-void notifyParent(HWND control, int code) {
-  SendMessageW(GetParent(control), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(control), code),
-               reinterpret_cast<LPARAM>(control));
-}
+/// A dialog's list, null if it has none.
+HWND listOf(HWND dialog) { return FindWindowExW(dialog, nullptr, WC_LISTVIEWW, nullptr); }
 
 /// Clicks a button; the dialog is made the active one first, as a click does.
 void click(HWND dialog, HWND button) {
@@ -52,14 +35,6 @@ HWND enabledControl(HWND dialog, int id) {
   if (!control) throw DialogError(L"it has no control " + std::to_wstring(id));
   if (IsWindowEnabled(control)) return control;
   throw DialogError(L"its control " + std::to_wstring(id) + L" is disabled");
-}
-
-void pickInCombo(HWND combo, const std::wstring& text) {
-  const LRESULT index = SendMessageW(combo, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
-                                     reinterpret_cast<LPARAM>(text.c_str()));
-  if (index == CB_ERR) throw DialogError(L"its list has no line " + wb::quoted(text));
-  SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(index), 0);
-  notifyParent(combo, CBN_SELCHANGE);
 }
 
 void selectInListView(HWND list, int index, bool activate) {
@@ -100,16 +75,11 @@ AnswerStep fillControl(int id, std::wstring text) {
   return [id, text = std::move(text)](HWND dialog) {
     const HWND control = enabledControl(dialog, id);
     const std::wstring number = std::to_wstring(id);
-    if (windowClass(control) == L"ComboBox" &&
-        (GetWindowLongPtrW(control, GWL_STYLE) & 3) == CBS_DROPDOWNLIST) {
-      pickInCombo(control, text);
-    } else {
-      // Replacing the selection notifies as typing does; setting the text wouldn't in every field.
-      SendMessageW(control, EM_SETSEL, 0, -1);
-      SendMessageW(control, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
-      if (windowTitle(control) != text) {
-        throw DialogError(L"its field " + number + L" doesn't take the text " + wb::quoted(text));
-      }
+    // Replacing the selection notifies as typing does; setting the text wouldn't in every field.
+    SendMessageW(control, EM_SETSEL, 0, -1);
+    SendMessageW(control, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
+    if (windowTitle(control) != text) {
+      throw DialogError(L"its field " + number + L" doesn't take the text " + wb::quoted(text));
     }
     return number + L"=" + wb::quoted(text);
   };
@@ -131,18 +101,12 @@ AnswerStep checkControl(int id, bool on) {
 
 AnswerStep selectRow(int row, bool activate) {
   return [=](HWND dialog) {
-    const DialogList list(dialog);
-    if (!list.view && !list.box) throw DialogError(L"it has no list");
-    if (row < 1 || row > list.rows()) {
+    const HWND list = listOf(dialog);
+    if (!list) throw DialogError(L"it has no list");
+    if (row < 1 || row > ListView_GetItemCount(list)) {
       throw DialogError(L"its list has no row " + std::to_wstring(row));
     }
-    if (list.view) {
-      selectInListView(list.view, row - 1, activate);
-    } else {
-      SendMessageW(list.box, LB_SETCURSEL, static_cast<WPARAM>(row) - 1, 0);
-      notifyParent(list.box, LBN_SELCHANGE);
-      if (activate) notifyParent(list.box, LBN_DBLCLK);
-    }
+    selectInListView(list, row - 1, activate);
     return (activate ? L"activate-row=" : L"row=") + std::to_wstring(row);
   };
 }
@@ -204,7 +168,7 @@ Answer randomAnswer(HWND dialog, std::mt19937& stream, unsigned answeredBefore) 
     return {{}, least ? idOf(least) : L"close"};
   }
   Answer answer;
-  const int rows = DialogList(dialog).rows();
+  const int rows = ListView_GetItemCount(listOf(dialog));
   if (rows > 0 && below(3)) {
     answer.steps.push_back(
         selectRow(static_cast<int>(below(static_cast<size_t>(rows))) + 1, false));

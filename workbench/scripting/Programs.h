@@ -42,17 +42,4 @@ struct ChildResult {
 ChildResult runChild(const std::filesystem::path& program, const std::wstring& arguments,
                      unsigned seconds, const std::filesystem::path& outputFile);
 
-/// The content of a file, also of one that is open in the host.
-/// @throws std::runtime_error
-std::string bytesOf(const std::filesystem::path& file);
-
-/// Makes `folder` an empty folder that bears the mark of a session's work folder. One that exists
-/// is emptied only if it bears that mark; one with anything else in it raises std::runtime_error
-/// and stays as it is. With `keep` a marked folder keeps what it holds.
-void prepareWorkFolder(const std::filesystem::path& folder, bool keep);
-
-/// Deletes a file, or a folder with all that is in it, write-protected or not. Nothing happens if
-/// it isn't there. Raises std::filesystem::filesystem_error.
-void deleteTree(const std::filesystem::path& path);
-
 }  // namespace wb

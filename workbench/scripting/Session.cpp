@@ -22,8 +22,8 @@
 #include "editor/LoadRecord.h"
 #include "editor/Selection.h"
 #include "faults/Faults.h"
-#include "scripting/Programs.h"
 #include "scripting/Script.h"
+#include "scripting/SessionFiles.h"
 #include "store/Store.h"
 #include "watch/ImportWatch.h"
 

@@ -14,7 +14,7 @@
 #include "core/Transcript.h"
 #include "editor/LoadRecord.h"
 #include "faults/Faults.h"
-#include "scripting/Programs.h"
+#include "scripting/SessionFiles.h"
 #include "store/Store.h"
 
 namespace wb {

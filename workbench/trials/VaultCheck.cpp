@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "core/Text.h"
-#include "scripting/Programs.h"
+#include "scripting/SessionFiles.h"
 
 namespace wb {
 namespace {
