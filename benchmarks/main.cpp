@@ -4,6 +4,8 @@
 #include <io.h>
 
 #include <algorithm>
+#include <cstdio>
+#include <exception>
 #include <optional>
 #include <string>
 #include <vector>
@@ -64,9 +66,14 @@ int measure(const std::vector<Row>& rows, const std::wstring& drawings) {
 
 int main() {
   _setmode(_fileno(stdout), _O_BINARY);
-  std::wstring drawings;
-  std::vector<Row> rows = allRows();
-  std::vector<wb::ProgramOption> options = {{L"--drawings", &drawings}};
-  for (Row& row : rows) options.push_back({row.name, &row.wanted});
-  return wb::runProgram("bench", usage, options, [&] { return measure(rows, drawings); });
+  try {
+    std::wstring drawings;
+    std::vector<Row> rows = allRows();
+    std::vector<wb::ProgramOption> options = {{L"--drawings", &drawings}};
+    for (Row& row : rows) options.push_back({row.name, &row.wanted});
+    return wb::runProgram("bench", usage, options, [&] { return measure(rows, drawings); });
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "bench: %s\n", error.what());
+    return 1;
+  }
 }

@@ -33,8 +33,9 @@ TEST_F(Apartments, AreOfTheCommandTheWindowAndTheMenuAlone) {
   openSheet();
   expectLevel(1, "@pick Grid\n@menu\n");
   expectLevel(1, "@pick Grid\nTessaro_lockxref\n");
-  for (const char* action : {"@tick\n", "@click IDC_XREFS_LATEST\n", "@click IDC_REFRESH\n"})
+  for (const char* action : {"@tick\n", "@click IDC_XREFS_LATEST\n", "@click IDC_REFRESH\n"}) {
     expectLevel(1, action);
+  }
   expectLevel(0, "@save %WORK%\\View\\Site\\Sheet.dxf\n");
   expectLevel(0, "@answer no\n@opendialog %WORK%\\View\\Plan.dxf\n");
   run("@reg set EditWarning 1\n");

@@ -81,8 +81,8 @@ class Person {
   void then(const char* what, Step step) { steps.push_back({what, std::move(step)}); }
 
   /// Chooses from the menu bar: the command that Windows sends for a click there.
-  void choose(std::vector<std::wstring> path) {
-    then("a choice of the menu", [path] {
+  void choose(const std::vector<std::wstring>& path) {
+    then("a choice of the menu", [path = path] {
       HMENU menu = GetMenu(wb::Host::instance().mainWindow());
       UINT position = 0;
       for (size_t depth = 0; depth + 1 < path.size(); ++depth) {
@@ -99,7 +99,7 @@ class Person {
 
   /// Clicks a button of a dialog that shows a text.
   void press(const std::wstring& text, int button) {
-    then("a button", [text, button] {
+    then("a button", [text = text, button] {
       const HWND dialog = dialogWith(text);
       return dialog && PostMessageW(wb::findControl(dialog, button), BM_CLICK, 0, 0);
     });
@@ -118,7 +118,7 @@ class Person {
 
   /// Clicks the drawing where a reference to the block is seen and nothing else.
   void clickReference(const std::wstring& block, UINT down, UINT up) {
-    then("a click on a reference", [block, down, up] {
+    then("a click on a reference", [block = block, down, up] {
       const HWND view = wb::Host::instance().window().view().handle();
       RECT area{};
       GetClientRect(view, &area);
@@ -145,7 +145,7 @@ class Person {
   /// Chooses an item of the right-click menu. Its loop is Windows' own, which takes a pointer's
   /// place from the screen; keys reach it in any case.
   void chooseItem(const std::wstring& text) {
-    then("an item of the right-click menu", [text] {
+    then("an item of the right-click menu", [text = text] {
       const HWND popup =
           windowWith([](HWND window) { return wb::windowClass(window) == L"#32768"; });
       const auto menu = reinterpret_cast<HMENU>(SendMessageW(popup, popupHandle, 0, 0));
@@ -163,7 +163,7 @@ class Person {
   }
 
   void picture(const std::wstring& name) {
-    then("a picture", [this, name] {
+    then("a picture", [this, name = name] {
       busy = true;
       wb::savePicture(pictures + L"\\" + name);
       busy = false;

@@ -109,7 +109,7 @@ TEST_F(SelectFile, FailureOfTheVaultIsToldAndTheFileOpenedAllTheSame) {
 TEST_F(SelectFile, OtherSelectionsAreLeftToTheHost) {
   load("@reg set Autolock 1\n@open " + plan + "\n");
   mark();
-  wb::Host::instance().queuePick((workFolder() / L"View" / L"Copy.dxf").wstring());
+  wb::Host::queuePick((workFolder() / L"View" / L"Copy.dxf").wstring());
   run("SAVEAS\n");
   EXPECT_EQ(count(L"dialog: select file"), 1) << recent();
   EXPECT_EQ(count(L"box: ") + count(L"checkOut"), 0) << recent();

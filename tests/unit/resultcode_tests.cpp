@@ -69,7 +69,7 @@ TEST(ResultTextTable, TheModulesOwnEnglishIsTheClients) {
   EXPECT_GT(english.size(), 20u);
   for (const ResultText& row : vaultTexts) {
     std::wstring own = row.defaultText;
-    for (size_t at; (at = own.find(L'\n')) != own.npos;) own.replace(at, 1, L"\\n");
+    for (size_t at; (at = own.find(L'\n')) != std::wstring::npos;) own.replace(at, 1, L"\\n");
     const auto text = english.find(row.number);
     if (text != english.end()) EXPECT_EQ(own, text->second) << row.number;
   }

@@ -108,7 +108,7 @@ TEST_F(HostTest, WhateverLeavesACommandIsToldAndTheHostGoesOn) {
 }
 
 TEST_F(HostTest, PromptsReadTheQueueAndEscapeCancels) {
-  const std::wstring path = loadAndOpen();
+  loadAndOpen();
   run(L"T_NUMBER x 99999 12");
   EXPECT_TRUE(inOrder({L"Requires an integer", L"Requires an integer", L"acedGetInt 5100 12"}));
   host.type(L"T_NUMBER");
@@ -159,10 +159,10 @@ TEST_F(HostTest, ADrawingWithoutANameGetsOneWhenItIsSaved) {
   const std::wstring path = (folder / L"new.dxf").wstring();
   host.newDrawing();
   host.edit();
-  host.queuePick(std::nullopt);
+  wb::Host::queuePick(std::nullopt);
   wb::Answers::instance().queue(L"yes");
   EXPECT_FALSE(host.close());
-  host.queuePick(path);
+  wb::Host::queuePick(path);
   run(L"_QSAVE");
   EXPECT_TRUE(inOrder({L"created Drawing1", L"Save changes to Drawing1?", L"refused: closing",
                        L"flags=0x40001", L"saved"}));

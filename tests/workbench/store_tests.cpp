@@ -62,7 +62,7 @@ TEST_F(StoreTest, ACheckOutAndACheckInMoveOneDrawing) {
 
   store.checkOut(plan);
   EXPECT_FALSE(isReadOnlyFile(plan));
-  EXPECT_EQ(store.folderIdOf(plan), file().holder->folderId);
+  EXPECT_EQ(store.folderIdOf(plan), file().holder.value_or(Holder{}).folderId);
   EXPECT_EQ(E_QVT_FILE_IS_LOCKED, refusal([&] { store.checkOut(plan); }));
 
   write(plan, "two");

@@ -124,7 +124,7 @@ void Xrefs::read(Xref& xref) {
     if (held) xref.file = std::move(file);
     return;
   }
-  throw FileError(*first);
+  throw first.value_or(FileError(ERROR_FILE_NOT_FOUND));
 }
 
 void Xrefs::readNested(Xref& xref) {

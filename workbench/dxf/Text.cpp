@@ -50,16 +50,18 @@ constexpr unsigned multibytePages[] = {932, 950, 949, 1361, 936};
 std::optional<unsigned> hexAt(std::wstring_view text, size_t position, size_t digits) {
   const std::wstring number(text.substr(std::min(position, text.size()), digits));
   if (number.size() < digits) return std::nullopt;
-  if (number.find_first_not_of(L"0123456789ABCDEFabcdef") != std::wstring::npos)
+  if (number.find_first_not_of(L"0123456789ABCDEFabcdef") != std::wstring::npos) {
     return std::nullopt;
+  }
   return std::stoul(number, nullptr, 16);
 }
 
 std::wstring convert(unsigned page, std::string_view text, DWORD flags) {
-  const int size = static_cast<int>(text.size());
-  const int length = MultiByteToWideChar(page, flags, text.data(), size, nullptr, 0);
+  const int length =
+      MultiByteToWideChar(page, flags, text.data(), static_cast<int>(text.size()), nullptr, 0);
   std::wstring result(static_cast<size_t>(std::max(length, 0)), L'\0');
-  MultiByteToWideChar(page, flags, text.data(), size, result.data(), length);
+  MultiByteToWideChar(page, flags, text.data(), static_cast<int>(text.size()), result.data(),
+                      length);
   return result;
 }
 
@@ -107,7 +109,7 @@ std::wstring DxfText::widen(std::string_view text) const {
 }
 
 std::wstring DxfText::decode(std::string_view text) const {
-  const std::wstring raw = widen(text);
+  std::wstring raw = widen(text);
   if (raw.find_first_of(L"\\^") == std::wstring::npos) return raw;
   std::wstring result;
   for (size_t position = 0; position < raw.size();) {

@@ -68,7 +68,7 @@ std::optional<std::wstring> InputQueue::readAnswer(const Document* document) {
   const auto piece = firstFor(document);
   std::wstring& text = piece->text;
   const size_t length = tokenLength(text);
-  const std::wstring token = text.substr(0, length);
+  std::wstring token = text.substr(0, length);
   const wchar_t behind = length < text.size() ? text[length] : L'\0';
   const bool cancelled = behind == escape;
   text.erase(0, length + (cancelled || isEnd(behind) ? 1 : 0));

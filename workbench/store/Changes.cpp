@@ -42,9 +42,10 @@ bool Store::isHeldByUsHere(const StoredFile& file) {
 void Store::requireHeldHere(const std::wstring& path) {
   const StoredFile& file = fileFor(path);
   require(file.holder.has_value(), E_QVT_FILE_NOT_LOCKED_BY_YOU, path + L" isn't checked out");
-  require(sameName(file.holder->user, thisUser()), E_QVT_LOCKED_BY_ANOTHER_USER,
+  const Holder holder = file.holder.value_or(Holder{});
+  require(sameName(holder.user, thisUser()), E_QVT_LOCKED_BY_ANOTHER_USER,
           path + L" isn't checked out by you");
-  require(sameName(file.holder->computer, thisComputer()), E_QVT_LOCKED_ON_OTHER_COMPUTER,
+  require(sameName(holder.computer, thisComputer()), E_QVT_LOCKED_ON_OTHER_COMPUTER,
           path + L" is checked out elsewhere");
   require(isHeldHere(path, file), E_QVT_LOCKED_IN_OTHER_FOLDER,
           path + L" is checked out in another folder");

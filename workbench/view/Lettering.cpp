@@ -19,11 +19,14 @@ void wrap(const std::wstring& line, double width, std::vector<std::wstring>& int
   std::wistringstream words(line);
   std::wstring current, word;
   while (width > 0 && std::getline(words, word, L' ')) {
-    if (!current.empty() && textWidth(current + L' ' + word) > width) {
+    std::wstring longer = current;
+    if (!current.empty()) longer += L' ';
+    longer += word;
+    if (!current.empty() && textWidth(longer) > width) {
       into.push_back(std::move(current));
       current = word;
     } else {
-      current += (current.empty() ? L"" : L" ") + word;
+      current = std::move(longer);
     }
   }
   into.push_back(width > 0 ? current : line);
