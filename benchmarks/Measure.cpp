@@ -72,8 +72,10 @@ std::string number(double value) {
 
 Spent spent(const std::function<void()>& work) {
   static const double scale = ticksPerMicrosecond();
-  static const double entry = ticksForAnEntry();
+  // The processor's speed changes from one second to the next.
+  const double before = ticksForAnEntry();
   const Ticks found = ticksOf(work);
+  const double entry = (before + ticksForAnEntry()) / 2;
   const double own = found.all - found.inside - entry * found.entries;
   return {found.all / scale, own / scale};
 }

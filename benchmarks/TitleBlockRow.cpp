@@ -78,7 +78,7 @@ void setText(AcDbBlockReference& reference, const std::wstring& tag, const wchar
       throw std::runtime_error("an attribute can't be opened");
     }
     const HostString own(attribute->tag());
-    if (_wcsicmp(own.text().c_str(), tag.c_str()) != 0) continue;
+    if (_wcsicmp(own.text(), tag.c_str()) != 0) continue;
     if (attribute->setTextString(value) != Acad::eOk) break;
     return;
   }

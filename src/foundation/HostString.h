@@ -2,8 +2,6 @@
 
 #include <acutmem.h>
 
-#include "foundation/CString.h"
-
 namespace tessaro {
 
 /// Owner of a text that the host allocated for the caller.
@@ -22,7 +20,8 @@ class HostString {
     return made;
   }
 
-  CString text() const { return textOf(made); }
+  /// @return the text, empty if the host allocated none; valid as long as this owner
+  const ACHAR* text() const { return made != nullptr ? made : L""; }
 
  private:
   void free() {

@@ -31,6 +31,12 @@ namespace tessaro {
 
 namespace {
 
+/// The file of an xref's block.
+struct XrefFile {
+  CString path;            ///< as this block spells it
+  XrefFileRecord* record;  ///< in the file map: a look-up there compares many texts
+};
+
 /// One check of the current drawing. Refreshed files may have new nested xrefs, so the xref graph
 /// is walked again after each pass that refreshed a file. No file is compared twice.
 class XrefChecker {
@@ -43,6 +49,7 @@ class XrefChecker {
  private:
   void findFiles(const AcDbGraphNode& root);
   void enterNewXref(const AcDbXrefGraphNode& node);
+  const XrefFile& fileOf(const AcDbXrefGraphNode& node) const;
   void readDates();
   bool compareFiles(const AcDbGraphNode& root);
   bool refreshStale();
@@ -52,8 +59,10 @@ class XrefChecker {
   const CString drawingFolder;
   const bool update;
   XrefInfo xref;
-  std::map<AcDbObjectId, CString> pathOfBlock;
+  std::map<AcDbObjectId, XrefFile> fileOfBlock;
   XrefFileMap files;
+  XrefFileRecord noRecord;
+  const XrefFile outsideView{CString(), &noRecord};  ///< of a block that isn't in `fileOfBlock`
   PathSet asked;
   PathSet stalePaths;
   std::unique_ptr<VaultViewRecord> view;
@@ -79,11 +88,11 @@ XrefCheck XrefChecker::run() {
 
 void XrefChecker::findFiles(const AcDbGraphNode& root) {
   walkXrefs(root, [this](const AcDbXrefGraphNode& node) {
-    const auto known = pathOfBlock.find(node.btrId());
-    if (known == pathOfBlock.end()) {
+    const auto known = fileOfBlock.find(node.btrId());
+    if (known == fileOfBlock.end()) {
       enterNewXref(node);
-    } else if (!files[known->second].visited) {
-      asked.insert(known->second);
+    } else if (!known->second.record->visited) {
+      asked.insert(known->second.path);
     }
     return true;
   });
@@ -100,9 +109,15 @@ void XrefChecker::enterNewXref(const AcDbXrefGraphNode& node) {
   XrefFileRecord record;
   record.name = xref.name;
   if (!joinPath(view->rootPath, path, record.fullPath)) return;
-  pathOfBlock[node.btrId()] = path;
-  files[path] = record;
+  // Most drawings have their xrefs in the order of their names.
+  const auto entered = files.insert_or_assign(files.end(), path, record);
+  fileOfBlock[node.btrId()] = {path, &entered->second};
   asked.insert(path);
+}
+
+const XrefFile& XrefChecker::fileOf(const AcDbXrefGraphNode& node) const {
+  const auto known = fileOfBlock.find(node.btrId());
+  return known == fileOfBlock.end() ? outsideView : known->second;
 }
 
 void XrefChecker::readDates() {
@@ -115,9 +130,8 @@ bool XrefChecker::compareFiles(const AcDbGraphNode& root) {
   bool ended = false;
   walkXrefs(root, [&](const AcDbXrefGraphNode& node) {
     if (ended) return false;
-    const auto known = pathOfBlock.find(node.btrId());
-    const CString path = known == pathOfBlock.end() ? CString() : known->second;
-    XrefFileRecord& record = files[path];
+    const XrefFile& file = fileOf(node);
+    XrefFileRecord& record = *file.record;
     if (record.visited) return true;
     switch (isOutOfDate(record)) {
       case FileAge::unreadable:
@@ -125,7 +139,7 @@ bool XrefChecker::compareFiles(const AcDbGraphNode& root) {
       case FileAge::outOfDate:
         outOfDate = true;
         ended = !update;
-        stalePaths.insert(path);
+        stalePaths.insert(file.path);
         record.visited = true;
         // The xrefs nested in a stale file may change with the refresh; the next pass compares
         // them.

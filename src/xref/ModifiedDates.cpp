@@ -64,7 +64,10 @@ _bstr_t textAt(VaultRowList& rows, long column) {
   return text;
 }
 
-void readRow(VaultRowList& rows, XrefFileMap& files) {
+/// @param expected where the row's file is looked for first
+/// @return the file's place in `files`
+XrefFileMap::iterator readRow(VaultRowList& rows, XrefFileMap& files,
+                              XrefFileMap::iterator expected) {
   const _bstr_t fileName = textAt(rows, 1);
   const _bstr_t folder = textAt(rows, 2);
   DATE date = 0;
@@ -75,11 +78,13 @@ void readRow(VaultRowList& rows, XrefFileMap& files) {
   wchar_t key[MAX_PATH] = L"\\";
   PathAppendW(key, textOf(folder).c_str());
   PathAppendW(key, textOf(fileName).c_str());
-  XrefFileRecord& record = files[key];
+  const auto found = files.try_emplace(expected, key);
+  XrefFileRecord& record = found->second;
   SYSTEMTIME time;
   if (VariantTimeToSystemTime(date, &time)) SystemTimeToFileTime(&time, &record.vaultDate);
   record.exempt = exempt == VARIANT_TRUE;
   record.inVault = true;
+  return found;
 }
 
 bool readLocalTime(const CString& path, FILETIME& time) {
@@ -112,9 +117,11 @@ void readModifiedDates(const VaultViewRecord& view, const CString& statements, X
   if (!result) return;
   VaultRowListPtr rows;
   check(result->QueryInterface(__uuidof(VaultRowList), reinterpret_cast<void**>(&rows)), *result);
+  // The rows mostly come in the order of the statements, which is nearly that of the map.
+  auto expected = files.begin();
   VARIANT_BOOL hasRow = findRows(*rows) ? VARIANT_TRUE : VARIANT_FALSE;
   while (hasRow == VARIANT_TRUE) {
-    readRow(*rows, files);
+    expected = std::next(readRow(*rows, files, expected));
     hasRow = VARIANT_FALSE;
     check(rows->fetchRow(&hasRow), *rows);
   }

@@ -16,6 +16,10 @@ TEST(MatchTag, TakesStarsAtBothEnds) {
   const TagCase cases[] = {
       {L"TITLE", L"title", true},
       {L"TITLE1", L"TITLE", false},
+      {L"TITLE", L"TITLE1", false},
+      {L"A[1]", L"a{1]", false},
+      {L"DRAWING_NO", L"drawing-no", false},
+      {L"Drawing_No", L"DRAWING_nO", true},
       {L"TITLE1", L"Title*", true},
       {L"TITLE", L"TITLE*", true},
       {L"SUBTITLE", L"TITLE*", false},
