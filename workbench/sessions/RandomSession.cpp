@@ -4,7 +4,8 @@
 
 #include <acdocman.h>
 
-#include <array>
+#include <algorithm>
+#include <vector>
 
 #include "core/Text.h"
 #include "core/Transcript.h"
@@ -20,14 +21,23 @@
 namespace wb {
 namespace {
 
-void checkHeaps() {
-  std::array<HANDLE, 64> heaps{};
-  const DWORD count = GetProcessHeaps(static_cast<DWORD>(heaps.size()), heaps.data());
-  bool sound = count != 0;
-  for (DWORD at = 0; at < count && at < heaps.size(); ++at) {
-    sound = sound && HeapValidate(heaps[at], 0, nullptr);
+/// Under Wine a heap that another thread uses meanwhile can look damaged, such as the one in which
+/// the last script's watchdog ends. A damaged one stays so.
+bool isSound(HANDLE heap) {
+  for (int look = 0; look < 5; ++look) {
+    if (HeapValidate(heap, 0, nullptr)) return true;
+    Sleep(20);
   }
-  if (!sound) throw CheckFailure("a heap is damaged");
+  return false;
+}
+
+void checkHeaps() {
+  std::vector<HANDLE> heaps(64);
+  heaps.resize(std::min<size_t>(GetProcessHeaps(static_cast<DWORD>(heaps.size()), heaps.data()),
+                                heaps.size()));
+  if (heaps.empty() || !std::all_of(heaps.begin(), heaps.end(), isSound)) {
+    throw CheckFailure("a heap is damaged");
+  }
 }
 
 /// A check-out, a refresh or a version that was asked for brings the vault's content to the disk; a
