@@ -8,6 +8,7 @@
 
 #include "core/SessionState.h"
 #include "core/Text.h"
+#include "editor/Commands.h"
 #include "faults/Faults.h"
 #include "shared/DrawingTest.h"
 
@@ -69,6 +70,23 @@ TEST(Api, EveryExportedFunctionGoesThroughTheGate) {
     EXPECT_EQ(0u, wb::clearFaults()) << function << ": it doesn't fail on demand";
     EXPECT_TRUE(session.transcript.lines().empty()) << function;
   }
+}
+
+// Methods that aren't exported are gated one by one; these two are called for every command.
+TEST(Api, CommandsAreAddedAndRemovedThroughTheGate) {
+  const wb::SessionState session;
+  wb::CommandStack commands;
+  wb::failOperation(L"AcEdCommandStack.addCommand", E_FAIL);
+  wb::failOperation(L"AcEdCommandStack.removeGroup", E_FAIL);
+  const auto add = [&] {
+    return commands.addCommand(L"GROUP", L"NAME", L"NAME", 0, [] {}, nullptr, 0, nullptr, nullptr);
+  };
+  EXPECT_NE(Acad::eOk, add());
+  EXPECT_EQ(Acad::eOk, add());
+  EXPECT_NE(Acad::eOk, commands.removeGroup(L"GROUP"));
+  EXPECT_EQ(1u, commands.all().size());
+  EXPECT_EQ(Acad::eOk, commands.removeGroup(L"GROUP"));
+  EXPECT_EQ(Acad::eKeyNotFound, commands.removeGroup(L"GROUP"));
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include "editor/FileSelection.h"
 #include "editor/Host.h"
 #include "editor/Selection.h"
+#include "gate/HostCall.h"
 #include "gate/HostError.h"
 
 namespace wb {
@@ -16,9 +17,13 @@ Acad::ErrorStatus CommandStack::addCommand(const ACHAR* cmdGroupName, const ACHA
                                            AcRxFunctionPtr functionAddr, AcEdUIContext*, int,
                                            HINSTANCE, AcEdCommand** cmdPtrRet) {
   if (cmdPtrRet) *cmdPtrRet = nullptr;
-  if (!cmdGroupName || !cmdGlobalName || !cmdLocalName || !functionAddr) return Acad::eInvalidInput;
-  return add({cmdGroupName, cmdGlobalName, cmdLocalName, commandFlags, functionAddr,
-              reinterpret_cast<const void*>(functionAddr)});
+  return HostCall(L"AcEdCommandStack.addCommand").run(Acad::eInvalidInput, [&] {
+    if (!cmdGroupName || !cmdGlobalName || !cmdLocalName || !functionAddr) {
+      return Acad::eInvalidInput;
+    }
+    return add({cmdGroupName, cmdGlobalName, cmdLocalName, commandFlags, functionAddr,
+                reinterpret_cast<const void*>(functionAddr)});
+  });
 }
 
 Acad::ErrorStatus CommandStack::add(Command command) {
@@ -40,14 +45,16 @@ Acad::ErrorStatus CommandStack::add(Command command) {
 }
 
 Acad::ErrorStatus CommandStack::removeGroup(const ACHAR* groupName) {
-  if (!groupName) return Acad::eInvalidInput;
-  const size_t before = commands.size();
-  eraseIf(commands, [&](const Command& one) {
-    const bool is = sameName(one.group, groupName);
-    if (is && one.ticket) releaseResource(one.ticket);
-    return is;
+  return HostCall(L"AcEdCommandStack.removeGroup").run(Acad::eInvalidInput, [&] {
+    if (!groupName) return Acad::eInvalidInput;
+    const size_t before = commands.size();
+    eraseIf(commands, [&](const Command& one) {
+      const bool is = sameName(one.group, groupName);
+      if (is && one.ticket) releaseResource(one.ticket);
+      return is;
+    });
+    return commands.size() < before ? Acad::eOk : Acad::eKeyNotFound;
   });
-  return commands.size() < before ? Acad::eOk : Acad::eKeyNotFound;
 }
 
 const Command* CommandStack::find(std::wstring_view typed) const {
