@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <iterator>
 #include <optional>
 #include <utility>
 
@@ -14,7 +15,7 @@ void eraseIf(Container& container, Predicate is) {
 
 template <class Container, class Value>
 bool contains(const Container& container, const Value& value) {
-  return std::find(container.begin(), container.end(), value) != container.end();
+  return std::find(std::begin(container), std::end(container), value) != std::end(container);
 }
 
 /// The first element that the predicate is true for, null if there is none.

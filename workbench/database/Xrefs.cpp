@@ -1,4 +1,5 @@
 #include "database/Xrefs.h"
+#include "core/Lists.h"
 
 #include <xgraph.h>
 
@@ -203,9 +204,7 @@ void Xrefs::reload(std::wstring_view name) {
   for (const auto& one : xrefs) {
     if (!reached(*one, false)) one->record->erased = true;
   }
-  xrefs.erase(std::remove_if(xrefs.begin(), xrefs.end(),
-                             [](const auto& one) { return one->record->erased; }),
-              xrefs.end());
+  eraseIf(xrefs, [](const auto& one) { return one->record->erased; });
 }
 
 void Xrefs::closeFiles() {

@@ -42,8 +42,8 @@ class Xrefs {
     std::filesystem::path folder;  ///< the stored path counts from here
     bool loaded = false;
     std::filesystem::path path = {};
-    std::unique_ptr<FileHandle> file =
-        {};  ///< held open, so that nobody replaces it under the drawing
+    /// Held open, so that nobody replaces it under the drawing.
+    std::unique_ptr<FileHandle> file = {};
     /// What was read of the file, which stays when it is closed; null if it couldn't be read.
     std::unique_ptr<const DxfFile> content = {};
     std::vector<Xref*> nested = {};

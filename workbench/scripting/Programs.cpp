@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <cwchar>
 #include <memory>
 
 #include "core/Program.h"
@@ -45,10 +44,12 @@ void readOptions(const std::vector<ProgramOption>& options) {
 }  // namespace
 
 unsigned numberFrom(const std::wstring& text) {
-  wchar_t* end = nullptr;
-  const unsigned long value = std::wcstoul(text.c_str(), &end, 10);
-  if (text.empty() || *end) throw UsageError(toUtf8(text) + " is no number");
-  return static_cast<unsigned>(value);
+  constexpr size_t mostDigits = 9;  // what an unsigned holds for certain
+  if (text.empty() || text.size() > mostDigits ||
+      text.find_first_not_of(L"0123456789") != std::wstring::npos) {
+    throw UsageError("\"" + toUtf8(text) + "\" is no number, or too large");
+  }
+  return static_cast<unsigned>(std::stoul(text));
 }
 
 int runProgram(const char* name, const char* usage, const std::vector<ProgramOption>& options,

@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "core/Lists.h"
 #include "core/Program.h"
 #include "scripting/Directives.h"
 #include "scripting/Programs.h"
@@ -110,7 +111,7 @@ std::optional<std::string> failureOf(const ChildResult& child) {
     if (line.rfind("failed ", 0) != 0) continue;
     std::getline(lines, line);
     const auto digit = [](unsigned char sign) { return std::isdigit(sign) != 0; };
-    line.erase(std::remove_if(line.begin(), line.end(), digit), line.end());
+    eraseIf(line, digit);
     return line;
   }
   return child.output;

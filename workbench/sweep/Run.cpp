@@ -1,4 +1,5 @@
 #include "sweep/Run.h"
+#include "core/Lists.h"
 
 #include <algorithm>
 #include <iterator>
@@ -35,18 +36,13 @@ void copyTree(const fs::path& from, const fs::path& to) {
   }
 }
 
-template <class List, class Element>
-bool isOneOf(const List& all, const Element& one) {
-  return std::find(std::begin(all), std::end(all), one) != std::end(all);
-}
-
 /// What the script reports when a fault keeps a box from coming, causes one that nobody expected,
 /// or makes a step impossible: the host and the module have done nothing wrong.
 bool isScriptProblem(const Event& event) {
   static constexpr Event::Cause causes[] = {Event::noAnswer,       Event::unusedAnswer,
                                             Event::noInput,        Event::noSelection,
                                             Event::impossibleStep, Event::failedStep};
-  return isOneOf(causes, event.cause);
+  return contains(causes, event.cause);
 }
 
 /// What may fail by an exception when the host calls it: the commands and the edit guard.
@@ -88,8 +84,8 @@ bool mayEscape(const Event& event, const SweptFault& fault) {
   const std::wstring& called = event.subject;
   if (fault.call.ofModule()) return isCommand(called) && isLackOfMemory(event.code);
   return std::any_of(std::begin(rules), std::end(rules), [&](const Rule& rule) {
-    return isOneOf(rule.called, called) &&
-           (fault.onDisk ? rule.onDisk : isOneOf(rule.failing, fault.call.operation));
+    return contains(rule.called, called) &&
+           (fault.onDisk ? rule.onDisk : contains(rule.failing, fault.call.operation));
   });
 }
 
@@ -163,11 +159,11 @@ bool unloads(const SweptCall& call) {
 
 bool mayLeaveUnloaded(const Scenario& scenario, const SweptFault* fault) {
   const auto& calls = scenario.leavesUnloaded;
-  if (isOneOf(calls, byItself)) return true;
+  if (contains(calls, byItself)) return true;
   // Where a failure in the midst of it leaves an xref unloaded, so does a lack of memory.
   if (fault && fault->call.ofModule()) return !calls.empty();
   return fault &&
-         (fault->onDisk || unloads(fault->call) || isOneOf(calls, toUtf8(fault->call.operation)));
+         (fault->onDisk || unloads(fault->call) || contains(calls, toUtf8(fault->call.operation)));
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include "view/DrawingView.h"
+#include "core/Lists.h"
 
 #include <windowsx.h>
 
@@ -151,7 +152,7 @@ AcDbObjectId DrawingView::referenceUnder(POINT at) {
 
 void DrawingView::rightClick(POINT at) {
   const AcDbObjectId hit = referenceUnder(at);
-  const bool known = std::find(picked.begin(), picked.end(), hit) != picked.end();
+  const bool known = contains(picked, hit);
   if (onClick && !hit.isNull() && !known) onClick(hit);
   ClientToScreen(window, &at);
   if (onMenu) onMenu(at);

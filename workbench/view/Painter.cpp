@@ -1,4 +1,5 @@
 #include "view/Painter.h"
+#include "core/Lists.h"
 
 #include "view/Font.h"
 #include "view/Projection.h"
@@ -177,7 +178,7 @@ void paint(HDC context, SIZE window, const DisplayList& list, const Camera& came
   painter.fillGround();
   for (const Item& item : list.items) painter.draw(item);
   for (const DisplayList::Reference& reference : list.references) {
-    if (std::find(picked.begin(), picked.end(), reference.id) != picked.end()) {
+    if (contains(picked, reference.id)) {
       painter.mark(reference);
     }
   }

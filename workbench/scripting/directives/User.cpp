@@ -6,6 +6,7 @@
 #include <cwctype>
 #include <iterator>
 
+#include "core/Lists.h"
 #include "core/Transcript.h"
 #include "dialogs/Answers.h"
 #include "dialogs/Reader.h"
@@ -23,7 +24,7 @@ namespace {
 bool isButton(const std::wstring& name) {
   static constexpr const wchar_t* names[] = {L"yes",   L"no",    L"ok",    L"cancel",
                                              L"close", L"abort", L"retry", L"ignore"};
-  return std::find(std::begin(names), std::end(names), name) != std::end(names) ||
+  return contains(names, name) ||
          (!name.empty() && std::all_of(name.begin(), name.end(), std::iswdigit));
 }
 
