@@ -6,8 +6,6 @@
 #include <dblayout.h>
 #include <dbsymtb.h>
 
-#include <cwchar>
-
 #include "foundation/ArxPtr.h"
 #include "foundation/CMap.h"
 #include "foundation/DelPtr.h"
@@ -72,22 +70,24 @@ void updateAll(BlockRecordCache& records, AcDbDatabase* database, const CardVari
   }
 }
 
-/// Reads the name of the layout that a reference is directly on.
-/// @param owner the reference's owner, a block table record; replaced by its layout
-/// @param name stays empty for an owner without a layout, the definition of a block
-void readLayoutName(ArxPtr<AcDbObject>& owner, HostString& name) {
+/// @param owner the owner of a reference, a block table record; replaced by its layout
+/// @return the layout's name, empty for a block definition
+CString layoutNameOf(ArxPtr<AcDbObject>& owner) {
   const auto* block = AcDbBlockTableRecord::cast(owner.get());
-  if (!block) return;
+  if (!block) return {};
   const AcDbObjectId layoutId = block->getLayoutId();
   owner.close();
   acdbOpenAcDbObject(owner.out(), layoutId, AcDb::kForRead);
   const auto* layout = AcDbLayout::cast(owner.get());
-  if (layout) layout->getLayoutName(name.out());
+  if (!layout) return {};
+  HostString name;
+  layout->getLayoutName(name.out());
+  return name.text();
 }
 
-bool isActiveLayout(const HostString& layoutName) {
+bool isActiveLayout(const CString& layoutName) {
   const ACHAR* active = acdbHostApplicationServices()->layoutManager()->findActiveLayout(true);
-  return lstrcmpiW(layoutName.text(), active) == 0;
+  return lstrcmpiW(layoutName.c_str(), active) == 0;
 }
 
 /// Converts a value to a text. A value without a text form, such as that of a variable that isn't
@@ -108,12 +108,17 @@ void updateReference(AcDbBlockReference& reference, const CString& pattern,
                      _bstr_t& configuration) {
   ArxPtr<AcDbObject> owner;
   if (acdbOpenAcDbObject(owner.out(), reference.ownerId(), AcDb::kForRead) != Acad::eOk) return;
-  HostString layoutName;
-  readLayoutName(owner, layoutName);
-  if (currentLayoutOnly ? !isActiveLayout(layoutName) : *layoutName.text() == L'\0') return;
-  if (std::wcscmp(layoutName.text(), configuration) != 0) configuration = layoutName.text();
+  const CString layoutName = layoutNameOf(owner);
+  if (currentLayoutOnly ? !isActiveLayout(layoutName) : layoutName.empty()) return;
+  if (layoutName != static_cast<const wchar_t*>(configuration)) configuration = layoutName.c_str();
   _variant_t value = valueFor(variable, configuration);
   SetAttributeValue(reference, pattern, asText(value), database);
+}
+
+/// The tag's text is freed before the attribute is changed.
+bool hasTag(const AcDbAttribute& attribute, const CString& pattern) {
+  const HostString tag(attribute.tag());
+  return MatchTag(tag.text(), pattern);
 }
 
 void adjustAlignment(AcDbAttribute& attribute, AcDbDatabase* database) {
@@ -161,8 +166,7 @@ bool SetAttributeValue(AcDbBlockReference& reference, const CString& pattern, co
         Acad::eOk) {
       return false;
     }
-    const HostString tag(attribute->tag());
-    if (!MatchTag(tag.text(), pattern)) continue;
+    if (!hasTag(*attribute, pattern)) continue;
     if (attribute->setTextString(value) != Acad::eOk) return false;
     adjustAlignment(*attribute, database);
     return true;
